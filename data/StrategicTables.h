@@ -1,0 +1,93 @@
+// The tables of the strategic layer, one set for the life of the process, and what is known of
+// where they came from. Everything else in the program reads and edits these in place.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+constexpr int MapSlotCount = 43;
+constexpr int ArrowSlotCount = 81;
+constexpr int VLSlotCount = 10;
+
+constexpr std::int32_t NoConnection = -1;  // in MapConnections; any other value is a connection
+constexpr std::int32_t NotAnExit = -1;     // in VLDest
+constexpr std::int32_t OffMap = 254;       // in VLDest and BTD files: an exit off the map
+
+[[nodiscard]] constexpr bool IsMapSlot(int slot) { return slot >= 0 && slot < MapSlotCount; }
+
+/// One entry of StrMap or StrArrow, laid out as in the game's files. The three words are the
+/// game's own and travel through unread.
+struct StrRect {
+  std::int32_t Word0 = 0;
+  std::int32_t Word1 = 0;
+  std::int32_t Word2 = 0;
+  std::int32_t Left = 0;
+  std::int32_t Top = 0;
+  std::int32_t Width = 0;
+  std::int32_t Height = 0;
+  bool operator==(const StrRect&) const = default;
+};
+
+/// The hotspot of a map's tile, in the game's coordinates.
+struct Hotspot {
+  std::int32_t CenterX = 0;
+  std::int32_t CenterY = 0;
+  bool operator==(const Hotspot&) const = default;
+};
+
+/// A table indexed by slot. An index outside reads as a blank record, and what is written there
+/// goes nowhere.
+template <typename Record, int Count>
+class SlotTable {
+ public:
+  Record& operator[](int slot) {
+    if (slot >= 0 && slot < Count) return Records[static_cast<std::size_t>(slot)];
+    static Record Nowhere;
+    return Nowhere = Record{};
+  }
+  bool operator==(const SlotTable&) const = default;
+
+ private:
+  std::array<Record, static_cast<std::size_t>(Count)> Records{};
+};
+
+/// A table indexed by two slots, the first running fastest in memory if FirstFastest. A cell
+/// outside reads as -1, and what is written there goes nowhere.
+template <int FirstCount, int SecondCount, bool FirstFastest>
+class CellTable {
+ public:
+  std::int32_t& operator()(int first, int second) {
+    if (first >= 0 && first < FirstCount && second >= 0 && second < SecondCount) {
+      const int cell = FirstFastest ? first + FirstCount * second : first * SecondCount + second;
+      return Cells[static_cast<std::size_t>(cell)];
+    }
+    static std::int32_t Nowhere;
+    return Nowhere = -1;
+  }
+  bool operator==(const CellTable&) const = default;
+
+ private:
+  std::array<std::int32_t, static_cast<std::size_t>(FirstCount) * SecondCount> Cells{};
+};
+
+using StrMapTable = SlotTable<StrRect, MapSlotCount>;
+using StrArrowTable = SlotTable<StrRect, ArrowSlotCount>;
+using HotspotTable = SlotTable<Hotspot, MapSlotCount>;
+using ConnectionTable = CellTable<MapSlotCount, MapSlotCount, true>;
+using DestinationTable = CellTable<MapSlotCount, VLSlotCount, false>;
+
+inline StrMapTable StrMap;
+inline StrArrowTable StrArrow;
+inline HotspotTable MapHotspots;
+inline ConnectionTable MapConnections;  // (from, to): NoConnection, or the arrow slot
+inline DestinationTable VLDest;         // (map, vl): NotAnExit, OffMap, or where the exit leads
+
+inline std::string GamePath;  // the folder of CC4.EXE and Maps; may or may not end in a separator
+inline std::string
+    OpenedFile;  // name of the file last opened, without its folder, as spelled there
+inline bool TablesDirty = false;  // edited since the last open or save
+
+}  // namespace corvane
