@@ -1,0 +1,86 @@
+#include "ConsistencyCheck.h"
+
+#include <initializer_list>
+#include <string_view>
+
+#include "MapCatalogue.h"
+#include "StrategicTables.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::int32_t GreatestX = 800;
+constexpr std::int32_t GreatestY = 600;
+
+void Append(std::string& findings, std::initializer_list<std::string_view> pieces) {
+  findings += "\r\n";
+  for (const std::string_view piece : pieces) findings += piece;
+}
+
+void AppendNumbered(std::string& findings, std::string_view finding, int slot) {
+  Append(findings, {finding, std::to_string(slot)});
+}
+
+bool PositionFits(std::int32_t x, std::int32_t y) {
+  return x >= 0 && x <= GreatestX && y >= 0 && y <= GreatestY;
+}
+
+bool SizeFits(const StrRect& rect) { return rect.Width >= 1 && rect.Height >= 1; }
+
+bool HasExitTo(int map, int destination) {
+  for (int vl = 0; vl < VLSlotCount; ++vl) {
+    if (VLDest(map, vl) == destination) return true;
+  }
+  return false;
+}
+
+// A destination that names no map slot reads as a connection that is missing.
+void CheckExit(std::string& findings, int map, int vl) {
+  const std::int32_t to = VLDest(map, vl);
+  if (to == OffMap || to == NotAnExit) return;
+  if (MapConnections(map, to) == NoConnection) {
+    Append(findings, {"No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
+                      " via VL", std::to_string(vl)});
+  } else if (MapConnections(to, map) == NoConnection) {
+    Append(findings, {"No reciprocating STRARROW defined for link from ", std::to_string(map),
+                      " to map ", std::to_string(to)});
+  } else if (!HasExitTo(to, map)) {
+    Append(findings, {"No reciprocating BTD link defined for connection from map ", MapRow(map),
+                      " to map ", MapRow(to)});
+  }
+}
+
+void CheckTile(std::string& findings, int map) {
+  const Hotspot& hotspot = MapHotspots[map];
+  const StrRect& tile = StrMap[map];
+  if (!PositionFits(hotspot.CenterX, hotspot.CenterY)) {
+    AppendNumbered(findings, "Invalid hotspot coordinates for STRMAP ", map);
+  } else if (!PositionFits(tile.Left, tile.Top)) {
+    AppendNumbered(findings, "Invalid tile coordinates for STRMAP ", map);
+  } else if (!SizeFits(tile)) {
+    AppendNumbered(findings, "Invalid size for STRMAP ", map);
+  }
+}
+
+void CheckArrow(std::string& findings, int arrow) {
+  const StrRect& rect = StrArrow[arrow];
+  if (!PositionFits(rect.Left, rect.Top)) {
+    AppendNumbered(findings, "Invalid coordinates for STRARROW ", arrow);
+  } else if (!SizeFits(rect)) {
+    AppendNumbered(findings, "Invalid size for STRARROW ", arrow);
+  }
+}
+
+}  // namespace
+
+std::string CheckTables() {
+  std::string findings;
+  for (int map = 0; map < MapSlotCount; ++map) {
+    for (int vl = 0; vl < VLSlotCount; ++vl) CheckExit(findings, map, vl);
+    CheckTile(findings, map);
+  }
+  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) CheckArrow(findings, arrow);
+  return findings;
+}
+
+}  // namespace corvane

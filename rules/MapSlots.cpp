@@ -1,0 +1,55 @@
+#include "MapSlots.h"
+
+#include <string>
+
+#include "MapCatalogue.h"
+#include "StrategicTables.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::size_t MostRowsByAdding = 41;  // fewer than the tables have slots
+
+FileResult ClearBtdFile(const std::string& row) {
+  const std::string name = RowFileName(row);
+  const std::string path = BtdPath(name, name);
+  if (name.empty() || !BtdExists(path)) return {};
+  return WriteBtd(path, static_cast<std::uint8_t>(RowMapIndex(row)), {}, {});
+}
+
+void ClearTile(int map) {
+  const std::int32_t word0 = StrMap[map].Word0;
+  StrMap[map] = {.Word0 = word0};
+  MapHotspots[map] = {};
+}
+
+void ClearLinks(int map) {
+  for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(map, vl) = NotAnExit;
+  for (int other = 0; other < MapSlotCount; ++other) {
+    MapConnections(map, other) = NoConnection;
+    MapConnections(other, map) = NoConnection;
+    for (int vl = 0; vl < VLSlotCount; ++vl) {
+      if (VLDest(other, vl) == map) VLDest(other, vl) = OffMap;
+    }
+  }
+}
+
+}  // namespace
+
+bool AddMapSlot() {
+  if (MapRows.size() >= MostRowsByAdding) return false;
+  InsertMapRow(ThreeDigits(static_cast<int>(MapRows.size())));
+  return true;
+}
+
+FileResult DeleteMapSlot(int map) {
+  if (!IsMapSlot(map)) return {};
+  FileResult cleared = ClearBtdFile(MapRow(map));
+  if (!cleared.Done()) return cleared;
+  ClearTile(map);
+  ClearLinks(map);
+  ReplaceMapRow(map, ThreeDigits(map) + " UNUSED");
+  return cleared;
+}
+
+}  // namespace corvane
