@@ -1,0 +1,109 @@
+#include "Controls.h"
+
+#include <algorithm>
+
+#include "Display.h"
+#include "Form.h"
+#include "TextEditing.h"
+#include "platform/FolderScan.h"
+
+namespace corvane {
+
+void Control::Redraw() { TheDisplay.Redraw(*this); }
+
+void Control::SetEnabled(bool enabled) {
+  if (IsEnabled == enabled) return;
+  IsEnabled = enabled;
+  if (!enabled) Owner.LoseFocus(*this);
+  Redraw();
+}
+
+void Control::SetVisible(bool visible) {
+  if (IsVisible == visible) return;
+  IsVisible = visible;
+  if (!visible) Owner.LoseFocus(*this);
+  Redraw();
+}
+
+Label::Label(Form& owner, const ControlRow& row, Alignment align)
+    : Control(owner, row), Align(align) {
+  owner.Controls.emplace_back(this);
+}
+
+Frame::Frame(Form& owner, const ControlRow& row) : Control(owner, row) {
+  owner.Controls.emplace_back(this);
+}
+
+Button::Button(Form& owner, const ControlRow& row) : Control(owner, row) {
+  owner.Controls.emplace_back(this);
+}
+
+void RowControl::Clear() {
+  Rows.clear();
+  Selected = -1;
+  Redraw();
+}
+
+void RowControl::AddItem(std::string_view text) {
+  Rows.emplace_back(text);
+  Redraw();
+}
+
+const std::string& RowControl::List(int row) const {
+  static const std::string none;
+  return row >= 0 && row < ListCount() ? Rows[static_cast<std::size_t>(row)] : none;
+}
+
+void RowControl::SetList(int row, std::string_view text) {
+  if (row < 0 || row >= ListCount()) return;
+  Rows[static_cast<std::size_t>(row)] = text;
+  Redraw();
+}
+
+void RowControl::SetListIndex(int row) {
+  if (row < 0 || row >= ListCount()) row = -1;
+  if (row == Selected) return;
+  Selected = row;
+  Redraw();
+  Click();
+}
+
+ListBox::ListBox(Form& owner, const ControlRow& row, bool sorted)
+    : RowControl(owner, row), Sorted(sorted) {
+  owner.Controls.emplace_back(this);
+}
+
+void ListBox::AddItem(std::string_view text) {
+  if (!Sorted) return RowControl::AddItem(text);
+  const auto at = std::ranges::upper_bound(Rows, text, OrderedBefore);
+  if (at - Rows.begin() <= Selected) ++Selected;
+  Rows.emplace(at, text);
+  Redraw();
+}
+
+ComboBox::ComboBox(Form& owner, const ControlRow& row) : RowControl(owner, row) {
+  owner.Controls.emplace_back(this);
+}
+
+TextBox::TextBox(Form& owner, const ControlRow& row, int typedLimit, bool multiLine)
+    : Control(owner, row), TypedLimit(typedLimit), MultiLine(multiLine) {
+  owner.Controls.emplace_back(this);
+}
+
+void TextBox::SetText(std::string_view text) {
+  if (Content == text) return;
+  Content = text;
+  SelStart = 0;
+  SelLength = 0;
+  Redraw();
+  Change();
+}
+
+void TextBox::SelectAll() {
+  SelStart = 0;
+  SelLength = CharacterCount(ShownText(*this));
+  SelectionSet = true;
+  Redraw();
+}
+
+}  // namespace corvane

@@ -1,0 +1,37 @@
+// What a person can do to a window. A display turns its toolkit's events into these; a test makes
+// them directly and so plays whole sessions through the code that the windows run.
+#pragma once
+
+#include "Controls.h"
+#include "Form.h"
+#include "TextEditing.h"
+
+namespace corvane {
+
+enum class Key { Tab, BackTab, Enter, Escape };
+
+/// Gives a control the focus, after the Validate of the field that has it. False if that refused,
+/// or the control cannot take the focus: then nothing at all has happened, and nothing may.
+[[nodiscard]] bool MoveFocus(Control& to);
+
+/// Picks a row with mouse or keyboard.
+void PickRow(RowControl& list, int row);
+void DoubleClick(ListBox& list, int row);
+
+/// Edits a text box as it is shown; the typed limit and the code page bind what comes in.
+void EditText(TextBox& box, const TextEdit& edit);
+
+/// Clicks a button, with the mouse, a blank, or its mnemonic.
+void Press(Button& button);
+
+/// A key that works on the whole window. False if it means nothing there.
+bool PressKey(Form& form, Key key);
+
+void OpenMenu(MenuEntry& menu);
+void Choose(MenuItem& item);
+void PressShortcut(Form& form, Shortcut key);
+
+/// The window's close box.
+void CloseWindow(Form& form);
+
+}  // namespace corvane

@@ -1,0 +1,106 @@
+#include "TextEditing.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/AnsiText.h"
+
+namespace corvane {
+namespace {
+
+using Pieces = std::vector<std::string_view>;
+
+std::size_t CharacterSize(std::string_view text) {
+  const auto isTail = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+  std::size_t size = 1;
+  while (size < text.size() && isTail(text[size])) ++size;
+  return size;
+}
+
+// The parts of a text that are shown as one character each.
+Pieces ShownPieces(std::string_view text, bool multiLine) {
+  Pieces pieces;
+  while (!text.empty()) {
+    const bool pair = multiLine && text.starts_with("\r\n");
+    pieces.push_back(text.substr(0, pair ? 2 : CharacterSize(text)));
+    text.remove_prefix(pieces.back().size());
+  }
+  return pieces;
+}
+
+bool IsLineBreak(std::string_view piece) {
+  return piece == "\n" || piece == "\r" || piece == "\r\n";
+}
+
+std::size_t CommonPrefix(const Pieces& left, const Pieces& right, std::size_t most) {
+  std::size_t length = 0;
+  while (length < most && left[length] == right[length]) ++length;
+  return length;
+}
+
+std::size_t CommonSuffix(const Pieces& left, const Pieces& right, std::size_t most) {
+  std::size_t length = 0;
+  while (length < most && left[left.size() - 1 - length] == right[right.size() - 1 - length]) {
+    ++length;
+  }
+  return length;
+}
+
+// What a typed or pasted piece brings in.
+std::string Accepted(std::string_view piece, bool multiLine) {
+  if (IsLineBreak(piece)) return multiLine ? "\r\n" : "";
+  if (piece == std::string_view("\0", 1)) return "";  // would end the text
+  return AnsiToText(TextToAnsi(piece));
+}
+
+}  // namespace
+
+int CharacterCount(std::string_view text) {
+  return static_cast<int>(ShownPieces(text, false).size());
+}
+
+std::string ShownText(const TextBox& box) {
+  if (!box.MultiLine) return box.Text();
+  std::string shown;
+  for (const std::string_view piece : ShownPieces(box.Text(), true)) {
+    shown += IsLineBreak(piece) ? "\n" : piece;
+  }
+  return shown;
+}
+
+TextEdit FindEdit(std::string_view before, std::string_view after, int caret) {
+  const Pieces old = ShownPieces(before, false);
+  const Pieces now = ShownPieces(after, false);
+  const std::size_t shorter = std::min(old.size(), now.size());
+  // What stands behind the caret is what stood there before, unless the edit came from elsewhere.
+  const std::size_t at = std::min(static_cast<std::size_t>(std::max(caret, 0)), now.size());
+  const std::size_t behind = std::min(now.size() - at, shorter);
+  std::size_t suffix = CommonSuffix(old, now, behind) == behind ? behind : 0;
+  const std::size_t prefix = CommonPrefix(old, now, shorter - suffix);
+  suffix = std::max(suffix, CommonSuffix(old, now, shorter - prefix));
+  TextEdit edit{static_cast<int>(prefix), static_cast<int>(old.size() - prefix - suffix), {}};
+  for (std::size_t piece = prefix; piece < now.size() - suffix; ++piece)
+    edit.Inserted += now[piece];
+  return edit;
+}
+
+std::string EditedText(const TextBox& box, const TextEdit& edit) {
+  const Pieces pieces = ShownPieces(box.Text(), box.MultiLine);
+  const auto clamp = [&](int at) { return std::clamp(at, 0, static_cast<int>(pieces.size())); };
+  const auto start = pieces.begin() + clamp(edit.Start);
+  const auto end = pieces.begin() + std::max(clamp(edit.Start), clamp(edit.Start + edit.Removed));
+  std::string before, inserted, after;
+  std::for_each(pieces.begin(), start, [&](std::string_view piece) { before += piece; });
+  std::for_each(end, pieces.end(), [&](std::string_view piece) { after += piece; });
+
+  int room = box.TypedLimit - CharacterCount(before) - CharacterCount(after);
+  for (const std::string_view piece : ShownPieces(edit.Inserted, true)) {
+    const std::string accepted = Accepted(piece, box.MultiLine);
+    room -= CharacterCount(accepted);
+    if (box.TypedLimit > 0 && room < 0) break;
+    inserted += accepted;
+  }
+  return before + inserted + after;
+}
+
+}  // namespace corvane
