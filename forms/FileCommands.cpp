@@ -1,0 +1,99 @@
+// The commands of the File menu: the only way in which data enters or leaves the tables.
+
+#include <filesystem>
+
+#include "ConsistencyCheck.h"
+#include "Form1.h"
+#include "GameFolder.h"
+#include "StrategicTables.h"
+#include "TableImages.h"
+#include "platform/FolderScan.h"
+
+namespace corvane {
+namespace {
+
+constexpr char PatchFilter[] = "Corvane Patch Files (*.crv)|*.crv";
+
+std::string CurrentFolder() {
+  std::error_code error;  // without a current folder the dialog starts where it likes
+  const std::u8string folder = std::filesystem::current_path(error).u8string();
+  return {folder.begin(), folder.end()};
+}
+
+// The file that a save would change, as the open dialog named it.
+std::string OpenedGameExe() { return GamePath + GameExePath().substr(GamePath.size() + 1); }
+
+// True if the tables may be written; otherwise the findings have been shown.
+bool TablesAreSound() {
+  const std::string findings = CheckTables();
+  if (!findings.empty()) Tell("Error: " + findings);
+  return findings.empty();
+}
+
+// Tells of a write that failed; after one that went well nothing is left to save.
+void FinishSave(const FileResult& written) {
+  if (written.Done()) {
+    TablesDirty = false;
+  } else {
+    Tell("Error: " + written.Failure);
+  }
+}
+
+}  // namespace
+
+void Form1::mnuFile_Click() {
+  mnuFileSave.Enabled = InCapitals(OpenedFile) == GameExeName;
+  mnuFileSavePatch.Enabled = !GamePath.empty();
+}
+
+void Form1::mnuFileOpen_Click() {
+  CommonDialog1 = {.Flags = FileMustExist | PathMustExist,
+                   .Filter = std::string("CC4.EXE (CC4.EXE)|CC4.EXE|") + PatchFilter,
+                   .InitDir = CurrentFolder()};
+  CommonDialog1.ShowOpen();
+  if (CommonDialog1.FileName.empty()) return;
+
+  const OpenOutcome outcome = OpenTables(CommonDialog1.FileName, CommonDialog1.FileTitle);
+  switch (outcome.Kind) {
+    case FileKind::GameExeFile:
+    case FileKind::PatchFile:
+      if (!outcome.Read.Done()) return Tell("Error: " + outcome.Read.Failure);
+      ShowCatalogue();
+      TablesDirty = false;
+      return;
+    case FileKind::OtherFile:
+      return Tell(
+          "Error: The file you are trying to open doesn't appear to be CC4.EXE or a valid patch "
+          "file.");
+    case FileKind::NoInstallPath:
+      Tell(
+          "Error reading registry settings. You must have CC4 installed on the machine to use "
+          "this utility.");
+      return TheDisplay.EndProgram();
+  }
+}
+
+void Form1::mnuFileSave_Click() {
+  if (!TablesAreSound()) return;
+  if (!Ask("This will directly modify the file " + OpenedGameExe() +
+           ". If there are errors in the changes you have made, the game will almost certainly "
+           "crash. Are you absolutely sure you want to do this?")) {
+    return;
+  }
+  FinishSave(WriteGameTables());
+}
+
+void Form1::mnuFileSavePatch_Click() {
+  if (!TablesAreSound()) return;
+  CommonDialog1 = {
+      .Flags = PathMustExist, .DefaultExt = ".CRV", .Filter = PatchFilter, .InitDir = GamePath};
+  CommonDialog1.ShowSave();
+  const std::string& fileName = CommonDialog1.FileName;
+  if (fileName.empty()) return;
+  if (OrdinaryFileExists(fileName) && !Ask("Overwrite file " + fileName + "?")) return;
+  FinishSave(WritePatchTables(fileName));
+}
+
+void Form1::mnuFileExit_Click() { Unload(); }
+
+}  // namespace corvane

@@ -1,0 +1,13 @@
+// Ties a text box to the number that it edits.
+#pragma once
+
+#include "Controls.h"
+#include "FieldEntry.h"
+
+namespace corvane {
+
+/// Makes the box's Validate enter its text for the selected row of `rows`. A refused text keeps
+/// the focus, all of it selected.
+void BindField(TextBox& box, const NumericField& field, const RowControl& rows);
+
+}  // namespace corvane

@@ -1,0 +1,156 @@
+#include "dlgEditBTD.h"
+
+#include <string>
+
+#include "Form1.h"
+#include "HelpTexts.h"
+#include "MapCatalogue.h"
+#include "NumericFields.h"
+
+namespace corvane {
+namespace {
+
+// The rows of cboVLType, by the Kind that each stands for.
+struct KindRow {
+  const char* Text;
+  std::int32_t Kind;
+};
+constexpr std::array<KindRow, 4> KindRows{{{"NONE", KindUnused},
+                                           {"Exit Location", KindExit},
+                                           {"Minor Objective", KindMinor},
+                                           {"Major Objective", KindMajor}}};
+constexpr int ExitRow = 1;
+
+// A Kind that has no row shows as the first.
+int RowOfKind(std::int32_t kind) {
+  for (std::size_t row = 0; row < KindRows.size(); ++row) {
+    if (KindRows[row].Kind == kind) return static_cast<int>(row);
+  }
+  return 0;
+}
+
+VictoryLocation& EditedVL(int vl) { return dlgEditBTD::VLTable[static_cast<std::size_t>(vl)]; }
+
+constexpr std::int32_t LargestByte = 255;
+constexpr NumericField VLX{LargestByte, false, [](int vl, std::int32_t number) {
+                             EditedVL(vl).TileX = static_cast<std::uint8_t>(number);
+                           }};
+constexpr NumericField VLY{LargestByte, false, [](int vl, std::int32_t number) {
+                             EditedVL(vl).TileY = static_cast<std::uint8_t>(number);
+                           }};
+
+}  // namespace
+
+dlgEditBTD::dlgEditBTD(Form1& owner)
+    : Form({"Edit Map BTD File", 8355, 4965, Border::FixedDialog, Place{2760, 3750, 0, 0}}),
+      Main(owner) {
+  EnterButton = &OKButton;
+  EscapeButton = &CancelButton;
+  Wire();
+}
+
+void dlgEditBTD::Wire() {
+  Load = [this] { Form_Load(); };
+  lstVLs.Click = [this] { lstVLs_Click(); };
+  txtVLName.Change = [this] { txtVLName_Change(); };
+  BindField(txtVLX, VLX, lstVLs);
+  BindField(txtVLY, VLY, lstVLs);
+  cboVLType.Click = [this] { cboVLType_Click(); };
+  cboVLDest.Click = [this] { cboVLDest_Click(); };
+  OKButton.Click = [this] { OKButton_Click(); };
+  CancelButton.Click = [this] { CancelButton_Click(); };
+  cmdHelp.Click = [] { cmdHelp_Click(); };
+}
+
+// The BTD file that the selected row names.
+std::string dlgEditBTD::ListedFile() const { return RowFileName(Main.lstMaps.Text()); }
+
+VictoryLocation& dlgEditBTD::SelectedVL() const { return EditedVL(lstVLs.ListIndex()); }
+
+void dlgEditBTD::Form_Load() {
+  FillLists();
+  const FileResult read = ReadRecords();
+  if (!read.Done()) {
+    // What the records still hold belongs to another map, and OK would write it.
+    Tell("Error: " + read.Failure);
+    return Unload();
+  }
+  txtFileName.SetText(FieldText(VLText.BaseName));
+  txtAlliedBrief.SetText(FieldText(VLText.AlliedBrief));
+  txtAxisBrief.SetText(FieldText(VLText.AxisBrief));
+  ShowVLs();
+}
+
+void dlgEditBTD::FillLists() {
+  for (const KindRow& row : KindRows) cboVLType.AddItem(row.Text);
+  for (int map = 0; map < MapSlotCount; ++map) cboVLDest.AddItem(Main.lstMaps.List(map));
+  cboVLDest.AddItem("254 OFF MAP");
+  cboVLDest.SetEnabled(false);
+}
+
+FileResult dlgEditBTD::ReadRecords() const {
+  const std::string path = BtdPath(ListedFile(), ListedFile());
+  if (ListedFile().empty() || !BtdExists(path)) return {};
+  BtdHeader head;  // the map number of a save is that of the selected row
+  return ReadBtd(path, head, VLTable, VLText);
+}
+
+void dlgEditBTD::ShowVLs() {
+  lstVLs.Clear();
+  for (const VictoryLocation& vl : VLTable) {
+    lstVLs.AddItem(vl.Kind == KindUnused ? "UNUSED" : FieldText(vl.Name));
+  }
+  lstVLs.SetListIndex(0);
+}
+
+void dlgEditBTD::lstVLs_Click() {
+  txtVLName.SetText(lstVLs.Text());
+  txtVLX.SetText(std::to_string(SelectedVL().TileX));
+  txtVLY.SetText(std::to_string(SelectedVL().TileY));
+  cboVLType.SetListIndex(RowOfKind(SelectedVL().Kind));
+  cboVLDest.SetEnabled(cboVLType.ListIndex() == ExitRow);
+  if (cboVLType.ListIndex() == ExitRow) {
+    const std::uint8_t destination = SelectedVL().Destination;
+    cboVLDest.SetListIndex(destination == OffMap ? cboVLDest.ListCount() - 1 : destination);
+  }
+}
+
+void dlgEditBTD::txtVLName_Change() {
+  SetField(SelectedVL().Name, txtVLName.Text());
+  lstVLs.SetList(lstVLs.ListIndex(), txtVLName.Text());
+}
+
+void dlgEditBTD::cboVLType_Click() {
+  const int row = cboVLType.ListIndex();
+  cboVLDest.SetEnabled(row == ExitRow);
+  if (row != ExitRow) SelectedVL().Destination = 0;
+  SelectedVL().Kind = KindRows[static_cast<std::size_t>(row)].Kind;
+}
+
+void dlgEditBTD::cboVLDest_Click() {
+  const int row = cboVLDest.ListIndex();
+  if (row < 0) return;  // shows a destination that has no row, and keeps it
+  const bool offMap = row == cboVLDest.ListCount() - 1;
+  SelectedVL().Destination = static_cast<std::uint8_t>(offMap ? OffMap : row);
+}
+
+void dlgEditBTD::OKButton_Click() {
+  const std::string path = BtdPath(txtFileName.Text() + ".btd", ListedFile());
+  if (BtdExists(path) && !Ask("Replace existing " + path + "?")) return;
+  BtdText text;
+  SetField(text.BaseName, txtFileName.Text());
+  SetField(text.AlliedBrief, txtAlliedBrief.Text());
+  SetField(text.AxisBrief, txtAxisBrief.Text());
+  const int map = Main.lstMaps.ListIndex();
+  const FileResult written = WriteBtd(path, static_cast<std::uint8_t>(map), VLTable, text);
+  if (!written.Done()) return Tell("Error: " + written.Failure);
+  VLText = text;
+  SetDestinations(map, VLTable);
+  Unload();
+}
+
+void dlgEditBTD::CancelButton_Click() { Unload(); }
+
+void dlgEditBTD::cmdHelp_Click() { Tell(EditHelp); }
+
+}  // namespace corvane
