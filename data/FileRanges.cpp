@@ -79,6 +79,7 @@ std::string Save::Undo() {
     if (File.IsOpen()) static_cast<void>(File.Close());  // the file goes, whatever this says
     return RemoveFile(Path) ? NotRemoved : Removed;
   }
+  if (!File.Changed()) return AsItWas;
   if (!File.IsOpen() && File.Open(Path, OpenMode::Change)) return Torn;
   if (PutBack()) return Torn;
   // A flush that failed once may succeed falsely when tried again, so it proves nothing then.

@@ -72,6 +72,7 @@ std::error_code RawFile::WriteAt(std::uint64_t offset, std::span<const std::byte
     if (const auto error = SystemWrite(Handle, offset + written, part, step)) return error;
     // A system that takes nothing and names no reason would be asked for ever.
     if (step == 0) return std::make_error_code(std::errc::io_error);
+    HasChanged = true;
     written += step;
   }
   return {};
@@ -80,6 +81,7 @@ std::error_code RawFile::WriteAt(std::uint64_t offset, std::span<const std::byte
 std::error_code RawFile::SetLength(std::uint64_t length) {
   if (const auto error = CheckRange(length, 0)) return error;
   if (const auto error = AskForFault(FileStep::SetLength)) return error;
+  HasChanged = true;
   return SystemSetLength(Handle, length);
 }
 

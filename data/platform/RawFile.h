@@ -46,10 +46,13 @@ class RawFile {
   [[nodiscard]] std::error_code Flush();
   [[nodiscard]] std::error_code Close();
   [[nodiscard]] bool IsOpen() const { return Handle != NoHandle; }
+  /// True once anything was written through this object.
+  [[nodiscard]] bool Changed() const { return HasChanged; }
 
  private:
   static constexpr std::intptr_t NoHandle = -1;
   std::intptr_t Handle = NoHandle;
+  bool HasChanged = false;
 };
 
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
