@@ -1,0 +1,34 @@
+// Bytes that mean nothing, the same in every run and on every system.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace corvane {
+
+class Noise {
+ public:
+  explicit Noise(std::uint32_t seed) : State(seed) {}
+
+  /// A number from 0 to `most`.
+  int UpTo(int most) { return static_cast<int>(Next() % (static_cast<std::uint32_t>(most) + 1)); }
+
+  /// Never zero, so that a byte which got lost shows.
+  std::uint8_t Byte() { return static_cast<std::uint8_t>(1 + UpTo(254)); }
+
+  std::string Bytes(std::size_t count) {
+    std::string bytes;
+    while (bytes.size() < count) bytes += static_cast<char>(Byte());
+    return bytes;
+  }
+
+ private:
+  std::uint32_t Next() {
+    State = State * 1664525 + 1013904223;
+    return State >> 8;  // the low bits repeat early
+  }
+
+  std::uint32_t State;
+};
+
+}  // namespace corvane

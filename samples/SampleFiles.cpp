@@ -1,0 +1,108 @@
+// The sample game as files.
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+#include "Noise.h"
+#include "SampleGame.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::size_t GameExeSize = 1250000;  // bytes; the last table ends at 1201312
+constexpr std::uint32_t GameExeSeed = 1944;
+
+struct Image {
+  std::size_t Offset;  // in CC4.EXE
+  std::string Bytes;
+};
+
+void AppendNumber(std::string& bytes, std::int32_t number) {
+  const auto bits = static_cast<std::uint32_t>(number);
+  for (const unsigned shift : {0U, 8U, 16U, 24U}) bytes += static_cast<char>(bits >> shift & 0xFF);
+}
+
+void AppendNumbers(std::string& bytes, const StrRect& rect) {
+  for (const std::int32_t number :
+       {rect.Word0, rect.Word1, rect.Word2, rect.Left, rect.Top, rect.Width, rect.Height}) {
+    AppendNumber(bytes, number);
+  }
+}
+
+std::array<Image, 4> ImagesOf(SampleTables& tables) {
+  std::array<Image, 4> images{{{1147264, {}}, {1148480, {}}, {1153780, {}}, {1200968, {}}}};
+  for (int arrow = 0; arrow < 81; ++arrow) AppendNumbers(images[1].Bytes, tables.Arrows[arrow]);
+  for (int map = 0; map < 43; ++map) {
+    AppendNumbers(images[0].Bytes, tables.Tiles[map]);
+    for (int from = 0; from < 43; ++from) {
+      AppendNumber(images[2].Bytes, tables.Connections(from, map));
+    }
+    AppendNumber(images[3].Bytes, tables.Hotspots[map].CenterX);
+    AppendNumber(images[3].Bytes, tables.Hotspots[map].CenterY);
+  }
+  return images;
+}
+
+template <typename Field>
+void AppendBytes(std::string& bytes, const Field& field) {
+  for (const auto byte : field) bytes += static_cast<char>(byte);
+}
+
+void AppendLocation(std::string& bytes, const VictoryLocation& vl) {
+  AppendBytes(bytes, std::array{vl.TileX, vl.TileY});
+  AppendBytes(bytes, vl.Opaque0);
+  AppendNumber(bytes, vl.Kind);
+  AppendBytes(bytes, vl.Name);
+  AppendBytes(bytes, std::array{vl.Opaque1, vl.Destination});
+  AppendBytes(bytes, vl.Opaque2);
+}
+
+FileResult WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
+  std::ofstream file(path, std::ios::binary);
+  file << bytes;
+  file.close();
+  if (file) return {};
+  return {path.string() + " could not be written: " + std::generic_category().message(errno)};
+}
+
+}  // namespace
+
+std::string GameExeBytes(SampleTables tables) {
+  std::string bytes = Noise(GameExeSeed).Bytes(GameExeSize);
+  for (const Image& image : ImagesOf(tables)) {
+    bytes.replace(image.Offset, image.Bytes.size(), image.Bytes);
+  }
+  return bytes;
+}
+
+std::string PatchBytes(SampleTables tables) {
+  std::string bytes;
+  for (const Image& image : ImagesOf(tables)) bytes += image.Bytes;
+  return bytes;
+}
+
+std::string BtdBytes(const SampleMap& map) {
+  std::string bytes;
+  AppendNumber(bytes, map.Header.Magic);
+  bytes += static_cast<char>(map.Header.MapIndex);
+  for (const VictoryLocation& vl : map.VLs) AppendLocation(bytes, vl);
+  AppendBytes(bytes, map.Text.BaseName);
+  AppendBytes(bytes, map.Text.AlliedBrief);
+  AppendBytes(bytes, map.Text.AxisBrief);
+  return bytes + map.Rest;
+}
+
+FileResult WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game) {
+  const std::filesystem::path maps = folder / "Maps";
+  std::error_code error;
+  std::filesystem::create_directories(maps, error);
+  if (error) return {maps.string() + " could not be made: " + error.message()};
+  FileResult result = WriteBytes(folder / "CC4.EXE", GameExeBytes(game.Tables));
+  for (auto map = game.Maps.begin(); result.Done() && map != game.Maps.end(); ++map) {
+    result = WriteBytes(maps / map->FileName, BtdBytes(*map));
+  }
+  return result;
+}
+
+}  // namespace corvane

@@ -1,0 +1,48 @@
+// A game made from nothing, to try the program out and for its tests: a plain description, which a
+// test may alter, and writers that turn it into files. These state the layout of the files once
+// more, by themselves, so that the code for the real files can be held against them.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "BtdFile.h"
+#include "FileResult.h"
+#include "StrategicTables.h"
+
+namespace corvane {
+
+struct SampleTables {
+  StrMapTable Tiles;
+  StrArrowTable Arrows;
+  ConnectionTable Connections;
+  HotspotTable Hotspots;
+  bool operator==(const SampleTables&) const = default;
+};
+
+struct SampleMap {
+  std::string FileName;
+  BtdHeader Header;
+  VictoryLocations VLs{};
+  BtdText Text;
+  std::string Rest;  // the game's bytes behind the part that is known
+};
+
+struct SampleGame {
+  SampleTables Tables;
+  std::vector<SampleMap> Maps;
+};
+
+/// 43 maps and 45 pairs of connections which pass the consistency check. Every arrow is used.
+[[nodiscard]] SampleGame MakeSampleGame();
+
+/// The whole contents of a file.
+[[nodiscard]] std::string GameExeBytes(SampleTables tables);
+[[nodiscard]] std::string PatchBytes(SampleTables tables);
+[[nodiscard]] std::string BtdBytes(const SampleMap& map);
+
+/// Makes `folder` with CC4.EXE and the folder Maps in it.
+FileResult WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game);
+
+}  // namespace corvane

@@ -1,0 +1,35 @@
+// corvane-sample FOLDER: writes the sample game into a folder. Never replaces a game.
+#include <filesystem>
+#include <iostream>
+
+#include "SampleGame.h"
+#include "platform/FolderScan.h"
+
+namespace {
+
+int Refuse(const std::string& reason) {
+  std::cerr << "corvane-sample: " << reason << "\n";
+  return 1;
+}
+
+bool Has(const std::filesystem::path& folder, const std::string& name) {
+  std::error_code ignored;
+  const std::string found = corvane::NameInFolder(folder.string(), name);
+  return std::filesystem::exists(std::filesystem::symlink_status(folder / found, ignored));
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 2) return Refuse("usage: corvane-sample FOLDER");
+  const std::filesystem::path folder = arguments[1];
+  for (const char* name : {"CC4.EXE", "Maps"}) {
+    if (Has(folder, name)) return Refuse(folder.string() + " already holds a " + name + ".");
+  }
+  const corvane::SampleGame game = corvane::MakeSampleGame();
+  const corvane::FileResult result = corvane::WriteSampleGame(folder, game);
+  if (!result.Done()) return Refuse(result.Failure);
+  std::cout << "Wrote CC4.EXE and " << game.Maps.size() << " map files in Maps into "
+            << folder.string() << ".\n";
+  return 0;
+}
