@@ -16,7 +16,8 @@ std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, 
 
 std::string NoMapFiles(const std::string& folder, std::error_code error) {
   std::string text = "Error: No map files were found in the folder " + folder + ".";
-  if (error && error != std::errc::no_such_file_or_directory) text += " " + Reason(error) + ".";
+  if (error && error != std::errc::no_such_file_or_directory)
+    text.append(" ").append(Reason(error)).append(".");
   return text;
 }
 

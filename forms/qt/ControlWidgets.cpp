@@ -1,0 +1,218 @@
+#include "ControlWidgets.h"
+
+#include <QtWidgets>
+#include <array>
+#include <utility>
+
+#include "Form.h"
+#include "Gestures.h"
+
+namespace corvane {
+namespace {
+
+// A frame has its caption on its top border, within its place; a combo box drops a list below it.
+constexpr char Look[] =
+    "QGroupBox { border: 1px solid palette(mid); border-radius: 3px; margin-top: 6px }"
+    "QGroupBox::title { subcontrol-origin: margin; left: 7px; padding: 0 3px }"
+    "QComboBox { combobox-popup: 0 }";
+
+QRect PlaceOf(const Control& control) {
+  const Place& at = control.At;
+  return {ToPixels(at.Left), ToPixels(at.Top), ToPixels(at.Width), ToPixels(at.Height)};
+}
+
+// The font, narrowed until the text is whole in the room it has.
+QFont Narrowed(const QString& text, const QSize& room, int flags) {
+  QFont font = QApplication::font();
+  const auto fits = [&] {
+    const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
+    return needed.width() <= room.width() && needed.height() <= room.height();
+  };
+  for (int stretch = 100; !fits() && stretch >= 60; stretch -= 4) font.setStretch(stretch);
+  return font;
+}
+
+class SlimStyle : public QProxyStyle {
+ public:
+  SlimStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    return metric == PM_DefaultFrameWidth ? 1 : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override {
+    const QRect& box = option->rect;
+    if (control == CC_ComboBox && part == SC_ComboBoxArrow) {
+      return box.adjusted(box.width() - ComboArrow, 0, 0, 0);
+    }
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
+      return box.adjusted(2, 1, -ComboArrow, -1);
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+  }
+
+  static constexpr int ComboArrow = 14;
+};
+
+// Its selected row is the control's. Of the mouse it knows a row that is pressed, no more, so that
+// nothing but a pick of another row takes the selection off a row.
+class RowList : public QListWidget {
+ public:
+  RowList(QWidget* parent, ListBox& list, Performer perform)
+      : QListWidget(parent), Shown(list), Perform(std::move(perform)) {}
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override { Do(*event, PickRow); }
+  void mouseMoveEvent(QMouseEvent* event) override { Do(*event, PickRow); }
+  void mouseDoubleClickEvent(QMouseEvent* event) override { Do(*event, DoubleClick); }
+  void keyPressEvent(QKeyEvent* event) override {
+    QListWidget::keyPressEvent(event);
+    Perform(Shown, [this] { PickRow(Shown, currentRow()); });
+  }
+  // The list view's own would make a row the current one.
+  void focusInEvent(QFocusEvent* event) override { QAbstractScrollArea::focusInEvent(event); }
+
+ private:
+  template <class List>
+  void Do(const QMouseEvent& event, void (*gesture)(List&, int row)) {
+    const int row = indexAt(event.position().toPoint()).row();
+    if (row < 0 || !(event.buttons() & Qt::LeftButton)) return;
+    Perform(Shown, [&] { gesture(Shown, row); });
+  }
+
+  ListBox& Shown;
+  Performer Perform;
+};
+
+// What the two kinds of text box do alike under different names.
+QString TextOf(const QLineEdit& edit) { return edit.text(); }
+QString TextOf(const QPlainTextEdit& edit) {
+  QString text = edit.document()->toRawText();  // the plain text would lose no-break spaces
+  return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+}
+int CaretOf(const QLineEdit& edit) { return edit.cursorPosition(); }
+int CaretOf(const QPlainTextEdit& edit) { return edit.textCursor().position(); }
+void Fill(QLineEdit& edit, const QString& text) { edit.setText(text); }
+void Fill(QPlainTextEdit& edit, const QString& text) {
+  const int scrolled = edit.verticalScrollBar()->value();
+  edit.setPlainText(text);
+  edit.verticalScrollBar()->setValue(scrolled);
+}
+void Select(QLineEdit& edit, int start, int length) { edit.setSelection(start, length); }
+void Select(QPlainTextEdit& edit, int start, int length) {
+  QTextCursor cursor(edit.document());
+  cursor.setPosition(start);
+  cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+  edit.setTextCursor(cursor);
+}
+
+template <class Edit>
+ControlWidget MakeEdit(TextBox& box, Edit* edit, const Performer& perform) {
+  QObject::connect(edit, &Edit::textChanged, edit, [&box, edit, perform] {
+    const QString after = TextOf(*edit);
+    const auto caret = static_cast<int>(after.left(CaretOf(*edit)).toUcs4().size());
+    perform(box, [&] { EditText(box, FindEdit(ShownText(box), after.toStdString(), caret)); });
+  });
+  return {&box, edit, [&box, edit] {
+            const QSignalBlocker quiet(edit);
+            const QString text = QString::fromStdString(ShownText(box));
+            const bool differs = TextOf(*edit) != text;
+            if (differs) Fill(*edit, text);
+            if (differs || box.SelectionSet) Select(*edit, box.SelStart, box.SelLength);
+            box.SelectionSet = false;
+          }};
+}
+
+ControlWidget Make(TextBox& box, QWidget* parent, const Performer& perform) {
+  if (!box.MultiLine) return MakeEdit(box, new QLineEdit(parent), perform);
+  auto* lines = new QPlainTextEdit(parent);
+  lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  return MakeEdit(box, lines, perform);
+}
+
+ControlWidget Make(Label& label, QWidget* parent, const Performer&) {
+  constexpr std::array across = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+  auto* widget = new QLabel(QString::fromUtf8(label.Caption), parent);
+  widget->setTextFormat(Qt::PlainText);
+  widget->setAlignment(across.at(static_cast<std::size_t>(label.Align)) | Qt::AlignVCenter);
+  widget->setWordWrap(true);
+  widget->setFont(Narrowed(widget->text(), PlaceOf(label).size(), Qt::TextWordWrap));
+  return {&label, widget, [] {}};
+}
+
+ControlWidget Make(Frame& frame, QWidget* parent, const Performer&) {
+  return {&frame, new QGroupBox(QString::fromUtf8(frame.Caption), parent), [] {}};
+}
+
+ControlWidget Make(Button& button, QWidget* parent, const Performer& perform) {
+  auto* widget = new QPushButton(QString::fromUtf8(button.Caption), parent);
+  const QSize room = PlaceOf(button).size() - QSize(6, 0);
+  widget->setFont(Narrowed(widget->text(), room, Qt::TextShowMnemonic));
+  widget->setDefault(button.Owner.EnterButton == &button);  // its look; Enter is a gesture
+  QObject::connect(widget, &QPushButton::clicked, widget,
+                   [&button, perform] { perform(button, [&] { Press(button); }); });
+  return {&button, widget, [] {}};
+}
+
+void MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
+  const int missing = list.ListCount() - rows.rowCount();
+  if (missing < 0) rows.removeRows(list.ListCount(), -missing);
+  if (missing > 0) rows.insertRows(rows.rowCount(), missing);
+  for (int row = 0; row < list.ListCount(); ++row) {
+    const QModelIndex at = rows.index(row, 0);
+    const QString text = QString::fromStdString(list.List(row));
+    if (at.data() != text) rows.setData(at, text);
+  }
+}
+
+ControlWidget Make(ListBox& list, QWidget* parent, const Performer& perform) {
+  auto* view = new RowList(parent, list, perform);
+  return {&list, view, [&list, view] {
+            MirrorRows(list, *view->model());
+            view->setCurrentRow(list.ListIndex(), QItemSelectionModel::ClearAndSelect);
+          }};
+}
+
+ControlWidget Make(ComboBox& combo, QWidget* parent, const Performer& perform) {
+  auto* box = new QComboBox(parent);
+  box->view()->setFont(QApplication::font());
+  const QSize room = PlaceOf(combo).size() - QSize(SlimStyle::ComboArrow + 4, 0);
+  QObject::connect(box, &QComboBox::activated, box,
+                   [&combo, perform](int row) { perform(combo, [&] { PickRow(combo, row); }); });
+  return {&combo, box, [&combo, box, room] {
+            MirrorRows(combo, *box->model());
+            box->setCurrentIndex(combo.ListIndex());
+            box->setFont(Narrowed(box->currentText(), room, Qt::TextSingleLine));
+            box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 24);
+          }};
+}
+
+}  // namespace
+
+ControlWidget MakeControlWidget(const AnyControl& any, QWidget* parent, const Performer& perform) {
+  ControlWidget made = std::visit([&](auto* it) { return Make(*it, parent, perform); }, any);
+  QWidget* widget = made.Widget;
+  widget->setObjectName(made.Shown->Name);
+  widget->setAccessibleName(QString::fromUtf8(made.Shown->AccessibleName));
+  widget->setGeometry(PlaceOf(*made.Shown));
+  if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
+  made.Mirror = [widget, control = made.Shown, state = std::move(made.Mirror)] {
+    state();
+    widget->setEnabled(control->Enabled());
+    widget->setVisible(control->Visible());
+  };
+  return made;
+}
+
+void DressApplication() {
+  QFont font;
+  font.setFamilies({"Tahoma", "DejaVu Sans Condensed", "Noto Sans", font.family()});
+  font.setPixelSize(11);
+  QApplication::setFont(font);
+  QApplication::setStyle(new SlimStyle);
+  qApp->setStyleSheet(Look);
+}
+
+}  // namespace corvane

@@ -1,0 +1,29 @@
+// The widgets that show the controls of a form, and the slim look that their places are made for.
+#pragma once
+
+#include <functional>
+
+#include "Controls.h"
+
+class QWidget;
+
+namespace corvane {
+
+struct ControlWidget {
+  Control* Shown;
+  QWidget* Widget;
+  std::function<void()> Mirror;  // shows the control's present state; what is alike stays untouched
+};
+
+/// Makes a gesture at a control, then has the outcome shown.
+using Performer = std::function<void(Control& control, const std::function<void()>& gesture)>;
+
+[[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent,
+                                              const Performer& perform);
+
+/// Gives the whole application the font and the style of the controls.
+void DressApplication();
+
+[[nodiscard]] constexpr int ToPixels(int twips) { return twips / 15; }
+
+}  // namespace corvane

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Makes the packages (.deb and .tar.gz) in build/release/packages and looks them over.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+need package
+build release --target corvane -- --quiet
+cmake --build --preset release --target package -- --quiet
+desktop-file-validate packaging/*.desktop
+appstreamcli validate --no-net build/release/packaging/*.metainfo.xml
+lintian --fail-on error,warning build/release/packages/*.deb
+ls -l build/release/packages/*.deb build/release/packages/*.tar.gz

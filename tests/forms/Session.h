@@ -1,0 +1,95 @@
+// The program played without a display: a test makes the gestures, and this answers what the
+// program asks.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Display.h"
+#include "FieldEntry.h"
+#include "Form1.h"
+#include "Gestures.h"
+#include "ResetTables.h"
+#include "SampleGame.h"
+#include "TestFolder.h"
+#include "dlgAddConnection.h"
+#include "dlgEditBTD.h"
+
+namespace corvane {
+
+struct Session {
+  explicit Session(const SampleGame& game = MakeSampleGame()) {
+    ResetTables();
+    dlgEditBTD::VLTable = {};
+    dlgEditBTD::VLText = {};
+    static_cast<void>(WriteSampleGame(Folder.Path, game));
+    TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons buttons) {
+      Messages.push_back(text);
+      return buttons == MessageButtons::Ok ? MessageAnswer::Ok : Answer;
+    };
+    TheDisplay.ShowOpenDialog = TheDisplay.ShowSaveDialog = [this](CommonDialog& dialog) {
+      Asked = dialog;
+      dialog.FileName = Choice;
+      dialog.FileTitle = std::filesystem::path(Choice).filename().string();
+    };
+    TheDisplay.ShowModal = [this](Form& form) {
+      InDialog(form);
+      if (form.IsOpen()) CloseWindow(form);
+    };
+    TheDisplay.EndProgram = [this] { Ended = true; };
+    Beep = [this] { ++Beeps; };
+    Main.Open();
+  }
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session() {
+    TheDisplay = {};
+    Beep = [] {};
+  }
+
+  TestFolder Folder;
+  Form1 Main;
+  std::vector<std::string> Messages;
+  MessageAnswer Answer = MessageAnswer::Yes;
+  std::string Choice;                                  // what the next file dialog gives back
+  CommonDialog Asked;                                  // as the program set it
+  std::function<void(Form&)> InDialog = [](Form&) {};  // what the user does in a modal dialog
+  int Beeps = 0;
+  bool Ended = false;
+
+  [[nodiscard]] std::string File(const std::string& name) const {
+    return (Folder.Path / name).string();
+  }
+
+  // The messages since the last call.
+  std::vector<std::string> Told() { return std::exchange(Messages, {}); }
+
+  void OpenFile(const std::string& name) {
+    Choice = File(name);
+    Menu(Main.mnuFileOpen);
+  }
+  void SavePatch(const std::string& name) {
+    Choice = File(name);
+    Menu(Main.mnuFileSavePatch);
+  }
+  static void Menu(MenuItem& item) {
+    OpenMenu(item.Under);
+    Choose(item);
+  }
+
+  // Types over the whole of a box.
+  static void Type(TextBox& box, const std::string& text) {
+    EditText(box, {0, CharacterCount(ShownText(box)), text});
+  }
+
+  template <typename Dialog>
+  void Within(Button& button, const std::function<void(Dialog&)>& user) {
+    InDialog = [&](Form& form) { user(static_cast<Dialog&>(form)); };
+    Press(button);
+    InDialog = [](Form&) {};
+  }
+};
+
+}  // namespace corvane
