@@ -14,8 +14,24 @@ else()
     -Wimplicit-fallthrough -Wnull-dereference -Wformat=2)
 endif()
 
-if(CORVANE_SANITIZE)
+if(WIN32)
+  # UTF-16 calls unless named otherwise, those of Windows 7 and later, and no macros min and max.
+  target_compile_definitions(corvane_compiler INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+  # One file that needs nothing installed.
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  if(MINGW)
+    target_link_options(corvane_compiler INTERFACE -static)
+  endif()
+endif()
+
+if(CORVANE_FUZZ)
+  set(CORVANE_SANITIZERS -fsanitize=fuzzer-no-link,address,undefined)
+elseif(CORVANE_SANITIZE)
+  set(CORVANE_SANITIZERS -fsanitize=address,undefined)
+endif()
+if(CORVANE_SANITIZERS)
   target_compile_options(corvane_compiler INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(corvane_compiler INTERFACE -fsanitize=address,undefined)
+    ${CORVANE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(corvane_compiler INTERFACE ${CORVANE_SANITIZERS})
 endif()

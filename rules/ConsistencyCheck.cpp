@@ -1,8 +1,5 @@
 #include "ConsistencyCheck.h"
 
-#include <initializer_list>
-#include <string_view>
-
 #include "MapCatalogue.h"
 #include "StrategicTables.h"
 
@@ -12,13 +9,10 @@ namespace {
 constexpr std::int32_t GreatestX = 800;
 constexpr std::int32_t GreatestY = 600;
 
-void Append(std::string& findings, std::initializer_list<std::string_view> pieces) {
+template <class... Pieces>
+void Append(std::string& findings, const Pieces&... pieces) {
   findings += "\r\n";
-  for (const std::string_view piece : pieces) findings += piece;
-}
-
-void AppendNumbered(std::string& findings, std::string_view finding, int slot) {
-  Append(findings, {finding, std::to_string(slot)});
+  ((findings += pieces), ...);
 }
 
 bool PositionFits(std::int32_t x, std::int32_t y) {
@@ -39,14 +33,14 @@ void CheckExit(std::string& findings, int map, int vl) {
   const std::int32_t to = VLDest(map, vl);
   if (to == OffMap || to == NotAnExit) return;
   if (MapConnections(map, to) == NoConnection) {
-    Append(findings, {"No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
-                      " via VL", std::to_string(vl)});
+    Append(findings, "No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
+           " via VL", std::to_string(vl));
   } else if (MapConnections(to, map) == NoConnection) {
-    Append(findings, {"No reciprocating STRARROW defined for link from ", std::to_string(map),
-                      " to map ", std::to_string(to)});
+    Append(findings, "No reciprocating STRARROW defined for link from ", std::to_string(map),
+           " to map ", std::to_string(to));
   } else if (!HasExitTo(to, map)) {
-    Append(findings, {"No reciprocating BTD link defined for connection from map ", MapRow(map),
-                      " to map ", MapRow(to)});
+    Append(findings, "No reciprocating BTD link defined for connection from map ", MapRow(map),
+           " to map ", MapRow(to));
   }
 }
 
@@ -54,20 +48,20 @@ void CheckTile(std::string& findings, int map) {
   const Hotspot& hotspot = MapHotspots[map];
   const StrRect& tile = StrMap[map];
   if (!PositionFits(hotspot.CenterX, hotspot.CenterY)) {
-    AppendNumbered(findings, "Invalid hotspot coordinates for STRMAP ", map);
+    Append(findings, "Invalid hotspot coordinates for STRMAP ", std::to_string(map));
   } else if (!PositionFits(tile.Left, tile.Top)) {
-    AppendNumbered(findings, "Invalid tile coordinates for STRMAP ", map);
+    Append(findings, "Invalid tile coordinates for STRMAP ", std::to_string(map));
   } else if (!SizeFits(tile)) {
-    AppendNumbered(findings, "Invalid size for STRMAP ", map);
+    Append(findings, "Invalid size for STRMAP ", std::to_string(map));
   }
 }
 
 void CheckArrow(std::string& findings, int arrow) {
   const StrRect& rect = StrArrow[arrow];
   if (!PositionFits(rect.Left, rect.Top)) {
-    AppendNumbered(findings, "Invalid coordinates for STRARROW ", arrow);
+    Append(findings, "Invalid coordinates for STRARROW ", std::to_string(arrow));
   } else if (!SizeFits(rect)) {
-    AppendNumbered(findings, "Invalid size for STRARROW ", arrow);
+    Append(findings, "Invalid size for STRARROW ", std::to_string(arrow));
   }
 }
 

@@ -93,16 +93,22 @@ std::string BtdBytes(const SampleMap& map) {
   return bytes + map.Rest;
 }
 
+std::map<std::string, std::string> GameFiles(const SampleGame& game) {
+  std::map<std::string, std::string> files{{"CC4.EXE", GameExeBytes(game.Tables)}};
+  for (const SampleMap& map : game.Maps) files["Maps/" + map.FileName] = BtdBytes(map);
+  return files;
+}
+
 FileResult WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game) {
   const std::filesystem::path maps = folder / "Maps";
   std::error_code error;
   std::filesystem::create_directories(maps, error);
   if (error) return {maps.string() + " could not be made: " + error.message()};
-  FileResult result = WriteBytes(folder / "CC4.EXE", GameExeBytes(game.Tables));
-  for (auto map = game.Maps.begin(); result.Done() && map != game.Maps.end(); ++map) {
-    result = WriteBytes(maps / map->FileName, BtdBytes(*map));
+  for (const auto& [name, bytes] : GameFiles(game)) {
+    FileResult result = WriteBytes(folder / name, bytes);
+    if (!result.Done()) return result;
   }
-  return result;
+  return {};
 }
 
 }  // namespace corvane

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -42,7 +43,10 @@ struct SampleGame {
 [[nodiscard]] std::string PatchBytes(SampleTables tables);
 [[nodiscard]] std::string BtdBytes(const SampleMap& map);
 
-/// Makes `folder` with CC4.EXE and the folder Maps in it.
+/// The contents of CC4.EXE and of the files in Maps, by their place in the game's folder.
+[[nodiscard]] std::map<std::string, std::string> GameFiles(const SampleGame& game);
+
+/// Makes `folder` with these files in it.
 FileResult WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game);
 
 }  // namespace corvane

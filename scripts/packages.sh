@@ -1,60 +1,76 @@
-# Sourced by the other scripts: puts the system's packages in place.
+# Sourced by the other scripts: puts the system's packages in place, and builds presets.
 #
-#   need build|test|package|check
+#   need build|test|package|check|fuzz|benchmark|outside|windows
 #
 # installs what is missing on Debian and Ubuntu, as root or through sudo; elsewhere it names the
 # packages and stops when a tool that is needed is not there.
 
 packages_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
 packages_test="$packages_build libgtest-dev"
-packages_package="$packages_build dpkg-dev desktop-file-utils appstream lintian file"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
+packages_fuzz="$packages_test clang libclang-rt-dev"
+packages_outside="$packages_test strace"
+packages_benchmark="$packages_test libbenchmark-dev"
+packages_package="$packages_build dpkg-dev file desktop-file-utils appstream lintian"
+packages_windows="cmake ninja-build g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest wine wine64
+  wine32:i386 xvfb xauth zip"
 
 name_packages() {
   cat >&2 <<'END'
-This system's package manager is not one that this script installs with. Please install:
-  Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel gtest-devel clang clang-tools-extra dejavu-sans-fonts
-  Arch:      gcc cmake ninja qt6-base gtest clang ttf-dejavu
-  Homebrew:  cmake ninja qt googletest llvm
+This script installs packages on Debian and Ubuntu only. Please install what stands here for your
+system, and start it again:
+  Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel gtest-devel dejavu-sans-fonts
+             clang clang-tools-extra (for the checks), google-benchmark-devel (to measure)
+  Arch:      gcc cmake ninja qt6-base gtest ttf-dejavu
+             clang (for the checks), benchmark (to measure)
+  Homebrew:  cmake ninja qt googletest
+             llvm (for the checks), google-benchmark (to measure)
 END
 }
 
-install_missing() {
-  local missing=() package
-  for package in "$@"; do
-    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
-      missing+=("$package")
-  done
-  [ ${#missing[@]} -eq 0 ] && return 0
-  local root=()
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || { echo "Please install as root: ${missing[*]}" >&2; return 1; }
-    root=(sudo)
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    echo "Please run as root: $*" >&2
+    return 1
   fi
-  echo "Installing ${missing[*]}"
-  "${root[@]}" apt-get update -q >/dev/null
-  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends \
-    "${missing[@]}" >/dev/null
+}
+
+installed() {
+  [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
 need() {
-  local list="packages_$1" tool
-  if command -v apt-get >/dev/null && command -v dpkg-query >/dev/null; then
-    # shellcheck disable=SC2086 # one word a package
-    install_missing ${!list}
-    return
+  local list="packages_$1" missing=() package tool
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+    for tool in cmake ninja c++; do
+      command -v "$tool" >/dev/null || { name_packages; return 1; }
+    done
+    return 0
   fi
-  for tool in cmake ninja c++; do
-    command -v "$tool" >/dev/null || { name_packages; return 1; }
+  for package in ${!list}; do
+    installed "$package" || missing+=("$package")
   done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing ${missing[*]}"
+  as_root apt-get update -qq
+  as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures a preset once and builds it; Ninja configures again by itself where it has to.
+# build PRESET [ARGUMENT...]: configures a preset once and builds it; Ninja itself configures again
+# where it has to.
 build() {
-  local preset=$1
+  local preset=$1 log
   shift
-  [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >"build-$preset.log" 2>&1 ||
-    { cat "build-$preset.log"; rm -rf "build-$preset.log" "build/$preset"; return 1; }
-  rm -f "build-$preset.log"
+  if [ ! -f "build/$preset/build.ninja" ]; then
+    log=$(mktemp)
+    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; rm -rf "$log" "build/$preset"; return 1; }
+    grep -i -A3 warning "$log" || true
+    rm "$log"
+  fi
   cmake --build --preset "$preset" "$@"
 }

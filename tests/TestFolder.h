@@ -13,7 +13,7 @@ struct TestFolder : TemporaryFolder {
     std::filesystem::create_directories(Path);
   }
   std::string Get(const std::string& name) const {
-    std::string bytes(std::filesystem::file_size(Path / name), '\0');
+    std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(Path / name)), '\0');
     std::ifstream(Path / name, std::ios::binary)
         .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return bytes;

@@ -20,8 +20,8 @@ std::string InCapitals(std::string_view text) {
 }
 
 bool OrderedBefore(std::string_view left, std::string_view right) {
-  // Texts compare by unsigned bytes, which a comparison of char would not.
-  return InCapitals(left) < InCapitals(right);
+  const auto byte = [](char character) { return static_cast<unsigned char>(Capital(character)); };
+  return std::ranges::lexicographical_compare(left, right, {}, byte, byte);
 }
 
 }  // namespace corvane

@@ -57,7 +57,7 @@ class RawFile {
 
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
 
-/// The system's own words for an error, in UTF-8.
+/// The system's own words for an error, in UTF-8; where a file is in use, also what uses it likely.
 [[nodiscard]] std::string Reason(std::error_code error);
 
 }  // namespace corvane

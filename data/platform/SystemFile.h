@@ -29,4 +29,9 @@ using SystemHandle = std::intptr_t;
 [[nodiscard]] std::error_code SystemClose(SystemHandle handle);
 [[nodiscard]] std::error_code SystemRemove(const std::string& path);
 
+/// What the system says of an error, in UTF-8, without a point at its end.
+[[nodiscard]] std::string SystemWords(std::error_code error);
+/// True if the file was refused because another program has it open or runs it.
+[[nodiscard]] bool IsInUse(std::error_code error);
+
 }  // namespace corvane

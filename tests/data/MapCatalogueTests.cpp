@@ -1,5 +1,6 @@
 #include "MapCatalogue.h"
 #include "TestFolder.h"
+#include "platform/FolderScan.h"
 
 using namespace corvane;
 
@@ -39,7 +40,7 @@ TEST_F(MapCatalogue, OnlyAnExitLeadsSomewhere) {
 TEST_F(MapCatalogue, SaysWhichFilesItCannotReadAndThatThereAreNone) {
   for (const char* other : {"x.txt", "Maps/x.txt"}) {
     Folder.Put(other), MapRows = {"000 old.btd"};
-    EXPECT_NE(LoadMapCatalogue().find(Folder / "/Maps"), std::string::npos);
+    EXPECT_NE(LoadMapCatalogue().find(GamePath + Separator + "Maps"), std::string::npos);
     EXPECT_TRUE(MapRows.empty());
   }
   for (const char* name : {"a.btd", "b.btd"}) PutMap(name, 0);

@@ -1,16 +1,11 @@
 // Fails every step of every save, one after the other, and looks at what became of the file, of
 // the program's state, and at what the user was told.
-#include <gtest/gtest.h>
-
 #include <iostream>
 #include <optional>
 
 #include "Session.h"
-#include "StrategicTables.h"
-#include "platform/RawFile.h"
 
-namespace corvane {
-namespace {
+using namespace corvane;
 
 enum class Fault { Once, ForGood, Short };
 
@@ -138,6 +133,3 @@ TEST_F(FaultRun, BtdFile) {
                   });
                 });
 }
-
-}  // namespace
-}  // namespace corvane

@@ -2,16 +2,14 @@
 // program asks.
 #pragma once
 
-#include <filesystem>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "Display.h"
+#include "ConnectionEditing.h"
 #include "FieldEntry.h"
 #include "Form1.h"
 #include "Gestures.h"
-#include "ResetTables.h"
+#include "MapCatalogue.h"
 #include "SampleGame.h"
 #include "TestFolder.h"
 #include "dlgAddConnection.h"
@@ -20,11 +18,12 @@
 namespace corvane {
 
 struct Session {
-  explicit Session(const SampleGame& game = MakeSampleGame()) {
+  explicit Session(const SampleGame& game = MakeSampleGame()) : Session(GameFiles(game)) {}
+  explicit Session(const std::map<std::string, std::string>& files) {
     ResetTables();
     dlgEditBTD::VLTable = {};
     dlgEditBTD::VLText = {};
-    static_cast<void>(WriteSampleGame(Folder.Path, game));
+    for (const auto& [name, bytes] : files) Folder.Put(name, bytes);
     TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons buttons) {
       Messages.push_back(text);
       return buttons == MessageButtons::Ok ? MessageAnswer::Ok : Answer;

@@ -8,8 +8,7 @@
 #include "ResetTables.h"
 #include "StrategicTables.h"
 
-namespace corvane {
-namespace {
+using namespace corvane;
 
 // A sound network of four maps with rows and no exits; the other slots are sound and have no row.
 class ConsistencyCheck : public testing::Test {
@@ -93,6 +92,3 @@ TEST_F(ConsistencyCheck, RangesAreInclusiveAndTheFirstFaultOfASlotHidesTheOthers
             "\r\nInvalid size for STRMAP 7\r\nInvalid size for STRMAP 8"
             "\r\nInvalid size for STRARROW 0");
 }
-
-}  // namespace
-}  // namespace corvane

@@ -42,19 +42,21 @@ TEST(RawFile, FinishesShortTransfersAndAsksForFaultsAtEveryStep) {
 
 TEST(FolderScan, TakesOrdinaryFilesByExtensionUpToTheLimit) {
   const TemporaryFolder folder;
-  for (const char* name : {"a.btd", "B.BTD", ".btd", "c.btd~", "d.btdx", "btd", "e.btd/x"})
+  for (const char* name : {"a.btd", "B.BTD", "c.btd~", "d.btdx", "btd", "e.btd/x"})
     folder.Put(name);
   std::vector<std::string> names, two;
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".Btd", 2, two));
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".Btd", 9, names));
   EXPECT_TRUE(two.size() == 2 && ScanFolder(folder / "none", ".btd", 9, two));
   std::ranges::sort(names, OrderedBefore);
-  EXPECT_EQ(names, (std::vector<std::string>{".btd", "a.btd", "B.BTD"}));
+  EXPECT_EQ(names, (std::vector<std::string>{"a.btd", "B.BTD"}));
   EXPECT_TRUE(OrdinaryFileExists(folder / "a.btd") && !OrdinaryFileExists(folder / "e.btd"));
 }
 
-TEST(AnsiText, KeepsAllBytes) {
+TEST(AnsiText, KeepsAllBytesAndMarksWhatItLacksAndWhatIsNoUtf8) {
   std::string bytes;
   for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
   EXPECT_EQ(TextToAnsi(AnsiToText(bytes)), bytes);
+  EXPECT_EQ(TextToAnsi("€Ÿÿ Ā \u0080 😀"), "\x80\x9F\xFF ? ? ?");
+  EXPECT_EQ(TextToAnsi("\xE2\x82 \xC1\x81 \xED\xA0\x80 \xF4\x90\x80\x80 \xC3"), "?? ?? ??? ???? ?");
 }

@@ -4,8 +4,7 @@
 
 #include "Display.h"
 
-namespace corvane {
-namespace {
+using namespace corvane;
 
 // Two fields, a list, a combo box and two buttons that write down their events.
 struct EventForm : Form {
@@ -177,6 +176,3 @@ TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
   EXPECT_EQ(form.After([&] { EditText(form.First, {5, 0, "\n6"}); }), "");
   EXPECT_EQ(form.First.Text(), "12345");
 }
-
-}  // namespace
-}  // namespace corvane

@@ -1,0 +1,75 @@
+// corvane-corpus FOLDER: writes what the fuzz drivers start from, a folder of inputs for each.
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "Noise.h"
+#include "SampleGame.h"
+
+namespace {
+
+using Inputs = std::vector<std::string>;
+
+Inputs TableInputs(const corvane::SampleGame& game) {
+  const std::string patch = corvane::PatchBytes(game.Tables);
+  return {patch, patch.substr(0, 5000), patch + "behind it"};
+}
+
+Inputs BtdInputs(const corvane::SampleGame& game) {
+  const std::string file = corvane::BtdBytes(game.Maps[9]);
+  return {file, file.substr(0, 8526), file.substr(0, 325), file.substr(0, 4)};
+}
+
+// The forms that a text can have in a registry file.
+Inputs RegistryInputs() {
+  Inputs inputs;
+  for (const char* value :
+       {R"("C:\\Games\\CC4")", R"("D:\\Spi\x65l\351\\\"x\"")", R"(str(2):"C:\\Games")", "dword:43",
+        "hex(1):43,00,3a,00,5c,00,47,00", "hex(2):43,00,3a,00,\\\n  5c,00,00,00", "hex:43,3a"}) {
+    for (const char* key : {"", R"(Wow6432Node\\)"}) {
+      inputs.push_back(std::string("WINE REGISTRY Version 2\n#arch=win64\n\n[Software\\\\") + key +
+                       R"(Strategic Simulations Inc.\\Close Combat\\4.00] 1700000000)" +
+                       "\n@=\"\"\n\"InstalledTo\"=" + value + "\n");
+    }
+  }
+  return inputs;
+}
+
+// Gestures, answers and texts are all drawn from the bytes, so noise makes a session.
+Inputs SessionInputs() {
+  corvane::Noise noise(1944);
+  Inputs inputs;
+  for (std::size_t size = 16; size <= 2048; size *= 2) {
+    for (int i = 0; i < 4; ++i) inputs.push_back(noise.Bytes(size));
+  }
+  return inputs;
+}
+
+bool Write(const std::filesystem::path& folder, const Inputs& inputs) {
+  std::error_code ignored;  // what could not be made cannot be written to
+  std::filesystem::create_directories(folder, ignored);
+  bool written = true;
+  for (std::size_t i = 0; i < inputs.size(); ++i) {
+    std::ofstream file(folder / std::to_string(i), std::ios::binary);
+    written = file << inputs[i] << std::flush && written;
+  }
+  return written;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 2) {
+    std::cerr << "usage: corvane-corpus FOLDER\n";
+    return 1;
+  }
+  const std::filesystem::path folder = arguments[1];
+  const corvane::SampleGame game = corvane::MakeSampleGame();
+  const bool written = Write(folder / "PatchFuzz", TableInputs(game)) &&
+                       Write(folder / "GameExeFuzz", TableInputs(game)) &&
+                       Write(folder / "BtdFuzz", BtdInputs(game)) &&
+                       Write(folder / "RegistryFuzz", RegistryInputs()) &&
+                       Write(folder / "SessionFuzz", SessionInputs());
+  if (!written) std::cerr << "corvane-corpus: could not write into " << folder.string() << "\n";
+  return written ? 0 : 1;
+}
