@@ -83,14 +83,15 @@ void Form1::ShowCatalogue() {
   if (!complaint.empty()) Tell(complaint);
 }
 
-// Brings the rows up to date in place, so that the selected row stays selected.
+// Brings the rows up to date in place, so that the selected row stays selected. A new row goes to
+// the end, past the list's own order: among cleared slots that order can differ from MapRows.
 void Form1::ShowMapRows() {
   const auto count = static_cast<int>(MapRows.size());
   for (int map = 0; map < count; ++map) {
     if (map < lstMaps.ListCount()) {
       lstMaps.SetList(map, MapRow(map));
     } else {
-      lstMaps.AddItem(MapRow(map));
+      lstMaps.RowControl::AddItem(MapRow(map));
     }
   }
 }

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "Form.h"
+#include "FormView.h"
 #include "Gestures.h"
 
 namespace corvane {
@@ -28,7 +28,7 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
     const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
     return needed.width() <= room.width() && needed.height() <= room.height();
   };
-  for (int stretch = 100; !fits() && stretch >= 60; stretch -= 4) font.setStretch(stretch);
+  for (int stretch = 100; !fits() && stretch >= 44; stretch -= 4) font.setStretch(stretch);
   return font;
 }
 
@@ -60,8 +60,7 @@ class SlimStyle : public QProxyStyle {
 // nothing but a pick of another row takes the selection off a row.
 class RowList : public QListWidget {
  public:
-  RowList(QWidget* parent, ListBox& list, Performer perform)
-      : QListWidget(parent), Shown(list), Perform(std::move(perform)) {}
+  RowList(QWidget* parent, ListBox& list) : QListWidget(parent), Shown(list) {}
 
  protected:
   void mousePressEvent(QMouseEvent* event) override { Do(*event, PickRow); }
@@ -69,7 +68,7 @@ class RowList : public QListWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override { Do(*event, DoubleClick); }
   void keyPressEvent(QKeyEvent* event) override {
     QListWidget::keyPressEvent(event);
-    Perform(Shown, [this] { PickRow(Shown, currentRow()); });
+    PerformAt(Shown, [this] { PickRow(Shown, currentRow()); });
   }
   // The list view's own would make a row the current one.
   void focusInEvent(QFocusEvent* event) override { QAbstractScrollArea::focusInEvent(event); }
@@ -79,11 +78,10 @@ class RowList : public QListWidget {
   void Do(const QMouseEvent& event, void (*gesture)(List&, int row)) {
     const int row = indexAt(event.position().toPoint()).row();
     if (row < 0 || !(event.buttons() & Qt::LeftButton)) return;
-    Perform(Shown, [&] { gesture(Shown, row); });
+    PerformAt(Shown, [&] { gesture(Shown, row); });
   }
 
   ListBox& Shown;
-  Performer Perform;
 };
 
 // What the two kinds of text box do alike under different names.
@@ -109,11 +107,11 @@ void Select(QPlainTextEdit& edit, int start, int length) {
 }
 
 template <class Edit>
-ControlWidget MakeEdit(TextBox& box, Edit* edit, const Performer& perform) {
-  QObject::connect(edit, &Edit::textChanged, edit, [&box, edit, perform] {
-    const QString after = TextOf(*edit);
-    const auto caret = static_cast<int>(after.left(CaretOf(*edit)).toUcs4().size());
-    perform(box, [&] { EditText(box, FindEdit(ShownText(box), after.toStdString(), caret)); });
+ControlWidget MakeEdit(TextBox& box, Edit* edit) {
+  QObject::connect(edit, &Edit::textChanged, edit, [&box, edit] {
+    const QString held = TextOf(*edit);
+    const std::string beforeCaret = held.left(CaretOf(*edit)).toStdString();
+    PerformAt(box, [&] { EditText(box, FindEdit(box, held.toStdString(), beforeCaret)); });
   });
   return {&box, edit, [&box, edit] {
             const QSignalBlocker quiet(edit);
@@ -125,14 +123,14 @@ ControlWidget MakeEdit(TextBox& box, Edit* edit, const Performer& perform) {
           }};
 }
 
-ControlWidget Make(TextBox& box, QWidget* parent, const Performer& perform) {
-  if (!box.MultiLine) return MakeEdit(box, new QLineEdit(parent), perform);
+ControlWidget Make(TextBox& box, QWidget* parent) {
+  if (!box.MultiLine) return MakeEdit(box, new QLineEdit(parent));
   auto* lines = new QPlainTextEdit(parent);
   lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-  return MakeEdit(box, lines, perform);
+  return MakeEdit(box, lines);
 }
 
-ControlWidget Make(Label& label, QWidget* parent, const Performer&) {
+ControlWidget Make(Label& label, QWidget* parent) {
   constexpr std::array across = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
   auto* widget = new QLabel(QString::fromUtf8(label.Caption), parent);
   widget->setTextFormat(Qt::PlainText);
@@ -142,57 +140,62 @@ ControlWidget Make(Label& label, QWidget* parent, const Performer&) {
   return {&label, widget, [] {}};
 }
 
-ControlWidget Make(Frame& frame, QWidget* parent, const Performer&) {
+ControlWidget Make(Frame& frame, QWidget* parent) {
   return {&frame, new QGroupBox(QString::fromUtf8(frame.Caption), parent), [] {}};
 }
 
-ControlWidget Make(Button& button, QWidget* parent, const Performer& perform) {
+ControlWidget Make(Button& button, QWidget* parent) {
   auto* widget = new QPushButton(QString::fromUtf8(button.Caption), parent);
   const QSize room = PlaceOf(button).size() - QSize(6, 0);
   widget->setFont(Narrowed(widget->text(), room, Qt::TextShowMnemonic));
   widget->setDefault(button.Owner.EnterButton == &button);  // its look; Enter is a gesture
   QObject::connect(widget, &QPushButton::clicked, widget,
-                   [&button, perform] { perform(button, [&] { Press(button); }); });
+                   [&button] { PerformAt(button, [&] { Press(button); }); });
   return {&button, widget, [] {}};
 }
 
-void MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
+// True if a row changed.
+bool MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
   const int missing = list.ListCount() - rows.rowCount();
   if (missing < 0) rows.removeRows(list.ListCount(), -missing);
   if (missing > 0) rows.insertRows(rows.rowCount(), missing);
+  bool changed = missing != 0;
   for (int row = 0; row < list.ListCount(); ++row) {
     const QModelIndex at = rows.index(row, 0);
     const QString text = QString::fromStdString(list.List(row));
-    if (at.data() != text) rows.setData(at, text);
+    if (at.data() == text) continue;
+    rows.setData(at, text);
+    changed = true;
   }
+  return changed;
 }
 
-ControlWidget Make(ListBox& list, QWidget* parent, const Performer& perform) {
-  auto* view = new RowList(parent, list, perform);
+ControlWidget Make(ListBox& list, QWidget* parent) {
+  auto* view = new RowList(parent, list);
   return {&list, view, [&list, view] {
             MirrorRows(list, *view->model());
             view->setCurrentRow(list.ListIndex(), QItemSelectionModel::ClearAndSelect);
           }};
 }
 
-ControlWidget Make(ComboBox& combo, QWidget* parent, const Performer& perform) {
+ControlWidget Make(ComboBox& combo, QWidget* parent) {
   auto* box = new QComboBox(parent);
   box->view()->setFont(QApplication::font());
-  const QSize room = PlaceOf(combo).size() - QSize(SlimStyle::ComboArrow + 4, 0);
+  const QSize room = PlaceOf(combo).size() - QSize(SlimStyle::ComboArrow + 6, 0);
   QObject::connect(box, &QComboBox::activated, box,
-                   [&combo, perform](int row) { perform(combo, [&] { PickRow(combo, row); }); });
+                   [&combo](int row) { PerformAt(combo, [&] { PickRow(combo, row); }); });
   return {&combo, box, [&combo, box, room] {
-            MirrorRows(combo, *box->model());
+            const bool newRows = MirrorRows(combo, *box->model());
             box->setCurrentIndex(combo.ListIndex());
             box->setFont(Narrowed(box->currentText(), room, Qt::TextSingleLine));
-            box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 24);
+            if (newRows) box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 24);
           }};
 }
 
 }  // namespace
 
-ControlWidget MakeControlWidget(const AnyControl& any, QWidget* parent, const Performer& perform) {
-  ControlWidget made = std::visit([&](auto* it) { return Make(*it, parent, perform); }, any);
+ControlWidget MakeControlWidget(const AnyControl& any, QWidget* parent) {
+  ControlWidget made = std::visit([&](auto* it) { return Make(*it, parent); }, any);
   QWidget* widget = made.Widget;
   widget->setObjectName(made.Shown->Name);
   widget->setAccessibleName(QString::fromUtf8(made.Shown->AccessibleName));
@@ -208,7 +211,7 @@ ControlWidget MakeControlWidget(const AnyControl& any, QWidget* parent, const Pe
 
 void DressApplication() {
   QFont font;
-  font.setFamilies({"Tahoma", "DejaVu Sans Condensed", "Noto Sans", font.family()});
+  font.setFamilies({"Tahoma", "DejaVu Sans Condensed", "Liberation Sans", font.family()});
   font.setPixelSize(11);
   QApplication::setFont(font);
   QApplication::setStyle(new SlimStyle);

@@ -15,11 +15,7 @@ struct ControlWidget {
   std::function<void()> Mirror;  // shows the control's present state; what is alike stays untouched
 };
 
-/// Makes a gesture at a control, then has the outcome shown.
-using Performer = std::function<void(Control& control, const std::function<void()>& gesture)>;
-
-[[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent,
-                                              const Performer& perform);
+[[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent);
 
 /// Gives the whole application the font and the style of the controls.
 void DressApplication();

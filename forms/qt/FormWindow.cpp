@@ -3,14 +3,11 @@
 #include <QtWidgets>
 #include <algorithm>
 #include <map>
-#include <utility>
 
 #include "Gestures.h"
 
 namespace corvane {
 namespace {
-
-std::vector<FormWindow*> Windows;  // from the main window to the topmost dialog
 
 const std::map<int, Key> WindowKeys = {{Qt::Key_Tab, Key::Tab},
                                        {Qt::Key_Backtab, Key::BackTab},
@@ -18,39 +15,26 @@ const std::map<int, Key> WindowKeys = {{Qt::Key_Tab, Key::Tab},
                                        {Qt::Key_Enter, Key::Enter},
                                        {Qt::Key_Escape, Key::Escape}};
 
-// Does what a person did, then shows what came of it.
-void Perform(const std::function<void()>& gesture, Qt::FocusReason reason = Qt::OtherFocusReason) {
-  gesture();
-  FormWindow::MirrorAll(reason);
-}
-
 }  // namespace
 
-FormWindow::FormWindow(Form& form) : QMainWindow(Beneath()), Shown(form) {
+FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
   setWindowTitle(QString::fromUtf8(form.Caption));
   setCentralWidget(new QWidget);
   AddControls();
   for (MenuEntry* entry : form.Menus) AddMenu(*entry);
   SetFrame();
   create();
-  windowHandle()->installEventFilter(this);  // ahead of any widget, and before the focus moves
-  Windows.push_back(this);
+  qApp->installEventFilter(this);  // the window's events: ahead of any widget, and of the focus
   MirrorAll();
 }
 
-FormWindow::~FormWindow() { std::erase(Windows, this); }
-
 void FormWindow::AddControls() {
-  const Performer perform = [this](Control& control, const std::function<void()>& gesture) {
-    Mark(control);  // whatever becomes of the gesture, the widget goes back to the control's state
-    Perform(gesture);
-  };
   for (const AnyControl& any : Shown.Controls) {  // a frame ahead of what it holds
     const Control* frame = std::visit([](auto* control) { return control->Parent; }, any);
     const auto holder = std::ranges::find(Widgets, frame, &ControlWidget::Shown);
     QWidget* parent = holder == Widgets.end() ? centralWidget() : holder->Widget;
-    Widgets.push_back(MakeControlWidget(any, parent, perform));
-    Mark(*Widgets.back().Shown);
+    Widgets.push_back(MakeControlWidget(any, parent));
+    Widgets.back().Shown->Redraw();
   }
 }
 
@@ -76,7 +60,7 @@ void FormWindow::SetFrame() {
   const QSize client(ToPixels(Shown.ClientWidth), ToPixels(Shown.ClientHeight));
   const int menu = Shown.Menus.empty() ? 0 : menuBar()->heightForWidth(client.width());
   resize(client.width(), client.height() + menu);
-  if (parentWidget()) setWindowModality(Qt::ApplicationModal);
+  if (Below) setWindowModality(Qt::ApplicationModal);
   if (Shown.BorderKind == Border::FixedDialog) {
     setWindowFlags(Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
     setFixedSize(size());
@@ -87,32 +71,16 @@ void FormWindow::SetFrame() {
 
 void FormWindow::Run() {
   show();
-  static_cast<void>(Windows.front() == this ? QApplication::exec() : Loop.exec());
+  static_cast<void>(Below ? Loop.exec() : QApplication::exec());
 }
 
 void FormWindow::Close() {
   hide();
-  if (Windows.front() == this) QApplication::exit();
   Loop.quit();
+  if (!Below) QApplication::exit();  // leaves every nested loop, too
 }
 
-FormWindow* FormWindow::Of(const Form& form) {
-  const auto shows = [&](const FormWindow* window) { return &window->Shown == &form; };
-  const auto at = std::ranges::find_if(Windows, shows);
-  return at == Windows.end() ? nullptr : *at;
-}
-
-FormWindow* FormWindow::Beneath() {
-  MirrorAll();
-  return Windows.empty() ? nullptr : Windows.back();
-}
-
-void FormWindow::MirrorAll(Qt::FocusReason reason) {
-  for (FormWindow* window : Windows) window->Mirror(reason);
-}
-
-void FormWindow::Mirror(Qt::FocusReason reason) {
-  const std::set<const Control*> changed = std::exchange(Pending, {});
+void FormWindow::Mirror(const std::set<const Control*>& changed) {
   for (const ControlWidget& widget : Widgets) {
     if (changed.contains(widget.Shown)) widget.Mirror();
   }
@@ -122,7 +90,7 @@ void FormWindow::Mirror(Qt::FocusReason reason) {
   if (focused == Widgets.end()) {
     if (now) now->clearFocus();
   } else if (focused->Widget != now) {
-    focused->Widget->setFocus(reason);
+    focused->Widget->setFocus(MovesFor);
   }
 }
 
@@ -134,14 +102,19 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool FormWindow::eventFilter(QObject* target, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && target->isWidgetType()) {
+    KeyInPopup = static_cast<QWidget*>(target)->window()->windowType() == Qt::Popup;
+  }
   if (target != windowHandle() || QApplication::activePopupWidget()) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-      return RefusesPress(static_cast<QMouseEvent*>(event)->position().toPoint());
-    case QEvent::KeyPress:
-      return TakesKey(*static_cast<QKeyEvent*>(event));
-    case QEvent::Wheel: {  // here a combo box picks a row, even one without the focus
+      PressRefused = RefusesPress(static_cast<QMouseEvent*>(event)->position().toPoint());
+      return PressRefused;
+    case QEvent::MouseButtonDblClick:  // comes right behind its second press
+      return PressRefused;
+    case QEvent::KeyPress:  // the rows of a combo box close before this comes
+      return KeyInPopup || TakesKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::Wheel: {  // over a combo box without the focus it would pick a row there
       QWidget* under = childAt(static_cast<QWheelEvent*>(event)->position().toPoint());
       return qobject_cast<QComboBox*>(under) && under != focusWidget();
     }
@@ -157,7 +130,7 @@ bool FormWindow::RefusesPress(const QPoint& at) {
     if (pressed == Widgets.end()) continue;
     if (under->focusPolicy() == Qt::NoFocus || !under->isEnabled()) return false;
     bool moved = true;
-    Perform([&] { moved = MoveFocus(*pressed->Shown); }, Qt::MouseFocusReason);
+    Perform([&] { moved = MoveFocus(*pressed->Shown); });
     return !moved;
   }
   return false;
@@ -171,11 +144,12 @@ bool FormWindow::TakesKey(const QKeyEvent& event) {
     lines->insertPlainText("\n");
     return true;
   }
-  const bool back = key->second == Key::BackTab;
-  bool taken = false;
-  Perform([&] { taken = PressKey(Shown, key->second); },
-          back ? Qt::BacktabFocusReason : Qt::TabFocusReason);
-  return taken || back || key->second == Key::Tab;
+  const bool tab = key->second == Key::Tab || key->second == Key::BackTab;
+  bool taken = tab;
+  MovesFor = tab ? Qt::TabFocusReason : Qt::OtherFocusReason;
+  Perform([&] { taken |= PressKey(Shown, key->second); });
+  MovesFor = Qt::OtherFocusReason;
+  return taken;
 }
 
 }  // namespace corvane

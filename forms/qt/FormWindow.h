@@ -8,46 +8,39 @@
 #include <vector>
 
 #include "ControlWidgets.h"
-#include "Form.h"
+#include "FormView.h"
 
 class QKeyEvent;
 
 namespace corvane {
 
-class FormWindow : public QMainWindow {
+class FormWindow : public QMainWindow, public FormView {
  public:
   explicit FormWindow(Form& form);
-  ~FormWindow() override;
 
-  /// Shows the window and returns when it is closed. The first window's life is the program's.
-  void Run();
-  void Close();
-
-  /// Notes that a control's state has changed; the next mirroring shows it.
-  void Mark(const Control& control) { Pending.insert(&control); }
-  static void MirrorAll(Qt::FocusReason reason = Qt::OtherFocusReason);
-
-  [[nodiscard]] static FormWindow* Of(const Form& form);  // nullptr for a form without a window
-  /// The topmost window, brought up to date, for a box or dialog to stand over.
-  [[nodiscard]] static FormWindow* Beneath();
+  void Run() override;
+  void Close() override;
+  [[nodiscard]] static FormWindow* Top() { return static_cast<FormWindow*>(FormView::Top()); }
 
  protected:
+  void Mirror(const std::set<const Control*>& changed) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* target, QEvent* event) override;
+  bool focusNextPrevChild(bool) override { return true; }  // the form moves the focus, no one else
 
  private:
   void AddControls();
   void AddMenu(MenuEntry& entry);
   void SetFrame();
-  void Mirror(Qt::FocusReason reason);
   [[nodiscard]] bool KeyboardInMenu() const;
   bool RefusesPress(const QPoint& at);
   bool TakesKey(const QKeyEvent& event);
 
-  Form& Shown;
   std::vector<ControlWidget> Widgets;
-  std::set<const Control*> Pending;
   QEventLoop Loop;
+  bool PressRefused = false;  // the last one was
+  bool KeyInPopup = false;    // the last one began there
+  Qt::FocusReason MovesFor = Qt::OtherFocusReason;
 };
 
 }  // namespace corvane

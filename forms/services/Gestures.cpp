@@ -1,7 +1,10 @@
 #include "Gestures.h"
 
 #include <algorithm>
+#include <string>
 #include <variant>
+
+#include "platform/FolderScan.h"
 
 namespace corvane {
 namespace {
@@ -98,6 +101,18 @@ bool PressKey(Form& form, Key key) {
       return PressEnter(form);
     case Key::Escape:
       return PressEscape(form);
+  }
+  return false;
+}
+
+bool PressMnemonic(const Form& form, char letter) {
+  const std::string mnemonic = InCapitals(std::string{'&', letter});
+  for (const AnyControl& any : form.Controls) {
+    Button* const* button = std::get_if<Button*>(&any);
+    if (!button || !Usable(*button)) continue;
+    if (InCapitals((*button)->Caption).find(mnemonic) == std::string::npos) continue;
+    Press(**button);
+    return true;
   }
   return false;
 }

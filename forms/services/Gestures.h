@@ -27,6 +27,9 @@ void Press(Button& button);
 /// A key that works on the whole window. False if it means nothing there.
 bool PressKey(Form& form, Key key);
 
+/// Alt and a letter. False if no button has that mnemonic.
+bool PressMnemonic(const Form& form, char letter);
+
 void OpenMenu(MenuEntry& menu);
 void Choose(MenuItem& item);
 void PressShortcut(Form& form, Shortcut key);

@@ -46,6 +46,15 @@ std::size_t CommonSuffix(const Pieces& left, const Pieces& right, std::size_t mo
   return length;
 }
 
+std::string Shown(std::string_view text, bool multiLine, std::string_view lineBreak, int most) {
+  std::string shown;
+  for (const std::string_view piece : ShownPieces(text, multiLine)) {
+    if (most-- <= 0) break;
+    shown += multiLine && IsLineBreak(piece) ? lineBreak : piece;
+  }
+  return shown;
+}
+
 // What a typed or pasted piece brings in.
 std::string Accepted(std::string_view piece, bool multiLine) {
   if (IsLineBreak(piece)) return multiLine ? "\r\n" : "";
@@ -59,13 +68,12 @@ int CharacterCount(std::string_view text) {
   return static_cast<int>(ShownPieces(text, false).size());
 }
 
-std::string ShownText(const TextBox& box) {
-  if (!box.MultiLine) return box.Text();
-  std::string shown;
-  for (const std::string_view piece : ShownPieces(box.Text(), true)) {
-    shown += IsLineBreak(piece) ? "\n" : piece;
-  }
-  return shown;
+std::string ShownText(const TextBox& box, std::string_view lineBreak, int most) {
+  return Shown(box.Text(), box.MultiLine, lineBreak, most);
+}
+
+std::string WithLineBreaks(std::string_view text, std::string_view lineBreak) {
+  return Shown(text, true, lineBreak, INT_MAX);
 }
 
 TextEdit FindEdit(std::string_view before, std::string_view after, int caret) {
@@ -82,6 +90,13 @@ TextEdit FindEdit(std::string_view before, std::string_view after, int caret) {
   for (std::size_t piece = prefix; piece < now.size() - suffix; ++piece)
     edit.Inserted += now[piece];
   return edit;
+}
+
+TextEdit FindEdit(const TextBox& box, std::string_view held, std::string_view beforeCaret) {
+  const auto shown = [&](std::string_view text) {
+    return Shown(text, box.MultiLine, "\n", INT_MAX);
+  };
+  return FindEdit(ShownText(box), shown(held), CharacterCount(shown(beforeCaret)));
 }
 
 std::string EditedText(const TextBox& box, const TextEdit& edit) {

@@ -108,7 +108,7 @@ TEST(MainWindow, EveryFieldShowsAndEntersItsOwnNumberForTheRowThatStood) {
   std::int32_t number = 1000;
   for (const auto& [box, stored] : fields) {
     EXPECT_EQ(box->Text(), std::to_string(*stored)) << box->Name;
-    session.Type(*box, "0" + std::to_string(++number));
+    session.Type(*box, std::string("0").append(std::to_string(++number)));
     EXPECT_NE(*stored, number);
     TablesDirty = false;
     PickRow(main.lstMaps, 7);
