@@ -5,8 +5,13 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
-dpkg --print-foreign-architectures | grep -qx i386 || as_root dpkg --add-architecture i386
 need windows
+runs="windows"
+if need_wine32; then
+  runs="windows windows32"
+else
+  echo "Wine for 32-bit programs cannot be installed here: the 32-bit tests are built, not run."
+fi
 
 # A prefix of its own: the tests write into its registry.
 export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
@@ -17,7 +22,8 @@ trap 'wineserver -k || true' EXIT
 for preset in windows windows32; do
   echo "== $preset: build and tests"
   build "$preset" -- --quiet
-  xvfb-run -a -s "-screen 0 800x600x24" ctest --preset "$preset"
+  [[ " $runs " != *" $preset "* ]] ||
+    xvfb-run -a -s "-screen 0 800x600x24" ctest --preset "$preset"
 done
 
 echo "== tour of the real windows under Wine"

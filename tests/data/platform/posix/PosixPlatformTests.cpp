@@ -14,7 +14,8 @@ TEST(PosixFiles, PipesDoNotHangAndNamesMatchInAnyCase) {
   for (const char* name : {"Map", "map", "mAp", "xMAP"}) folder.Put(name);
   ASSERT_EQ(::mkfifo((folder / "pipe.btd").c_str(), 0600), 0);
   for (const char* target : {"map", "pipe.btd", "nowhere", "."})
-    std::filesystem::create_symlink(target, folder.Path / ("." + std::string(target) + "-link.btd"));
+    std::filesystem::create_symlink(target,
+                                    folder.Path / ("." + std::string(target) + "-link.btd"));
   RawFile file;
   for (const char* name : {"pipe.btd", ".pipe.btd-link.btd", "..-link.btd"})
     for (const auto mode : {OpenMode::Read, OpenMode::Change, OpenMode::Create})
