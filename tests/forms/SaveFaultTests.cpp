@@ -70,7 +70,7 @@ struct FaultRun : testing::Test {
       const std::string wanted = Contents(name).value_or("");
       for (const Fault fault : {Fault::Once, Fault::ForGood, Fault::Short}) {
         bool reached = true;
-        for (FaultAt = 0; reached; ++FaultAt) {
+        for (FaultAt = 0; reached && FaultAt < 500; ++FaultAt) {
           Put(name, old);
           session.Told();
           save([&] { Inject(fault); });
