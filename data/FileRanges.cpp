@@ -11,6 +11,7 @@ namespace {
 
 // How a failed save left its file.
 constexpr char AsItWas[] = "The file is as it was.";
+constexpr char NoFile[] = "There is no such file, and none was made.";
 constexpr char Removed[] = "The unfinished new file was removed.";
 constexpr char Unconfirmed[] =
     "Its old contents were put back, but the disk did not confirm them. Check the file.";
@@ -138,7 +139,10 @@ FileResult SaveInPlace(const std::string& path, std::span<const WriteRange> rang
   Save save(path, ranges);
   std::error_code error = save.Open(ifMissing);
   if (!error) error = save.RememberOld();
-  if (error) return {CouldNot(path, "saved", error) + " " + AsItWas};
+  if (error) {
+    const bool missing = error == std::errc::no_such_file_or_directory;
+    return {CouldNot(path, "saved", error) + " " + (missing ? NoFile : AsItWas)};
+  }
   error = save.Replace();
   if (error) return {CouldNot(path, "saved", error) + " " + save.Undo()};
   return {};

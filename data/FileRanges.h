@@ -28,8 +28,8 @@ enum class IfMissing { Fail, Create };
 FileResult ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
 
 /// Replaces the ranges, leaves every other byte, never shortens the file, and returns when the disk
-/// has it. After a failure the old bytes and length are put back, or a new file is removed again;
-/// the result tells whether that went well.
+/// has the bytes. After a failure the old bytes and length are put back, or a new file is removed
+/// again; the result tells whether that went well.
 FileResult SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
                        IfMissing ifMissing);
 

@@ -22,7 +22,7 @@ std::string NoMapFiles(const std::string& folder, std::error_code error) {
 }
 
 std::string Unreadable(const std::string& failures) {
-  return "Error: These map files could not be read and have no row, so the rows and the map "
+  return "Error: Not all map files could be read. Those have no row, so the rows and the map "
          "numbers may no longer agree:" +
          failures;
 }
@@ -52,6 +52,7 @@ std::string LoadMapCatalogue() {
 
   std::string failures;
   for (const std::string& name : names) failures += AddMapFile(folder, name);
+  if (error) failures += "\r\n" + folder + " could not be listed whole: " + Reason(error) + ".";
   return failures.empty() ? std::string() : Unreadable(failures);
 }
 

@@ -85,9 +85,11 @@ inline HotspotTable MapHotspots;
 inline ConnectionTable MapConnections;  // (from, to): NoConnection, or the arrow slot
 inline DestinationTable VLDest;         // (map, vl): NotAnExit, OffMap, or where the exit leads
 
-inline std::string GamePath;  // the folder of CC4.EXE and Maps; may or may not end in a separator
-inline std::string
-    OpenedFile;  // name of the file last opened, without its folder, as spelled there
-inline bool TablesDirty = false;  // edited since the last open or save
+// The folder of CC4.EXE and Maps, which may or may not end in a separator; the name of the file
+// last opened, without its folder, as spelled there; and whether the tables were edited since they
+// were last opened or saved.
+inline std::string GamePath;
+inline std::string OpenedFile;
+inline bool TablesDirty = false;
 
 }  // namespace corvane

@@ -110,8 +110,10 @@ void dlgEditBTD::lstVLs_Click() {
   cboVLType.SetListIndex(RowOfKind(SelectedVL().Kind));
   cboVLDest.SetEnabled(cboVLType.ListIndex() == ExitRow);
   if (cboVLType.ListIndex() == ExitRow) {
-    const std::uint8_t destination = SelectedVL().Destination;
-    cboVLDest.SetListIndex(destination == OffMap ? cboVLDest.ListCount() - 1 : destination);
+    const int last = cboVLDest.ListCount() - 1;
+    const int row = SelectedVL().Destination == OffMap ? last : SelectedVL().Destination;
+    cboVLDest.SetListIndex(row);
+    if (row == last) SelectedVL().Destination = OffMap;  // 43 shows as that row, and is stored so
   }
 }
 
@@ -122,6 +124,7 @@ void dlgEditBTD::txtVLName_Change() {
 
 void dlgEditBTD::cboVLType_Click() {
   const int row = cboVLType.ListIndex();
+  if (row < 0) return;
   cboVLDest.SetEnabled(row == ExitRow);
   if (row != ExitRow) SelectedVL().Destination = 0;
   SelectedVL().Kind = KindRows[static_cast<std::size_t>(row)].Kind;

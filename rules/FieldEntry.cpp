@@ -23,19 +23,24 @@ std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t large
   return static_cast<std::int32_t>(number);
 }
 
+template <auto& Table, auto Field>
+void StoreIn(int slot, std::int32_t number) {
+  Table[slot].*Field = number;
+}
+
 }  // namespace
 
 // clang-format off
-constinit const NumericField MapLeft    {LargestNumber, true, [](int m, std::int32_t n) { StrMap[m].Left = n; }};
-constinit const NumericField MapTop     {LargestNumber, true, [](int m, std::int32_t n) { StrMap[m].Top = n; }};
-constinit const NumericField MapWidth   {LargestNumber, true, [](int m, std::int32_t n) { StrMap[m].Width = n; }};
-constinit const NumericField MapHeight  {LargestNumber, true, [](int m, std::int32_t n) { StrMap[m].Height = n; }};
-constinit const NumericField MapCenterX {LargestNumber, true, [](int m, std::int32_t n) { MapHotspots[m].CenterX = n; }};
-constinit const NumericField MapCenterY {LargestNumber, true, [](int m, std::int32_t n) { MapHotspots[m].CenterY = n; }};
-constinit const NumericField ArrowLeft  {LargestNumber, true, [](int a, std::int32_t n) { StrArrow[a].Left = n; }};
-constinit const NumericField ArrowTop   {LargestNumber, true, [](int a, std::int32_t n) { StrArrow[a].Top = n; }};
-constinit const NumericField ArrowWidth {LargestNumber, true, [](int a, std::int32_t n) { StrArrow[a].Width = n; }};
-constinit const NumericField ArrowHeight{LargestNumber, true, [](int a, std::int32_t n) { StrArrow[a].Height = n; }};
+constinit const NumericField MapLeft    {LargestNumber, true, StoreIn<StrMap, &StrRect::Left>};
+constinit const NumericField MapTop     {LargestNumber, true, StoreIn<StrMap, &StrRect::Top>};
+constinit const NumericField MapWidth   {LargestNumber, true, StoreIn<StrMap, &StrRect::Width>};
+constinit const NumericField MapHeight  {LargestNumber, true, StoreIn<StrMap, &StrRect::Height>};
+constinit const NumericField MapCenterX {LargestNumber, true, StoreIn<MapHotspots, &Hotspot::CenterX>};
+constinit const NumericField MapCenterY {LargestNumber, true, StoreIn<MapHotspots, &Hotspot::CenterY>};
+constinit const NumericField ArrowLeft  {LargestNumber, true, StoreIn<StrArrow, &StrRect::Left>};
+constinit const NumericField ArrowTop   {LargestNumber, true, StoreIn<StrArrow, &StrRect::Top>};
+constinit const NumericField ArrowWidth {LargestNumber, true, StoreIn<StrArrow, &StrRect::Width>};
+constinit const NumericField ArrowHeight{LargestNumber, true, StoreIn<StrArrow, &StrRect::Height>};
 // clang-format on
 
 bool IsAllDigits(std::string_view text) {

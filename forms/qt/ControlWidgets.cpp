@@ -74,8 +74,7 @@ class RowList : public QListWidget {
   void focusInEvent(QFocusEvent* event) override { QAbstractScrollArea::focusInEvent(event); }
 
  private:
-  template <class List>
-  void Do(const QMouseEvent& event, void (*gesture)(List&, int row)) {
+  void Do(const QMouseEvent& event, void (*gesture)(ListBox&, int row)) {
     const int row = indexAt(event.position().toPoint()).row();
     if (row < 0 || !(event.buttons() & Qt::LeftButton)) return;
     PerformAt(Shown, [&] { gesture(Shown, row); });

@@ -3,9 +3,19 @@
 #include <QtWidgets>
 
 #include "MessageWindow.h"
+#include "platform/FolderScan.h"
 
 namespace corvane {
 namespace {
+
+// What was chosen; a file that must exist is found in any letter case.
+QFileInfo ChosenFile(const QString& name, int flags) {
+  const QFileInfo file(name);
+  if (!(flags & FileMustExist)) return file;
+  const std::string folder = file.path().toStdString();
+  return QFileInfo(file.dir(),
+                   QString::fromStdString(NameInFolder(folder, file.fileName().toStdString())));
+}
 
 // Refuses what its flags refuse, and stays open.
 class FileDialog : public QFileDialog {
@@ -16,7 +26,7 @@ class FileDialog : public QFileDialog {
  protected:
   void accept() override {
     const QString name = selectedFiles().value(0);
-    const QFileInfo file(name);
+    const QFileInfo file = ChosenFile(name, Flags);
     const char* missing = nullptr;
     if ((Flags & PathMustExist) && !file.dir().exists()) missing = "\r\nPath does not exist.";
     if ((Flags & FileMustExist) && !file.exists()) missing = "\r\nFile not found.";
@@ -52,8 +62,8 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   dialog.setNameFilters(filters);
   dialog.selectNameFilter(filters.value(settings.FilterIndex - 1));
   dialog.setDefaultSuffix(QString::fromStdString(settings.DefaultExt));
-  const bool chosen = dialog.exec() == QDialog::Accepted;
-  const QFileInfo file(chosen ? dialog.selectedFiles().value(0) : QString());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QFileInfo file = ChosenFile(dialog.selectedFiles().value(0), settings.Flags);
   settings.FileName = file.filePath().toStdString();
   settings.FileTitle = file.fileName().toStdString();
 }

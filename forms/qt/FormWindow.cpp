@@ -26,6 +26,15 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
   create();
   qApp->installEventFilter(this);  // the window's events: ahead of any widget, and of the focus
   MirrorAll();
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, const QWidget* now) { FollowFocus(now); });
+}
+
+// The focus may come from elsewhere, such as a screen reader.
+void FormWindow::FollowFocus(const QWidget* now) {
+  const auto at = std::ranges::find(Widgets, now, &ControlWidget::Widget);
+  if (at == Widgets.end() || at->Shown == Shown.Focused) return;
+  Perform([&] { static_cast<void>(MoveFocus(*at->Shown)); });
 }
 
 void FormWindow::AddControls() {
@@ -142,6 +151,7 @@ bool FormWindow::TakesKey(const QKeyEvent& event) {
   auto* lines = qobject_cast<QPlainTextEdit*>(focusWidget());
   if (lines && key->second == Key::Enter && event.modifiers() & Qt::ControlModifier) {
     lines->insertPlainText("\n");
+    lines->ensureCursorVisible();
     return true;
   }
   const bool tab = key->second == Key::Tab || key->second == Key::BackTab;

@@ -33,6 +33,7 @@ class FormWindow : public QMainWindow, public FormView {
   void AddMenu(MenuEntry& entry);
   void SetFrame();
   [[nodiscard]] bool KeyboardInMenu() const;
+  void FollowFocus(const QWidget* now);
   bool RefusesPress(const QPoint& at);
   bool TakesKey(const QKeyEvent& event);
 

@@ -30,6 +30,12 @@ void Perform(const std::function<void()>& gesture) {
   FormView::MirrorAll();
 }
 
+bool Attempt(const std::function<bool()>& gesture) {
+  const bool done = gesture();
+  FormView::MirrorAll();
+  return done;
+}
+
 void PerformAt(Control& control, const std::function<void()>& gesture) {
   control.Redraw();
   Perform(gesture);

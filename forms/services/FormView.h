@@ -40,6 +40,9 @@ class FormView {
 /// Does what a person did, then shows what came of it.
 void Perform(const std::function<void()>& gesture);
 
+/// The same for what may be refused, or mean nothing: whether it went well.
+[[nodiscard]] bool Attempt(const std::function<bool()>& gesture);
+
 /// The same at a control, whose widget goes back to the control's state, whatever came of it.
 void PerformAt(Control& control, const std::function<void()>& gesture);
 

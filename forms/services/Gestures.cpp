@@ -69,8 +69,14 @@ bool MoveFocus(Control& to) {
   return true;
 }
 
-void PickRow(RowControl& list, int row) {
+void PickRow(ListBox& list, int row) {
   if (row >= 0 && row < list.ListCount() && MoveFocus(list)) list.SetListIndex(row);
+}
+
+void PickRow(ComboBox& combo, int row) {
+  if (row < 0 || row >= combo.ListCount() || !MoveFocus(combo)) return;
+  if (row == combo.ListIndex()) return combo.Click();
+  combo.SetListIndex(row);
 }
 
 void DoubleClick(ListBox& list, int row) {

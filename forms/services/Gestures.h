@@ -14,8 +14,10 @@ enum class Key { Tab, BackTab, Enter, Escape };
 /// or the control cannot take the focus: then nothing at all has happened, and nothing may.
 [[nodiscard]] bool MoveFocus(Control& to);
 
-/// Picks a row with mouse or keyboard.
-void PickRow(RowControl& list, int row);
+/// Picks a row with mouse or keyboard. In a combo box a choice counts also if it is the row on
+/// show: what stands behind that row may be another value.
+void PickRow(ListBox& list, int row);
+void PickRow(ComboBox& combo, int row);
 void DoubleClick(ListBox& list, int row);
 
 /// Edits a text box as it is shown; the typed limit and the code page bind what comes in.

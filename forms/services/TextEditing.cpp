@@ -56,10 +56,9 @@ std::string Shown(std::string_view text, bool multiLine, std::string_view lineBr
 }
 
 // What a typed or pasted piece brings in.
-std::string Accepted(std::string_view piece, bool multiLine) {
-  if (IsLineBreak(piece)) return multiLine ? "\r\n" : "";
-  if (piece == std::string_view("\0", 1)) return "";  // would end the text
-  return AnsiToText(TextToAnsi(piece));
+std::string Accepted(std::string_view piece) {
+  const bool endsTheText = piece == std::string_view("\0", 1);
+  return endsTheText || IsLineBreak(piece) ? std::string() : AnsiToText(TextToAnsi(piece));
 }
 
 }  // namespace
@@ -108,9 +107,15 @@ std::string EditedText(const TextBox& box, const TextEdit& edit) {
   std::for_each(pieces.begin(), start, [&](std::string_view piece) { before += piece; });
   std::for_each(end, pieces.end(), [&](std::string_view piece) { after += piece; });
 
+  auto moved = start;  // a line break that was only moved keeps its bytes
+  const auto lineBreak = [&] {
+    moved = std::find_if(moved, end, IsLineBreak);
+    return moved == end ? std::string("\r\n") : std::string(*moved++);
+  };
   int room = box.TypedLimit - CharacterCount(before) - CharacterCount(after);
   for (const std::string_view piece : ShownPieces(edit.Inserted, true)) {
-    const std::string accepted = Accepted(piece, box.MultiLine);
+    const bool breaks = box.MultiLine && IsLineBreak(piece);
+    const std::string accepted = breaks ? lineBreak() : Accepted(piece);
     room -= CharacterCount(accepted);
     if (box.TypedLimit > 0 && room < 0) break;
     inserted += accepted;

@@ -1,4 +1,4 @@
-// Folders through POSIX calls. There are no hidden or system files here: a leading dot is no mark.
+// Folders through the calls of Linux. No file is hidden or a system file here: a dot is no mark.
 #include "platform/FolderScan.h"
 
 #include <dirent.h>
@@ -50,7 +50,7 @@ class Folder {
 
  private:
   int Descriptor;
-  alignas(dirent64) char Bytes[4096];
+  alignas(dirent64) char Bytes[4096] = {};
   const char* At = Bytes;
   std::size_t Fetched = 0;  // bytes from At on
 };

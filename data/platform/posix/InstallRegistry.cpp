@@ -71,8 +71,9 @@ std::optional<std::string> ReadInstalledTo() {
   const std::string registry = ReadRegistry(prefix + "/system.reg");
   for (const auto& key : {std::string(InstallKey), KeyOf32BitPrograms(InstallKey)}) {
     const auto value = FindRegistryValue(registry, key, InstallValue);
-    if (value && TextToAnsi(*value).size() <= InstallValueLimit)
-      return FolderOfThisSystem(prefix, std::string_view(*value).substr(0, value->find('\0')));
+    if (!value) continue;
+    if (TextToAnsi(*value).size() > InstallValueLimit) return std::nullopt;
+    return FolderOfThisSystem(prefix, std::string_view(*value).substr(0, value->find('\0')));
   }
   return std::nullopt;
 }

@@ -133,6 +133,8 @@ TEST(Controls, ASelectedRowSpeaksOnChangeAlone) {
   form.List.SetListIndex(0);
   EXPECT_EQ(form.After([&] { form.List.Clear(); }), "");
   EXPECT_EQ(form.List.ListIndex(), -1);
+  PickRow(form.Combo, 1);
+  EXPECT_EQ(form.After([&] { PickRow(form.Combo, 1); }), "combo1 ");  // a choice of the user counts
 }
 
 TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
@@ -158,6 +160,7 @@ TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
            {"01234567890", "01234567890", "01234567890\n", 12, "01234567890"},  // no half of a pair
            {"0123456789abcdef", "0123456789abcdef", "x0123456789abcdef", 1, "0123456789abcdef"},
            {"0123456789abcdef", "0123456789abcdef", "023456789abcdef", 1, "023456789abcdef"},
+           {"a\nb\rc", "a\nb\nc", "\nb\nca", 5, "\nb\rca"},  // moved: the breaks stay as they are
            {"aaa", "aaa", "aaaa", 1, "aaaa"},
            {"abc", "abc", "", 0, ""},
        }) {
