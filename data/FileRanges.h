@@ -12,12 +12,12 @@
 namespace corvane {
 
 struct ReadRange {
-  std::uint64_t Offset;
+  std::uint64_t Offset = 0;
   std::span<std::byte> Bytes;
 };
 
 struct WriteRange {
-  std::uint64_t Offset;
+  std::uint64_t Offset = 0;
   std::span<const std::byte> Bytes;
 };
 

@@ -16,7 +16,7 @@ enum class FileKind {
 };
 
 struct OpenOutcome {
-  FileKind Kind;
+  FileKind Kind = FileKind::OtherFile;
   FileResult Read;  // of a GameExeFile or PatchFile
 };
 

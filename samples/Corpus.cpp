@@ -39,7 +39,7 @@ Inputs RegistryInputs() {
 Inputs SessionInputs() {
   corvane::Noise noise(1944);
   Inputs inputs;
-  for (std::size_t size = 16; size <= 2048; size *= 2) {
+  for (std::size_t size = 16; size <= 512; size *= 2) {
     for (int i = 0; i < 4; ++i) inputs.push_back(noise.Bytes(size));
   }
   return inputs;

@@ -26,7 +26,7 @@ constexpr std::string_view Plan =
     "  |   |   |    "
     "  o-o o-o o-o  ";
 constexpr int PlanWidth = 15;
-static_assert(Plan.size() == PlanWidth * 11U);
+static_assert(Plan.size() == std::size_t{PlanWidth} * 11);
 
 constexpr std::string_view Places[] = {
     "Merlaut",  "Dornesch", "Alverin",  "Havrune",  "Jarvoy",   "Brenvau",  "Corvelle", "Gelbrun",

@@ -54,7 +54,8 @@ class Tour {
   void Expect(bool holds, const std::string& what);
   void ExpectChanged(const std::string& name, const std::string& before, std::size_t most);
   void ChooseFile(const MenuItem& item, const fs::path& file);
-  void OnMessage(const std::string& start, const std::string& answer, const char* picture = nullptr);
+  void OnMessage(const std::string& start, const std::string& answer,
+                 const char* picture = nullptr);
   static void TypeOver(const TextBox& box, const std::string& text);
 
   fs::path Folder, Game;

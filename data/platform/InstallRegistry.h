@@ -8,7 +8,7 @@
 namespace corvane {
 
 // The key is looked up under HKEY_LOCAL_MACHINE.
-inline constexpr char InstallKey[] = "Software\\Strategic Simulations Inc.\\Close Combat\\4.00\\";
+inline constexpr char InstallKey[] = R"(Software\Strategic Simulations Inc.\Close Combat\4.00\)";
 inline constexpr char InstallValue[] = "InstalledTo";
 inline constexpr std::size_t InstallValueLimit = 1024;  // bytes, the closing NUL included
 

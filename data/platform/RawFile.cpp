@@ -103,7 +103,7 @@ std::error_code RemoveFile(const std::string& path) {
 }
 
 std::string Reason(std::error_code error) {
-  const std::string words = SystemWords(error);
+  std::string words = SystemWords(error);
   if (!IsInUse(error)) return words;
   return words + " (it is open in another program, such as the game itself while it runs)";
 }

@@ -71,7 +71,9 @@ class RowList : public QListWidget {
     PerformAt(Shown, [this] { PickRow(Shown, currentRow()); });
   }
   // The list view's own would make a row the current one.
-  void focusInEvent(QFocusEvent* event) override { QAbstractScrollArea::focusInEvent(event); }
+  void focusInEvent(QFocusEvent* event) override {
+    QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
+  }
 
  private:
   void Do(const QMouseEvent& event, void (*gesture)(ListBox&, int row)) {

@@ -30,6 +30,8 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
           [this](QWidget*, const QWidget* now) { FollowFocus(now); });
 }
 
+FormWindow::~FormWindow() { qApp->disconnect(this); }  // the focus leaves widgets that go
+
 // The focus may come from elsewhere, such as a screen reader.
 void FormWindow::FollowFocus(const QWidget* now) {
   const auto at = std::ranges::find(Widgets, now, &ControlWidget::Widget);

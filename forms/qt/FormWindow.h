@@ -17,6 +17,7 @@ namespace corvane {
 class FormWindow : public QMainWindow, public FormView {
  public:
   explicit FormWindow(Form& form);
+  ~FormWindow() override;
 
   void Run() override;
   void Close() override;

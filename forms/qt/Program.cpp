@@ -1,6 +1,8 @@
 #include "Program.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QSettings>
 
 #include "ControlWidgets.h"
 #include "Display.h"
@@ -13,6 +15,10 @@ namespace corvane {
 int RunProgram(int argc, char** argv, Form& form) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setDesktopFileName("org.corvane.Corvane");
+  QApplication::setWindowIcon(QIcon::fromTheme("corvane"));
+  // Nothing is stored anywhere; the file dialog would keep a history.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   DressApplication();
   TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });
   TheDisplay.ShowMessage = [](const std::string& text, MessageButtons buttons) {

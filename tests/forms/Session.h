@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "Display.h"
 #include "ConnectionEditing.h"
+#include "Display.h"
 #include "FieldEntry.h"
 #include "Form1.h"
 #include "Gestures.h"

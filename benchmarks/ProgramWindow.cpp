@@ -1,0 +1,30 @@
+// The program up to its first window. With a game's file it opens that; with a word more it
+// measures the selection of maps.
+#include "Form1.h"
+#include "Program.h"
+#include "Shown.h"
+
+int main(int count, char** words) {
+  corvane::Form1 form;
+  const auto measure = [&] {
+    QWindow* window = QGuiApplication::topLevelWindows().constFirst();
+    while (!window->isExposed()) QApplication::processEvents();
+    if (count == 1) std::_Exit(0);
+    corvane::TheDisplay.ShowOpenDialog = [&](corvane::CommonDialog& dialog) {
+      dialog.FileName = words[1];
+      dialog.FileTitle = "CC4.EXE";
+    };
+    QWidget::find(window->winId())->findChild<QAction*>("mnuFileOpen")->trigger();
+    QApplication::processEvents();
+    if (count == 2) std::_Exit(0);
+    PrintSelectTime([&](int map) {
+      const int key = map > form.lstMaps.ListIndex() ? Qt::Key_Down : Qt::Key_Up;
+      QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+      QApplication::sendEvent(window, &event);
+      if (form.lstMaps.ListIndex() != map) std::_Exit(1);
+    });
+    std::_Exit(0);
+  };
+  form.Load = [&] { QTimer::singleShot(0, measure); };
+  return corvane::RunProgram(count, words, form);
+}

@@ -1,0 +1,65 @@
+// Rows of one table: a job as the program does it beside its floor, the least that the same job can
+// cost. Both are measured by turns, and only their ratio is judged: a busy machine slows both.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
+namespace corvane {
+
+/// Does its work and gives back what that cost, in the unit that its row's name tells.
+using Job = std::function<double()>;
+inline bool AnyRowOver = false;
+
+/// Ends the run if what was to be measured did not happen.
+inline void Require(bool happened, const char* what) {
+  if (happened) return;
+  std::fprintf(stderr, "not measured: %s\n", what);
+  std::exit(2);
+}
+
+/// Microseconds of one `work`, on average of so many.
+template <class Work>
+double Micros(int times, const Work& work) {
+  const auto start = std::chrono::steady_clock::now();
+  for (int time = 0; time < times; ++time) work();
+  const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - start;
+  return taken.count() / times;
+}
+
+inline double Quartile(std::vector<double> values, std::size_t quarter) {
+  std::ranges::sort(values);
+  return values[(values.size() - 1) * quarter / 4];
+}
+
+inline void AddRow(const char* what, const Job& ours, const char* floor, const Job& least,
+                   double atMost, int rounds) {
+  const auto measure = [=](benchmark::State& state) {
+    std::vector<double> costs, floors, ratios;
+    least();  // neither side pays for what is done once
+    ours();
+    for ([[maybe_unused]] auto round : state) {
+      const bool first = ratios.size() % 2 == 0;
+      if (first) costs.push_back(ours());
+      floors.push_back(least());
+      if (!first) costs.push_back(ours());
+      ratios.push_back(costs.back() / floors.back());
+    }
+    // Over where three rounds in four were; a median alone may be noise.
+    const bool over = Quartile(ratios, 1) > atMost;
+    const char* verdict = over ? "OVER" : Quartile(ratios, 2) > atMost ? "unsure" : "holds";
+    AnyRowOver |= over;
+    std::printf("| %s | %.1f | %s | %.1f | %.2f | %.2f | %s |\n", what, Quartile(costs, 2), floor,
+                Quartile(floors, 2), Quartile(ratios, 2), atMost, verdict);
+    std::fflush(stdout);
+  };
+  benchmark::RegisterBenchmark(what, measure)->Iterations(rounds);
+}
+
+}  // namespace corvane

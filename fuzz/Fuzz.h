@@ -1,0 +1,31 @@
+// What the fuzz drivers share. A promise that is broken ends the run.
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "ConsistencyCheck.h"
+#include "TableImages.h"
+#include "TestFolder.h"
+
+namespace corvane {
+
+void Run(const TestFolder& folder, const std::string& input);  // each driver has its own
+
+inline void Require(bool holds, const char* promise) {
+  if (!holds && std::fprintf(stderr, "BROKEN PROMISE: %s\n", promise) > 0) std::abort();
+}
+
+/// A file whose first `size` bytes were read and written back.
+inline std::string Reached(std::string bytes, std::size_t size) {
+  bytes.resize(std::max(bytes.size(), size), '\0');
+  return bytes;
+}
+
+}  // namespace corvane
+
+extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
+  static const TestFolder folder;
+  corvane::Run(folder, {data, size});
+  return 0;
+}

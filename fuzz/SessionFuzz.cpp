@@ -1,0 +1,99 @@
+// The input plays a session on a sample game: gestures on every control of the window in front,
+// answers to questions, a step on a file that fails. It also is a patch file and a BTD file there.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include "Fuzz.h"
+#include "forms/Session.h"
+
+namespace corvane {
+
+static const std::map<std::string, std::string> Files = GameFiles(MakeSampleGame());
+
+struct Player : Session {
+  FuzzedDataProvider Input;
+  std::vector<std::string> Gone;  // files that others have removed
+  int Steps = 0, FaultAt = -1;
+
+  auto UpTo(auto most) { return Input.ConsumeIntegralInRange(decltype(most){0}, most); }
+  auto& Pick(auto& list) { return *std::next(list.begin(), UpTo(std::ssize(list) - 1)); }
+
+  explicit Player(const std::string& input)
+      : Session(Files), Input(reinterpret_cast<const std::uint8_t*>(input.data()), input.size()) {
+    Folder.Put("p.crv", input);
+    if (input.size() % 2 == 1) Folder.Put("Maps/input.btd", input);
+    Folder.Put(".wine/system.reg",
+               R"([Software\\Strategic Simulations Inc.\\Close Combat\\4.00]
+                  "InstalledTo"=")" +
+                   File("") + '"');
+    setenv("HOME", Folder.Path.c_str(), 1);
+    InDialog = [this](Form& dialog) { Play(dialog); };
+    TheDisplay.ShowOpenDialog = TheDisplay.ShowSaveDialog = [this](CommonDialog& dialog) {
+      const bool opens = dialog.DefaultExt.empty();
+      Require(opens || CheckTables().empty(), "only sound tables are saved");
+      constexpr const char* Names[] = {"p.crv", "New.CRV", "Maps", "no/p.crv", "CC4.EXE"};
+      dialog.FileName = File(dialog.FileTitle = Names[UpTo(opens ? 4 : 3)]);
+    };
+    TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons buttons) {
+      const bool saves = text.starts_with("This will") || text.starts_with("Overwrite");
+      Require(!saves || CheckTables().empty(), "only sound tables are saved");
+      if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
+      return UpTo(3) == 0 ? MessageAnswer::No : MessageAnswer::Yes;
+    };
+    InjectedFault = [this](FileStep, std::size_t&) {
+      return Steps++ == FaultAt ? std::make_error_code(std::errc::io_error) : std::error_code();
+    };
+  }
+
+  void Play(Form& form) {
+    while (form.IsOpen() && !Ended && Input.remaining_bytes() > 0) {
+      const int gesture = UpTo(15);
+      if (gesture == 0) PressKey(form, static_cast<Key>(UpTo(3)));
+      if (gesture == 1) FaultAt = Steps + UpTo(60);
+      if (gesture == 2) UpTo(3) == 0 ? CloseWindow(form) : PressShortcut(form, Shortcut::CtrlS);
+      if (gesture == 3 && !form.Menus.empty()) Menu(*Pick(Pick(form.Menus)->Items));
+      if (gesture == 4 && &form == &Main)
+        UpTo(1) == 0 ? Main.cmdNewBTD_Click() : Main.cmdDelete_Click();
+      if (gesture == 5) std::filesystem::remove(File(Gone.emplace_back(Pick(Files).first)));
+      if (gesture > 5) std::visit([this](auto* control) { Use(*control); }, Pick(form.Controls));
+      Require(!Main.SettingArrow, "no arrow is being set between gestures");
+      Require(std::ranges::count(form.TabOrder(), form.Focused) == 1, "the focus can be there");
+      for (int map = 0; map < Main.lstMaps.ListCount(); ++map)
+        Require(Main.lstMaps.List(map) == MapRow(map), "rows stand where the map slots are");
+      for (const AnyControl& any : form.Controls) std::visit([](auto* each) { Check(*each); }, any);
+    }
+  }
+  void Use(Control& label) { static_cast<void>(MoveFocus(label)); }
+  void Use(Button& button) { Press(button); }
+  void Use(RowControl& list) { PickRow(list, UpTo(list.ListCount())); }
+  void Use(ListBox& list) { DoubleClick(list, UpTo(list.ListCount())); }
+  void Use(TextBox& box) {
+    const std::string text = Input.ConsumeRandomLengthString(40);
+    EditText(box, {UpTo(3), UpTo(99), UpTo(1) == 0 ? std::to_string(UpTo(900)) : text});
+  }
+  static void Check(const Control&) {}
+  static void Check(const RowControl& list) {
+    Require(list.ListIndex() >= -1 && list.ListIndex() < list.ListCount(), "a row is in its list");
+  }
+  static void Check(const TextBox& box) {
+    const std::string bytes = TextToAnsi(box.Text());
+    const bool fits = box.TypedLimit == 0 || std::ssize(bytes) <= box.TypedLimit + 1;
+    Require(fits && AnsiToText(bytes) == box.Text(), "what is shown can be stored");
+  }
+};
+
+}  // namespace corvane
+
+void corvane::Run(const TestFolder&, const std::string& input) {
+  Player player(input);
+  player.Menu(player.Main.mnuFileOpen);
+  player.Play(player.Main);
+  for (const auto& [name, old] : Files) {
+    if (std::ranges::count(player.Gone, name) > 0) continue;
+    std::string now = player.Folder.Get(name);
+    Require(now.size() >= old.size(), "a save never shortens a file");
+    if (name != "CC4.EXE") now.replace(0, BtdSize, old, 0, BtdSize);
+    for (const auto& [table, size, at] : TablePlaces)
+      if (now.size() > at) now.replace(at, size, old, at, size);
+    Require(now == old, "only the bytes that are known change");
+  }
+}

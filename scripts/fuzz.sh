@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# scripts/fuzz.sh SECONDS: builds the fuzz drivers and runs each of them for so long. An input that
+# breaks a promise stays in build/fuzz, named after its driver, which takes it as an argument.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+seconds=${1:?usage: scripts/fuzz.sh SECONDS}
+need fuzz
+build fuzz -- --quiet
+
+# In memory where that is possible, and deep enough for a base name that climbs.
+memory=/dev/shm
+[ -w "$memory" ] || memory=${TMPDIR:-/tmp}
+scratch=$(mktemp -d -p "$memory")
+trap 'rm -rf "$scratch"' EXIT
+export TMPDIR=$scratch/two/deep
+mkdir -p "$TMPDIR"
+build/fuzz/samples/corvane-corpus "$scratch/corpus"
+
+found=0
+for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz; do
+  log=build/fuzz/$driver.log
+  longest=16384
+  [ "$driver" != SessionFuzz ] || longest=512
+  # Looking for leaks after each run would take longer than the run.
+  if build/fuzz/fuzz/$driver -max_total_time="$seconds" -max_len=$longest -timeout=10 \
+    -detect_leaks=0 -print_final_stats=1 -artifact_prefix="build/fuzz/$driver-" \
+    "$scratch/corpus/$driver" >"$log" 2>&1; then
+    result="nothing found"
+  else
+    result="FOUND: $(sed -n 's/.*Test unit written to //p' "$log"), see $log"
+    found=1
+  fi
+  printf '%-13s%8s runs,%6s a second: %s\n' "$driver" \
+    "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" \
+    "$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")" "$result"
+  grep 'BROKEN PROMISE' "$log" || true
+done
+exit $found
