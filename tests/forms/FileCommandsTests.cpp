@@ -86,15 +86,3 @@ TEST(FileCommands, AnOpenThatFailsLeavesEverything) {
   EXPECT_TRUE(MapConnections == before && TablesDirty && main.lstMaps.ListIndex() == 7);
   EXPECT_FALSE(session.Ended);
 }
-
-TEST(FileCommands, MapFilesThatCannotBeReadAreNamedOnceTheCatalogueStands) {
-  Session session;
-  InjectedFault = [opened = 0](FileStep step, std::size_t&) mutable {
-    return step == FileStep::Open && ++opened == 2 ? std::make_error_code(std::errc::io_error)
-                                                   : std::error_code();
-  };
-  session.OpenFile("CC4.EXE");
-  EXPECT_EQ(session.Main.lstMaps.ListCount(), MapSlotCount - 1);
-  EXPECT_NE(session.Told().at(0).find("may no longer agree:\r\n" + session.File("")),
-            std::string::npos);
-}

@@ -73,19 +73,6 @@ TEST(FieldEntry, StoresDigitsAndRefusesEverythingElseWithOneBeep) {
   Beep = [] {};
 }
 
-TEST(FieldEntry, EveryFieldStoresInItsOwnPlace) {
-  ResetTables();
-  std::int32_t number = 0;
-  for (const NumericField* field :
-       {&MapLeft, &MapTop, &MapWidth, &MapHeight, &MapCenterX, &MapCenterY, &ArrowLeft, &ArrowTop,
-        &ArrowWidth, &ArrowHeight}) {
-    EXPECT_TRUE(EnterField(*field, 3, std::to_string(++number)));
-  }
-  EXPECT_EQ(StrMap[3], (StrRect{0, 0, 0, 1, 2, 3, 4}));
-  EXPECT_EQ(MapHotspots[3], (Hotspot{5, 6}));
-  EXPECT_EQ(StrArrow[3], (StrRect{0, 0, 0, 7, 8, 9, 10}));
-}
-
 TEST(MapSlots, AddingStopsAt41RowsAndKeepsTextOrder) {
   ResetTables();
   for (int map = 0; map < 40; ++map) MapRows.push_back(ThreeDigits(map) + " A.btd");
