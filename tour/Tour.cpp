@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ namespace fs = std::filesystem;
 
 std::string ReadFile(const fs::path& path) {
   std::error_code error;
-  const auto size = fs::file_size(path, error);
+  const auto size = static_cast<std::size_t>(fs::file_size(path, error));
   if (error) return {};
   std::string bytes(size, '\0');
   std::ifstream(path, std::ios::binary).read(bytes.data(), static_cast<std::streamsize>(size));
@@ -41,12 +42,15 @@ class Tour {
   void OpenTheGame();
   void MoveATile();
   void ChangeAnArrow();
-  void RemoveAConnection();
-  void BeRefused();
-  void AddTheConnection();
-  void EditTheMapFile();
+  void RemoveTheConnection(int map);
+  void BeRefused(const char* finding);
+  void AddTheConnection(int map, const char* to);
+  void TakeTheExitAway();
+  void MakeTheExit();
+  void EditTheMapFile(const std::function<void(const dlgEditBTD& names)>& edit);
   void SaveIntoTheExecutable();
   void SaveAPatch();
+  void OpenAgain();
   void ReadTheHelp();
 
   void Step(const char* what) { std::printf("\n%d. %s\n", ++Steps, what); }
@@ -146,55 +150,83 @@ void Tour::ChangeAnArrow() {
          "arrow " + Seen(Main.cboArrows) + " in place of " + before);
 }
 
-void Tour::RemoveAConnection() {
-  Step("Delete that connection");
+void Tour::RemoveTheConnection(int map) {
+  Step("Delete the first connection of a map");
+  PressRow(Main.lstMaps, map);
   const int rows = Main.lstConnections.ListCount();
-  OnMessage("Are you sure you want to delete the connection from map 001", "Return",
-            "question.png");
+  OnMessage("Are you sure you want to delete the connection from map 00" + std::to_string(map),
+            "Return", "question.png");
   PressAt(Main.cmdDeleteConnection);
   Expect(Main.lstConnections.ListCount() == rows - 1, "one connection less");
 }
 
-void Tour::BeRefused() {
+void Tour::BeRefused(const char* finding) {
   Step("File, Save EXE Changes: the check refuses");
   const std::string before = ReadFile(Game / "CC4.EXE");
-  OnMessage("Error: ", "Return", "findings.png");
+  OnMessage(std::string("Error: \n") + finding, "Return", "findings.png");
   PressMenu(Main.mnuFile);
   PressItem(Main.mnuFileSave);
   Expect(ReadFile(Game / "CC4.EXE") == before && TablesDirty, "CC4.EXE untouched");
 }
 
-void Tour::AddTheConnection() {
+void Tour::AddTheConnection(int map, const char* to) {
   Step("Add the connection again");
+  PressRow(Main.lstMaps, map);
   const dlgAddConnection names(Main);
   WhenNext([&] {
     PressAt(names.cboLstMaps);
     Strike("Home");
+    if (map == 0) Strike("Down");
     Strike("Return");
-    Expect(Seen(names.cboLstMaps).starts_with("000 "), "destination " + Seen(names.cboLstMaps));
+    Expect(Seen(names.cboLstMaps).starts_with(to), "destination " + Seen(names.cboLstMaps));
     Picture("add-connection.png");
     PressAt(names.OKButton);
   });
   PressAt(Main.cmdAddConnection);
-  Expect(Seen(Main.lstConnections).starts_with("000 ") && Seen(Main.cboArrows) == "000",
+  Expect(Seen(Main.lstConnections).starts_with(to) && Seen(Main.cboArrows) == "000",
          "the connection to " + Seen(Main.lstConnections) + ", with arrow 000");
 }
 
-void Tour::EditTheMapFile() {
-  Step("Double click on the map, rename its first victory location, OK");
+// Plays an edit of the second map's first victory location.
+void Tour::EditTheMapFile(const std::function<void(const dlgEditBTD& names)>& edit) {
   const dlgEditBTD names(Main);
-  const fs::path file = fs::path("Maps") / Seen(Main.lstMaps).substr(4);
+  const fs::path file = fs::path("Maps") / Main.lstMaps.List(1).substr(4);
   const std::string before = ReadFile(Game / file);
   WhenNext([&] {
-    TypeOver(names.txtVLName, "Touring");
-    Expect(Seen(names.lstVLs) == "Touring", "the list follows each key");
+    edit(names);
     Picture("edit-map-btd.png");
     OnMessage("Replace existing ", "Return");
-    Strike("Return");
+    PressAt(names.OKButton);
   });
   DoubleClickRow(Main.lstMaps, 1);
-  ExpectChanged(file.generic_string(), before, 20);
+  ExpectChanged(file.generic_string(), before, 24);
   Expect(Seen(Main.lstMaps).starts_with("000 "), "the catalogue from its first map on again");
+}
+
+void Tour::TakeTheExitAway() {
+  Step("Double click on the second map: rename its first victory location, make it no exit, OK");
+  EditTheMapFile([this](const dlgEditBTD& names) {
+    TypeOver(names.txtVLName, "Touring");
+    Expect(Seen(names.lstVLs) == "Touring", "the list follows each key");
+    PressAt(names.cboVLType);
+    Strike("Home");
+    Strike("Return");
+    Expect(Seen(names.cboVLType) == "NONE", "type NONE");
+  });
+}
+
+void Tour::MakeTheExit() {
+  Step("Edit it again: an exit to the first map, OK");
+  EditTheMapFile([this](const dlgEditBTD& names) {
+    PressAt(names.cboVLType);
+    Strike("Down");
+    Strike("Return");
+    PressAt(names.cboVLDest);
+    Strike("Home");
+    Strike("Return");
+    Expect(Seen(names.cboVLType) == "Exit Location" && Seen(names.cboVLDest).starts_with("000 "),
+           "an exit location that leads to " + Seen(names.cboVLDest));
+  });
 }
 
 void Tour::SaveIntoTheExecutable() {
@@ -203,7 +235,7 @@ void Tour::SaveIntoTheExecutable() {
   OnMessage("This will directly modify the file ", "Return");
   PressMenu(Main.mnuFile);
   PressItem(Main.mnuFileSave);
-  ExpectChanged("CC4.EXE", before, 8);
+  ExpectChanged("CC4.EXE", before, 12);
   Expect(!TablesDirty, "nothing left to save");
 }
 
@@ -220,6 +252,14 @@ void Tour::SaveAPatch() {
          "11212 bytes, beginning with the tiles that stand in CC4.EXE");
 }
 
+void Tour::OpenAgain() {
+  Step("File, Open: CC4.EXE once more");
+  const ConnectionTable connections = MapConnections;
+  MapConnections = {};
+  ChooseFile(Main.mnuFileOpen, Game / "CC4.EXE");
+  Expect(MapConnections == connections && StrMap[1].Left == 321, "all as it was saved");
+}
+
 void Tour::ReadTheHelp() {
   Step("Help, Basic Instructions");
   OnMessage("Basic Instructions on using Corvane:", "Return", "help.png");
@@ -231,12 +271,19 @@ void Tour::Play() {
   OpenTheGame();
   MoveATile();
   ChangeAnArrow();
-  RemoveAConnection();
-  BeRefused();
-  AddTheConnection();
-  EditTheMapFile();
+  RemoveTheConnection(1);
+  RemoveTheConnection(0);
+  BeRefused("No STRARROW defined for BTD link from 000 ");
+  AddTheConnection(0, "001 ");
+  ChangeAnArrow();
+  AddTheConnection(1, "000 ");
+  ChangeAnArrow();
+  TakeTheExitAway();
+  BeRefused("No reciprocating BTD link defined for connection from map 000 ");
+  MakeTheExit();
   SaveIntoTheExecutable();
   SaveAPatch();
+  OpenAgain();
   ReadTheHelp();
 }
 
