@@ -64,7 +64,7 @@ struct Player : Session {
   }
   void Use(Control& label) { static_cast<void>(MoveFocus(label)); }
   void Use(Button& button) { Press(button); }
-  void Use(RowControl& list) { PickRow(list, UpTo(list.ListCount())); }
+  void Use(ComboBox& combo) { PickRow(combo, UpTo(combo.ListCount())); }
   void Use(ListBox& list) { DoubleClick(list, UpTo(list.ListCount())); }
   void Use(TextBox& box) {
     const std::string text = Input.ConsumeRandomLengthString(40);
