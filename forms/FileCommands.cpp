@@ -1,7 +1,5 @@
 // The commands of the File menu: the only way in which data enters or leaves the tables.
 
-#include <filesystem>
-
 #include "ConsistencyCheck.h"
 #include "Form1.h"
 #include "GameFolder.h"
@@ -13,12 +11,6 @@ namespace corvane {
 namespace {
 
 constexpr char PatchFilter[] = "Corvane Patch Files (*.crv)|*.crv";
-
-std::string CurrentFolder() {
-  std::error_code error;  // without a current folder the dialog starts where it likes
-  const std::u8string folder = std::filesystem::current_path(error).u8string();
-  return {folder.begin(), folder.end()};
-}
 
 // The file that a save would change, as the open dialog named it.
 std::string OpenedGameExe() { return GamePath + GameExePath().substr(GamePath.size() + 1); }

@@ -13,7 +13,7 @@ packages_outside="$packages_test strace"
 packages_benchmark="$packages_test libbenchmark-dev"
 packages_package="$packages_build dpkg-dev file desktop-file-utils appstream lintian"
 packages_windows="cmake ninja-build g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest wine wine64
-  xvfb xauth zip imagemagick"
+  xvfb xauth zip fonts-wine"
 
 name_packages() {
   cat >&2 <<'END'

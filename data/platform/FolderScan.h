@@ -28,6 +28,9 @@ inline constexpr char Separator = static_cast<char>(std::filesystem::path::prefe
 /// True if an ordinary file, neither hidden nor system, stands at `path`.
 [[nodiscard]] bool OrdinaryFileExists(const std::string& path);
 
+/// The folder that the process stands in; empty if it cannot be told.
+[[nodiscard]] std::string CurrentFolder();
+
 /// Capitals for the letters a to z; every other byte stays.
 [[nodiscard]] std::string InCapitals(std::string_view text);
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 
 namespace corvane {
 namespace {
@@ -106,6 +107,11 @@ std::string NameInFolder(const std::string& folder, const std::string& name,
 bool OrdinaryFileExists(const std::string& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string CurrentFolder() {
+  char folder[PATH_MAX];
+  return ::getcwd(folder, sizeof folder) != nullptr ? folder : "";
 }
 
 }  // namespace corvane

@@ -66,4 +66,10 @@ bool OrdinaryFileExists(const std::string& path) {
   return IsOrdinaryFile(::GetFileAttributesW(TextToWide(path).c_str()));
 }
 
+std::string CurrentFolder() {
+  std::wstring folder(::GetCurrentDirectoryW(0, nullptr), L'\0');
+  folder.resize(::GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+  return WideToText(folder);
+}
+
 }  // namespace corvane
