@@ -17,6 +17,8 @@ fi
 export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 mkdir -p "$WINEPREFIX"
 [ -f "$WINEPREFIX/system.reg" ] || wineboot --init >build/wine/boot.log 2>&1
+# Wine draws with these where it has no others.
+cp -n /usr/share/wine/fonts/*.ttf build/wine/drive_c/windows/Fonts/ 2>/dev/null || true
 trap 'wineserver -k || true' EXIT
 
 for preset in windows windows32; do
