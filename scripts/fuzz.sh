@@ -18,7 +18,7 @@ export TMPDIR=$scratch/two/deep
 mkdir -p "$TMPDIR"
 build/fuzz/samples/corvane-corpus "$scratch/corpus"
 
-found=0
+failed=0
 for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz; do
   log=build/fuzz/$driver.log
   longest=16384
@@ -29,12 +29,13 @@ for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz; do
     "$scratch/corpus/$driver" >"$log" 2>&1; then
     result="nothing found"
   else
-    result="FOUND: $(sed -n 's/.*Test unit written to //p' "$log"), see $log"
-    found=1
+    input=$(sed -n 's/.*Test unit written to //p' "$log")
+    result="FAILED, ${input:-broken off without a finding}, see $log"
+    failed=1
   fi
   printf '%-13s%8s runs,%6s a second: %s\n' "$driver" \
     "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" \
     "$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")" "$result"
   grep 'BROKEN PROMISE' "$log" || true
 done
-exit $found
+exit $failed
