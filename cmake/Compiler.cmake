@@ -23,7 +23,7 @@ if(WIN32)
   # One file that needs nothing installed.
   set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
   if(MINGW)
-    target_link_options(corvane_compiler INTERFACE -static)
+    target_link_options(corvane_compiler INTERFACE -static $<$<CONFIG:Release>:-s>)
   endif()
 endif()
 

@@ -1,6 +1,9 @@
-// corvane_tour FOLDER: plays the main job in the real windows, from open to save, by mouse and
-// keyboard as a person would, on a sample game made in FOLDER. It tells each step and what is seen,
-// leaves a picture of each window there, and fails if anything comes out otherwise than it must.
+// corvane_tour FOLDER [first|second|patch]: plays the main job in the real windows, from open to
+// save, by mouse and keyboard as a person would, on a sample game made in FOLDER. It tells each
+// step and what is seen, leaves a picture of each window there, and fails if anything comes out
+// otherwise than it must. The two parts make the same files one after the other, each in a program
+// of its own; the third opens the patch file that the second saved, with the maps of the game that
+// is installed.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -35,10 +38,12 @@ std::string ReadFile(const fs::path& path) {
 class Tour {
  public:
   explicit Tour(const fs::path& folder) : Folder(folder), Game(folder / "game") {}
-  int Run();
+  int Run(const std::string& part);
 
  private:
-  void Play();
+  void Play(const std::string& part);
+  void MoveAndAssign();
+  void BreakAndMendTheNetwork();
   void OpenTheGame();
   void MoveATile();
   void ChangeAnArrow();
@@ -51,6 +56,7 @@ class Tour {
   void SaveIntoTheExecutable();
   void SaveAPatch();
   void OpenAgain();
+  void OpenThePatch();
   void ReadTheHelp();
 
   void Step(const char* what) { std::printf("\n%d. %s\n", ++Steps, what); }
@@ -163,10 +169,11 @@ void Tour::RemoveTheConnection(int map) {
 void Tour::BeRefused(const char* finding) {
   Step("File, Save EXE Changes: the check refuses");
   const std::string before = ReadFile(Game / "CC4.EXE");
+  const bool dirty = TablesDirty;
   OnMessage(std::string("Error: \n") + finding, "Return", "findings.png");
   PressMenu(Main.mnuFile);
   PressItem(Main.mnuFileSave);
-  Expect(ReadFile(Game / "CC4.EXE") == before && TablesDirty, "CC4.EXE untouched");
+  Expect(ReadFile(Game / "CC4.EXE") == before && TablesDirty == dirty, "CC4.EXE untouched");
 }
 
 void Tour::AddTheConnection(int map, const char* to) {
@@ -267,10 +274,21 @@ void Tour::ReadTheHelp() {
   PressItem(Main.mnuHelpBasic);
 }
 
-void Tour::Play() {
-  OpenTheGame();
+void Tour::OpenThePatch() {
+  Step("File, Open: the patch file");
+  ChooseFile(Main.mnuFileOpen, Game / "Tour.crv");
+  Expect(StrMap[1].Left == 321 && !TablesDirty, "the tile where the patch has it");
+  Expect(Main.lstMaps.ListCount() == MapSlotCount, "43 maps");
+  for (int row = 0; row < Main.lstMaps.ListCount(); ++row)
+    std::printf("   %s\n", Main.lstMaps.List(row).c_str());
+}
+
+void Tour::MoveAndAssign() {
   MoveATile();
   ChangeAnArrow();
+}
+
+void Tour::BreakAndMendTheNetwork() {
   RemoveTheConnection(1);
   RemoveTheConnection(0);
   BeRefused("No STRARROW defined for BTD link from 000 ");
@@ -281,22 +299,32 @@ void Tour::Play() {
   TakeTheExitAway();
   BeRefused("No reciprocating BTD link defined for connection from map 000 ");
   MakeTheExit();
+}
+
+void Tour::Play(const std::string& part) {
+  if (part == "patch") return OpenThePatch();
+  OpenTheGame();
+  if (part != "second") MoveAndAssign();
+  if (part != "first") BreakAndMendTheNetwork();
   SaveIntoTheExecutable();
+  if (part == "first") return;
   SaveAPatch();
   OpenAgain();
   ReadTheHelp();
 }
 
-int Tour::Run() {
-  std::error_code ignored;  // what stays would make the sample game fail
-  fs::remove_all(Game, ignored);
-  const FileResult made = WriteSampleGame(Game, MakeSampleGame());
-  if (!made.Done()) {
-    std::printf("%s\n", made.Failure.c_str());
-    return 1;
+int Tour::Run(const std::string& part) {
+  if (part.empty() || part == "first") {
+    std::error_code ignored;  // what stays would make the sample game fail
+    fs::remove_all(Game, ignored);
+    const FileResult made = WriteSampleGame(Game, MakeSampleGame());
+    if (!made.Done()) {
+      std::printf("%s\n", made.Failure.c_str());
+      return 1;
+    }
   }
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
-  corvane::Play(Main, [this] { Play(); });
+  corvane::Play(Main, [&] { Play(part); });
   std::printf("\n%s\n", Failed ? "The tour FAILED." : "All came out as it must.");
   return Failed ? 1 : 0;
 }
@@ -305,9 +333,11 @@ int Tour::Run() {
 }  // namespace corvane
 
 int main(int count, char** arguments) {
-  if (count != 2) {
-    std::printf("usage: corvane_tour FOLDER\n");
+  const std::string part = count == 3 ? arguments[2] : "";
+  if (count < 2 || count > 3 ||
+      (count == 3 && part != "first" && part != "second" && part != "patch")) {
+    std::printf("usage: corvane_tour FOLDER [first|second|patch]\n");
     return 2;
   }
-  return corvane::Tour(std::filesystem::absolute(arguments[1])).Run();
+  return corvane::Tour(std::filesystem::absolute(arguments[1])).Run(part);
 }
