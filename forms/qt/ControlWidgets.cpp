@@ -181,6 +181,8 @@ ControlWidget Make(ListBox& list, QWidget* parent) {
 
 ControlWidget Make(ComboBox& combo, QWidget* parent) {
   auto* box = new QComboBox(parent);
+  // On Linux a reader hears the row that is shown as the name.
+  box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
   box->view()->setFont(QApplication::font());
   const QSize room = PlaceOf(combo).size() - QSize(SlimStyle::ComboArrow + 6, 0);
   QObject::connect(box, &QComboBox::activated, box,
@@ -191,6 +193,18 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
             box->setFont(Narrowed(box->currentText(), room, Qt::TextSingleLine));
             if (newRows) box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 24);
           }};
+}
+
+// The style draws edges somewhat darker than the window's colour, which on black is black.
+void BrightenEdges() {
+  QPalette palette = QApplication::palette();
+  if (palette.color(QPalette::Window).lightness() >= 128) return;
+  const QColor text = palette.color(QPalette::WindowText);
+  palette.setColor(QPalette::Mid, text);
+  QApplication::setPalette(palette);
+  palette.setColor(QPalette::Window, text);
+  for (const char* kind : {"QLineEdit", "QAbstractScrollArea", "QComboBox", "QPushButton"})
+    QApplication::setPalette(palette, kind);
 }
 
 }  // namespace
@@ -216,6 +230,7 @@ void DressApplication() {
   font.setPixelSize(11);
   QApplication::setFont(font);
   QApplication::setStyle(new SlimStyle);
+  BrightenEdges();
   qApp->setStyleSheet(Look);
 }
 
