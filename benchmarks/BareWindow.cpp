@@ -1,13 +1,18 @@
-// An empty window. With a word more it measures the selection of maps in bare widgets.
+// An empty window; with "word" there is one in it. With "select" it measures the selection of maps
+// in bare widgets.
+#include <cstring>
+
 #include "Shown.h"
 
 int main(int count, char** words) {
   QApplication application(count, words);
   QMainWindow window;
+  const bool word = count == 2 && std::strcmp(words[1], "word") == 0;
+  if (word) window.setCentralWidget(new QLabel(words[1]));
   window.resize(447, 341);
   window.show();
   while (!window.windowHandle()->isExposed()) QApplication::processEvents();
-  if (count == 1) std::_Exit(0);
+  if (count == 1 || word) std::_Exit(0);
   const auto place = [ground = new QWidget](auto* widget, const QRect& at) {
     widget->setParent(ground);
     widget->setGeometry(at);

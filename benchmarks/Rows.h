@@ -15,7 +15,6 @@ namespace corvane {
 
 /// Does its work and gives back what that cost, in the unit that its row's name tells.
 using Job = std::function<double()>;
-inline bool AnyRowOver = false;
 
 /// Ends the run if what was to be measured did not happen.
 inline void Require(bool happened, const char* what) {
@@ -54,7 +53,6 @@ inline void AddRow(const char* what, const Job& ours, const char* floor, const J
     // Over where three rounds in four were; a median alone may be noise.
     const bool over = Quartile(ratios, 1) > atMost;
     const char* verdict = over ? "OVER" : Quartile(ratios, 2) > atMost ? "unsure" : "holds";
-    AnyRowOver |= over;
     std::printf("| %s | %.1f | %s | %.1f | %.2f | %.2f | %s |\n", what, Quartile(costs, 2), floor,
                 Quartile(floors, 2), Quartile(ratios, 2), atMost, verdict);
     std::fflush(stdout);
