@@ -1,16 +1,30 @@
-// A folder of a test's own, and around it a program as it starts.
+// A folder of a test's own, and around it a program as it starts. The folder and any injected fault
+// are gone when the test ends.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <random>
+
 #include "ResetTables.h"
 #include "SampleGame.h"
-#include "data/platform/TemporaryFolder.h"
+#include "platform/RawFile.h"
 
-struct TestFolder : TemporaryFolder {
+struct TestFolder {
   TestFolder() {
     corvane::ResetTables();
     std::filesystem::create_directories(Path);
+  }
+  ~TestFolder() {
+    corvane::InjectedFault = nullptr;
+    std::filesystem::remove_all(Path);
+  }
+  std::string operator/(const std::string& name) const { return (Path / name).string(); }
+  void Put(const std::string& name, const std::string& content = {}) const {
+    std::filesystem::create_directories((Path / name).parent_path());
+    std::ofstream(Path / name, std::ios::binary) << content;
   }
   std::string Get(const std::string& name) const {
     std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(Path / name)), '\0');
@@ -18,6 +32,8 @@ struct TestFolder : TemporaryFolder {
         .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return bytes;
   }
+  std::filesystem::path Path = std::filesystem::temp_directory_path() /
+                               ("corvane-test-" + std::to_string(std::random_device()()));
 };
 
 /// Every step on a file from the one of this number on, counted from 0, fails.

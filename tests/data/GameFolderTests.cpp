@@ -1,4 +1,3 @@
-#include "ConsistencyCheck.h"
 #include "GameFolder.h"
 #include "MapCatalogue.h"
 #include "TestFolder.h"
@@ -14,20 +13,36 @@ TEST(GameFolder, TellsTheKindOfFileByItsName) {
   for (const auto& [title, kind] : rows) EXPECT_EQ(KindOfFile(title), kind) << title;
 }
 
-TEST(GameFolder, OpensAWholeGameOrChangesNothing) {
-  const TestFolder folder;
-  const SampleGame game = MakeSampleGame();
-  ASSERT_TRUE(WriteSampleGame(folder.Path, game).Done());
-  std::filesystem::rename(folder / "CC4.EXE", folder / "cc4.Exe");
-  TablesDirty = true;
-  EXPECT_TRUE(OpenTables(folder / "cc4.Exe", "cc4.Exe").Read.Done() && TablesDirty);
-  EXPECT_TRUE(LoadMapCatalogue().empty() && CheckTables().empty());
-  for (const SampleMap& map : game.Maps)
-    EXPECT_EQ(RowFileName(MapRow(map.Header.MapIndex)), map.FileName);
-  std::filesystem::create_directories(folder / "a/CC4.EXE");
-  for (const char* name : {"a/CC4.EXE", "gone/CC4.EXE"})
-    EXPECT_FALSE(OpenTables(folder / name, "CC4.EXE").Read.Done());
-  EXPECT_EQ(OpenTables(folder / "a.txt", "a.txt").Kind, OtherFile);
-  EXPECT_EQ(GamePath + OpenedFile, folder / "cc4.Exe");
-  EXPECT_TRUE(StrMap == game.Tables.Tiles && MapHotspots == game.Tables.Hotspots);
+struct MapCatalogue : testing::Test {
+  MapCatalogue() { GamePath = Folder / ""; }
+  void PutMap(const std::string& name, int index) const {  // its eight exits lead to 233
+    SampleMap map{{}, {0, static_cast<std::uint8_t>(index)}, {}, {}, {}};
+    map.VLs.fill({.Kind = 50, .Destination = 233});
+    map.VLs[8].Kind = 49, map.VLs[9].Kind = 50 + 256;
+    Folder.Put("Maps/" + name, BtdBytes(map));
+  }
+  const TestFolder Folder;
+};
+
+TEST_F(MapCatalogue, OrdersRowsByNumberThenNameAndHoldsNoMoreThanTheTables) {
+  PutMap("b.btd", 2), PutMap("C.BTD", 2), PutMap("x.btd", 43), PutMap("y.btd", 255);
+  VLDest(7, 3) = 77;
+  EXPECT_EQ(LoadMapCatalogue() + LoadMapCatalogue(), "");
+  EXPECT_EQ(MapRows, (decltype(MapRows){"002 b.btd", "002 C.BTD", "043 x.btd", "255 y.btd"}));
+  EXPECT_EQ(MapRow(-1) + MapRow(3) + MapRow(4), "255 y.btd");
+  EXPECT_TRUE(RowMapIndex("3127up") == 312 && RowMapIndex("01") == -1 && RowMapIndex("-12") == -1);
+  for (int vl = 0; vl < 10; ++vl) EXPECT_EQ(VLDest(2, vl), vl < 8 ? 233 : -1) << vl;
+  EXPECT_TRUE(VLDest(7, 3) == 77 && VLDest(42, 9) == 0);
+  for (int file = 0; file < 45; ++file) PutMap(ThreeDigits(file) + ".bTd", file);
+  EXPECT_TRUE(LoadMapCatalogue().empty() && MapRows.size() == 43);
+  EXPECT_TRUE(ArrowRows.size() == 81 && ArrowRows[80] == "080");
+}
+
+TEST_F(MapCatalogue, SaysWhichFilesItCannotRead) {
+  for (const char* name : {"a.btd", "b.btd"}) PutMap(name, 0);
+  FailFrom(3);  // the steps of one file
+  const std::string message = LoadMapCatalogue();
+  ASSERT_EQ(MapRows.size(), 1U) << message;
+  EXPECT_EQ(message.find(RowFileName(MapRows[0])), message.npos);
+  EXPECT_NE(message.find(MapRows[0] == "000 a.btd" ? "b.btd" : "a.btd"), message.npos);
 }

@@ -1,46 +1,11 @@
 #include "Session.h"
+#include "platform/InstallRegistry.h"
 
 using namespace corvane;
-using Texts = std::vector<std::string>;
-
-TEST(FileCommands, ASaveChangesTheEditedBytesAndNoOthers) {
-  Session session;
-  Form1& main = session.Main;
-  const auto exe = [&] { return session.Folder.Get("CC4.EXE"); };
-  std::string wanted = exe();
-  session.OpenFile("CC4.EXE");
-  session.Menu(main.mnuFileSave);
-  EXPECT_TRUE(exe() == wanted);
-  EXPECT_EQ(session.Told(),
-            Texts{"This will directly modify the file " + session.File("CC4.EXE") +
-                  ". If there are errors in the changes you have made, the game will almost "
-                  "certainly crash. Are you absolutely sure you want to do this?"});
-  PickRow(main.lstMaps, 3);
-  session.Type(main.txtMapLeft, "801");
-  session.Menu(main.mnuFileSave);  // what is being typed is not in the tables
-  PressKey(main, Key::Tab);
-  session.Told();
-  for (MenuItem* item : {&main.mnuFileSave, &main.mnuFileSavePatch}) {
-    session.Asked = {};
-    session.Menu(*item);
-    EXPECT_EQ(session.Told(), Texts{"Error: \r\nInvalid tile coordinates for STRMAP 3"});
-    EXPECT_EQ(session.Asked.Filter, "");
-  }
-  session.Type(main.txtMapLeft, "513");
-  PressKey(main, Key::Tab);
-  session.Answer = MessageAnswer::No;
-  session.Menu(main.mnuFileSave);
-  EXPECT_TRUE(exe() == wanted && TablesDirty);
-  session.Answer = MessageAnswer::Yes;
-  session.Menu(main.mnuFileSave);
-  wanted.replace(1147264 + 3 * 28 + 12, 4, {"\x01\x02\x00\x00", 4});
-  EXPECT_TRUE(exe() == wanted && !TablesDirty);
-}
 
 TEST(FileCommands, PatchFilesGoOutAndAsk) {
-  Session session;
+  Session session(GameFiles(MakeSampleGame()));
   Form1& main = session.Main;
-  EXPECT_TRUE(main.mnuFileSave.Enabled && main.mnuFileSavePatch.Enabled);
   PressShortcut(main, Shortcut::CtrlS);
   EXPECT_FALSE(main.mnuFileSave.Enabled || main.mnuFileSavePatch.Enabled);
   EXPECT_TRUE(session.Told().empty());
@@ -55,7 +20,8 @@ TEST(FileCommands, PatchFilesGoOutAndAsk) {
   session.Menu(main.mnuFileSavePatch);
   session.Menu(main.mnuFileOpen);
   EXPECT_TRUE(TablesDirty);
-  session.SavePatch("New.crv");
+  session.Choice = session.File("New.crv");
+  PressShortcut(main, Shortcut::CtrlS);
   EXPECT_TRUE(session.Told().empty() && !TablesDirty);
   EXPECT_EQ(asked.Filter, "Corvane Patch Files (*.crv)|*.crv");
   EXPECT_TRUE(asked.Flags == 2048 && asked.DefaultExt == ".CRV" && asked.InitDir == GamePath);
@@ -73,16 +39,23 @@ TEST(FileCommands, PatchFilesGoOutAndAsk) {
 TEST(FileCommands, AnOpenThatFailsLeavesEverything) {
   Session session;
   Form1& main = session.Main;
-  session.OpenFile("CC4.EXE");
   PickRow(main.lstMaps, 7);
   PickRow(main.cboArrows, 44);
   const ConnectionTable before = MapConnections;
-  session.OpenFile("x.crv.bak");
-  EXPECT_EQ(session.Told(), Texts{"Error: The file you are trying to open doesn't appear to be "
-                                  "CC4.EXE or a valid patch file."});
-  session.OpenFile("Maps/CC4.EXE");  // gone between choosing and reading
-  EXPECT_TRUE(session.Told().at(0).starts_with("Error: " + session.File("Maps")));
-  EXPECT_EQ(GamePath, session.File(""));
-  EXPECT_TRUE(MapConnections == before && TablesDirty && main.lstMaps.ListIndex() == 7);
-  EXPECT_FALSE(session.Ended);
+  const bool installed = ReadInstalledTo().has_value();  // which a patch file needs
+  const std::pair<const char*, std::string> rows[] = {
+      {"x.crv.bak",
+       "Error: The file you are trying to open doesn't appear to be CC4.EXE or a valid patch "
+       "file."},
+      {"Maps/CC4.EXE", "Error: " + session.File("Maps")},  // gone between choosing and reading
+      {"x.crv", installed ? "Error: " + session.File("x.crv")
+                          : "Error reading registry settings. You must have CC4 installed on the "
+                            "machine to use this utility."}};
+  for (const auto& [name, error] : rows) {
+    EXPECT_FALSE(session.Ended);
+    session.OpenFile(name);
+    EXPECT_EQ(session.Told().at(0).substr(0, error.size()), error);
+    EXPECT_TRUE(MapConnections == before && TablesDirty && main.lstMaps.ListIndex() == 7);
+  }
+  EXPECT_EQ(session.Ended, !installed);
 }

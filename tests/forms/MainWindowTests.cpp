@@ -1,165 +1,166 @@
-#include <algorithm>
-
+#include "ConnectionEditing.h"
+#include "HelpTexts.h"
 #include "Session.h"
 #include "platform/FolderScan.h"
 
 using namespace corvane;
-using Texts = std::vector<std::string>;
 
-// A sample game in which map 5 connects to 3, 9 and 20 only, by these arrows.
-static SampleGame ThreeConnections(int to3 = 11, int to9 = 12, int to20 = 13) {
+// A sample game in which map 5 is connected to these maps, by these arrows, and to no other.
+static SampleGame Connected(const std::map<int, int>& arrows) {
   SampleGame game = MakeSampleGame();
-  for (int to = 0; to < MapSlotCount; ++to) game.Tables.Connections(5, to) = NoConnection;
-  game.Tables.Connections(5, 3) = to3;
-  game.Tables.Connections(5, 9) = to9;
-  game.Tables.Connections(5, 20) = to20;
-  game.Tables.Tiles[5].Left = -44;
+  for (int to = 0; to < MapSlotCount; ++to)
+    game.Tables.Connections(5, to) = arrows.contains(to) ? arrows.at(to) : NoConnection;
   return game;
 }
 
-TEST(MainWindow, ShowsAMapItsConnectionsAndTheirArrowsAndLookingChangesNothing) {
-  Session session(ThreeConnections());
+TEST(MainWindow, ShowsTheArrowOfAConnectionAndAssignsTheOneThatIsPicked) {
+  SampleGame game = Connected({{3, 0}, {9, 81}, {14, INT32_MIN}, {20, 12}});
+  game.Maps.resize(20);
+  Session session(game);
   Form1& main = session.Main;
-  EXPECT_EQ(main.Focused, &main.lstMaps);
-  session.OpenFile("CC4.EXE");
   EXPECT_TRUE(session.Told().empty() && main.lstMaps.ListIndex() == 0);
-  EXPECT_EQ(main.cboArrows.ListIndex(), MapConnections(0, RowMapIndex(main.lstConnections.Text())));
   const ConnectionTable before = MapConnections;
   PickRow(main.lstMaps, 5);
-  EXPECT_EQ(main.txtMapLeft.Text(), "-44");
-  for (const auto& [row, map, arrow] : {std::tuple(0, 3, 11), {1, 9, 12}, {2, 20, 13}}) {
+  const std::tuple<int, std::string, int> rows[] = {
+      {1, MapRow(9), -1}, {0, MapRow(3), 0}, {2, MapRow(14), -1}, {0, MapRow(3), 0}, {3, "", -1}};
+  for (const auto& [row, map, arrow] : rows) {
     PickRow(main.lstConnections, row);
-    EXPECT_EQ(main.lstConnections.Text(), MapRow(map));
-    EXPECT_EQ(main.cboArrows.ListIndex(), arrow);
-    EXPECT_EQ(main.txtArrowLeft.Text(), std::to_string(StrArrow[arrow].Left));
+    EXPECT_EQ(main.lstConnections.Text(), map) << row;
+    EXPECT_EQ(main.cboArrows.ListIndex(), arrow) << row;
+    const std::string left = arrow < 0 ? "" : std::to_string(StrArrow[arrow].Left);
+    EXPECT_EQ(main.txtArrowLeft.Text(), left) << row;
   }
-  EXPECT_TRUE(MapConnections == before && !TablesDirty);
-  PickRow(main.cboArrows, 80);
-  EXPECT_EQ(main.txtArrowHeight.Text(), std::to_string(StrArrow[80].Height));
-  EXPECT_EQ(MapConnections(5, 20), 80);
-  EXPECT_TRUE(TablesDirty && !main.SettingArrow);
+  Press(main.cmdDeleteConnection);  // map 20 has no row
+  PickRow(main.cboArrows, 2);       // shows the arrow, and assigns nothing
+  EXPECT_EQ(main.txtArrowTop.Text(), std::to_string(StrArrow[2].Top));
+  EXPECT_TRUE(MapConnections == before && session.Told().empty() && !TablesDirty);
+  PickRow(main.lstConnections, 2);
+  PickRow(main.cboArrows, 0);
+  EXPECT_TRUE(MapConnections(5, 14) == 0 && TablesDirty && !main.SettingArrow);
 }
 
-TEST(MainWindow, DeletingAsksAndEndsWithTheMessageForAMapWithoutConnections) {
-  Session session(ThreeConnections());
+TEST(MainWindow, ConnectionsAreDeletedOnRequestAndAddedUpToNine) {
+  Session session(Connected({{3, 11}, {9, 12}, {20, 13}}));
   Form1& main = session.Main;
-  session.OpenFile("CC4.EXE");
   PickRow(main.lstMaps, 5);
   PickRow(main.lstConnections, 1);
   session.Answer = MessageAnswer::No;
   Press(main.cmdDeleteConnection);
-  EXPECT_EQ(main.lstConnections.ListIndex(), 1);
   session.Answer = MessageAnswer::Yes;
   Press(main.cmdDeleteConnection);
   EXPECT_EQ(session.Told(), Texts(2, ConnectionDeletePrompt(MapRow(5), MapRow(9))));
-  EXPECT_TRUE(MapConnections(5, 9) == NoConnection && !TablesDirty);
-  EXPECT_EQ(main.cboArrows.Text(), "011");
+  EXPECT_TRUE(MapConnections(5, 9) == NoConnection && main.cboArrows.Text() == "011");
   Press(main.cmdDeleteConnection);
   Press(main.cmdDeleteConnection);
   EXPECT_EQ(session.Told().back(), "Error: This map has no connection defined!");
-  EXPECT_TRUE(!main.cmdDeleteConnection.Enabled() && main.cmdAddConnection.Enabled());
-  EXPECT_EQ(main.cboArrows.Text(), "013");  // the arrow shown last stays
-  EXPECT_EQ(main.Focused, &main.cmdEditBTD);
-  PickRow(main.cboArrows, 2);  // shows the arrow and assigns nothing
-  EXPECT_EQ(main.txtArrowTop.Text(), std::to_string(StrArrow[2].Top));
+  EXPECT_FALSE(main.cmdDeleteConnection.Enabled());
+  EXPECT_TRUE(main.Focused == &main.cmdEditBTD && main.cboArrows.Text() == "013");
+  session.Within<dlgAddConnection>(main.cmdAddConnection, [&](dlgAddConnection& dialog) {
+    for (const int to : {-1, 5, 42}) {
+      EXPECT_TRUE(dialog.IsOpen());
+      PickRow(dialog.cboLstMaps, to);
+      Press(dialog.OKButton);
+    }
+    EXPECT_FALSE(dialog.IsOpen());
+  });
+  EXPECT_EQ(session.Told(),
+            (Texts{"Please choose a destination map.", "You can not link a map to itself."}));
+  EXPECT_TRUE(main.lstConnections.Text() == MapRow(42) && main.cboArrows.Text() == "000");
   EXPECT_FALSE(TablesDirty);
-}
-
-TEST(MainWindow, NumbersThatAreNoArrowsShowNone) {
-  SampleGame game = ThreeConnections(81, -2, INT32_MIN);
-  game.Maps.erase(game.Maps.begin() + 20, game.Maps.end());
-  Session session(game);
-  Form1& main = session.Main;
-  session.OpenFile("CC4.EXE");
-  for (const int row : {0, 1, 2, 1, 2}) {
-    if (row == 0) PickRow(main.lstMaps, 5);
-    PickRow(main.lstConnections, row);
-    EXPECT_EQ(main.cboArrows.ListIndex(), -1);
-    EXPECT_EQ(main.txtArrowLeft.Text() + main.txtArrowHeight.Text(), "");
-  }
-  EXPECT_EQ(main.lstConnections.Text(), "");  // map 20 has no row
-  session.Told();
-  Press(main.cmdDeleteConnection);
-  PickRow(main.cboArrows, 3);
-  EXPECT_TRUE(session.Told().empty() && !TablesDirty);
-  PickRow(main.lstConnections, 1);
-  EXPECT_EQ(main.txtArrowLeft.Text(), "");
-  PickRow(main.cboArrows, 0);
-  EXPECT_EQ(MapConnections(5, 9), 0);
+  for (int to = 6; to < 14; ++to) MapConnections(5, to) = to;
+  session.Within<dlgAddConnection>(main.cmdAddConnection, [](dlgAddConnection& dialog) {
+    PickRow(dialog.cboLstMaps, 0);
+    Press(dialog.CancelButton);
+    EXPECT_FALSE(dialog.IsOpen());
+  });
+  EXPECT_EQ(main.lstConnections.ListCount(), 9);
+  session.Within<dlgAddConnection>(main.cmdAddConnection, [](auto&) { ADD_FAILURE(); });
+  EXPECT_EQ(session.Told(),
+            Texts{"You already have the maximum number of connections for one map."});
 }
 
 TEST(MainWindow, EveryFieldShowsAndEntersItsOwnNumberForTheRowThatStood) {
-  Session session(ThreeConnections());
+  SampleGame game = MakeSampleGame();
+  game.Tables.Tiles[6].Left = -44;
+  Session session(game);
   Form1& main = session.Main;
-  session.OpenFile("CC4.EXE");
   PickRow(main.lstMaps, 6);
+  EXPECT_TRUE(MoveFocus(main.txtMapLeft));
+  PickRow(main.lstMaps, 7);  // a negative number cannot be left
+  EXPECT_TRUE(main.lstMaps.ListIndex() == 6 && main.Focused == &main.txtMapLeft);
+  EXPECT_TRUE(main.txtMapLeft.SelectionSet && main.txtMapLeft.SelLength == 3);
+  EXPECT_EQ(session.Beeps, 1);
   StrRect& arrow = StrArrow[main.cboArrows.ListIndex()];
-  const std::pair<TextBox*, std::int32_t*> fields[] = {
-      {&main.txtMapLeft, &StrMap[6].Left},
-      {&main.txtMapTop, &StrMap[6].Top},
-      {&main.txtMapWidth, &StrMap[6].Width},
-      {&main.txtMapHeight, &StrMap[6].Height},
-      {&main.txtMapCenterX, &MapHotspots[6].CenterX},
-      {&main.txtMapCenterY, &MapHotspots[6].CenterY},
-      {&main.txtArrowLeft, &arrow.Left},
-      {&main.txtArrowTop, &arrow.Top},
-      {&main.txtArrowWidth, &arrow.Width},
-      {&main.txtArrowHeight, &arrow.Height}};
-  std::int32_t number = 1000;
-  for (const auto& [box, stored] : fields) {
-    EXPECT_EQ(box->Text(), std::to_string(*stored)) << box->Name;
-    session.Type(*box, std::string("0").append(std::to_string(++number)));
-    EXPECT_NE(*stored, number);
+  const std::vector<TextBox*> boxes = {
+      &main.txtMapLeft,    &main.txtMapTop,     &main.txtMapWidth,  &main.txtMapHeight,
+      &main.txtMapCenterX, &main.txtMapCenterY, &main.txtArrowLeft, &main.txtArrowTop,
+      &main.txtArrowWidth, &main.txtArrowHeight};
+  int number = 1000;
+  for (TextBox* box : boxes) {
+    Session::Type(*box, "0" + std::to_string(++number));
     TablesDirty = false;
     PickRow(main.lstMaps, 7);
-    EXPECT_TRUE(*stored == number && TablesDirty) << box->Name;
+    EXPECT_TRUE(TablesDirty) << box->Name;
     PickRow(main.lstMaps, 6);
   }
-  session.Type(main.txtArrowLeft, "12x");
-  PickRow(main.lstMaps, 7);
-  EXPECT_TRUE(main.lstMaps.ListIndex() == 6 && main.Focused == &main.txtArrowLeft);
-  EXPECT_TRUE(main.txtArrowLeft.SelectionSet && session.Beeps == 1);
-  EXPECT_EQ(main.txtArrowLeft.SelStart + main.txtArrowLeft.SelLength, 3);
-  session.Type(main.txtArrowLeft, "");
-  PickRow(main.lstMaps, 5);
-  EXPECT_EQ(arrow.Left, 0);
-  EXPECT_TRUE(MoveFocus(main.txtMapLeft));
-  PressKey(main, Key::Tab);  // a negative number cannot be left
-  EXPECT_TRUE(main.Focused == &main.txtMapLeft && session.Beeps == 2);
+  number = 1000;
+  for (const TextBox* box : boxes) EXPECT_EQ(box->Text(), std::to_string(++number)) << box->Name;
+  const StrRect& tile = StrMap[6];
+  EXPECT_EQ(tile, (StrRect{tile.Word0, tile.Word1, tile.Word2, 1001, 1002, 1003, 1004}));
+  EXPECT_EQ(MapHotspots[6], (Hotspot{1005, 1006}));
+  EXPECT_EQ(arrow, (StrRect{arrow.Word0, arrow.Word1, arrow.Word2, 1007, 1008, 1009, 1010}));
 }
 
-TEST(MainWindow, AsksBeforeClosingOnlyWhenEdited) {
-  Session session;
-  CloseWindow(session.Main);
-  EXPECT_FALSE(session.Main.IsOpen());
-  session.Main.Open();
-  TablesDirty = true;
-  session.Answer = MessageAnswer::No;
-  session.Menu(session.Main.mnuFileExit);
-  EXPECT_TRUE(session.Main.IsOpen());
-  EXPECT_EQ(session.Told(), Texts{"Quit without saving changes?"});
-  session.Answer = MessageAnswer::Yes;
-  CloseWindow(session.Main);
-  EXPECT_FALSE(session.Main.IsOpen());
-}
-
-TEST(MainWindow, WithoutMapsNothingCanBeDoneAndOneMessageSaysSo) {
-  Session session;
+TEST(MainWindow, WithoutMapsOnlyHelpIsThereAndOneMessageSaysSo) {
+  Session session(GameFiles(MakeSampleGame()));
   Form1& main = session.Main;
+  EXPECT_EQ(main.Focused, &main.lstMaps);
   DoubleClick(main.lstMaps, 0);
+  session.Menu(main.mnuHelpAbout);
+  session.Menu(main.mnuHelpBasic);
+  EXPECT_EQ(session.Told(), (Texts{"Corvane for Close Combat 4", BasicInstructions}));
   session.OpenFile("CC4.EXE");
-  TablesDirty = true;
   std::filesystem::remove_all(session.Folder.Path / "Maps");
+  TablesDirty = true;
   session.OpenFile("CC4.EXE");
-  EXPECT_EQ(session.Told(), Texts{"Error: No map files were found in the folder " + GamePath +
-                                  Separator + "Maps."});
-  EXPECT_FALSE(TablesDirty);
   EXPECT_EQ(main.lstMaps.ListCount() + main.lstConnections.ListCount(), 0);
   EXPECT_EQ(main.txtMapLeft.Text() + main.txtArrowWidth.Text(), "");
   EXPECT_FALSE(main.cmdAddConnection.Enabled() || main.cmdDeleteConnection.Enabled());
   Press(main.cmdEditBTD);
   main.lstMaps_Click();
-  session.Type(main.txtMapLeft, "5");
+  main.cmdDelete_Click();
+  Session::Type(main.txtMapLeft, "5");
   PressKey(main, Key::Tab);
-  EXPECT_TRUE(session.Told().empty() && !TablesDirty);
+  EXPECT_FALSE(TablesDirty);
+  EXPECT_EQ(session.Told(), Texts{"Error: No map files were found in the folder " + GamePath +
+                                  Separator + "Maps."});
+}
+
+TEST(MainWindow, MapSlotsAreAddedAndCleared) {
+  SampleGame game = MakeSampleGame();
+  game.Maps.resize(1);
+  Session session(game);
+  Form1& main = session.Main;
+  for (const Button* hidden : {&main.cmdNewBTD, &main.cmdDelete})
+    EXPECT_FALSE(hidden->Enabled() || hidden->Visible());
+  session.InDialog = [&](Form&) { EXPECT_EQ(main.lstMaps.Text(), "001"); };
+  main.cmdNewBTD.Click();
+  EXPECT_EQ(main.lstMaps.ListCount(), 1);  // its file was not saved
+  MapRows.resize(41);
+  main.cmdNewBTD.Click();
+  EXPECT_EQ(session.Told(), Texts{"You already have the maximum number of maps!"});
+  const std::string path = "Maps/" + game.Maps[0].FileName;
+  session.Answer = MessageAnswer::No;
+  main.cmdDelete.Click();
+  EXPECT_TRUE(session.Told().at(0).starts_with("Are you positive you want to delete this map?"));
+  session.Answer = MessageAnswer::Yes;
+  FailFrom(0);
+  main.cmdDelete.Click();
+  InjectedFault = nullptr;
+  EXPECT_NE(session.Told().at(1).find("could not be saved"), std::string::npos);
+  EXPECT_EQ(main.lstMaps.Text(), "000 " + game.Maps[0].FileName);
+  main.cmdDelete.Click();
+  EXPECT_EQ(session.Told().at(1), "Error: This map has no connection defined!");
+  EXPECT_EQ(main.lstMaps.Text() + main.txtMapWidth.Text(), "000 UNUSED0");
+  EXPECT_TRUE(session.Folder.Get(path) == BtdBytes({"", {BtdMagic, 0}, {}, {}, game.Maps[0].Rest}));
 }

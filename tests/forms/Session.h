@@ -4,23 +4,23 @@
 
 #include <string>
 
-#include "ConnectionEditing.h"
-#include "Display.h"
 #include "FieldEntry.h"
 #include "Form1.h"
 #include "Gestures.h"
-#include "MapCatalogue.h"
-#include "SampleGame.h"
 #include "TestFolder.h"
 #include "dlgAddConnection.h"
 #include "dlgEditBTD.h"
 
 namespace corvane {
 
+using Texts = std::vector<std::string>;
+
 struct Session {
-  explicit Session(const SampleGame& game = MakeSampleGame()) : Session(GameFiles(game)) {}
+  /// With a game that is open.
+  explicit Session(const SampleGame& game = MakeSampleGame()) : Session(GameFiles(game)) {
+    OpenFile("CC4.EXE");
+  }
   explicit Session(const std::map<std::string, std::string>& files) {
-    ResetTables();
     dlgEditBTD::VLTable = {};
     dlgEditBTD::VLText = {};
     for (const auto& [name, bytes] : files) Folder.Put(name, bytes);
@@ -41,8 +41,6 @@ struct Session {
     Beep = [this] { ++Beeps; };
     Main.Open();
   }
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
   ~Session() {
     TheDisplay = {};
     Beep = [] {};
@@ -50,7 +48,7 @@ struct Session {
 
   TestFolder Folder;
   Form1 Main;
-  std::vector<std::string> Messages;
+  Texts Messages;
   MessageAnswer Answer = MessageAnswer::Yes;
   std::string Choice;                                  // what the next file dialog gives back
   CommonDialog Asked;                                  // as the program set it
@@ -63,7 +61,7 @@ struct Session {
   }
 
   // The messages since the last call.
-  std::vector<std::string> Told() { return std::exchange(Messages, {}); }
+  Texts Told() { return std::exchange(Messages, {}); }
 
   void OpenFile(const std::string& name) {
     Choice = File(name);

@@ -1,113 +1,70 @@
-#include <gtest/gtest.h>
-
 #include "ConnectionEditing.h"
 #include "FieldEntry.h"
-#include "MapCatalogue.h"
 #include "MapSlots.h"
-#include "ResetTables.h"
-#include "StrategicTables.h"
+#include "TestFolder.h"
 
 using namespace corvane;
 
 using Rows = std::vector<std::string>;
 
-TEST(ConnectionEditing, WorksOnOneDirectionAndOnlyAnArrowMarksTheTables) {
-  ResetTables();
-  for (int to = 0; to < MapSlotCount; ++to) MapConnections(1, to) = NoConnection;
-  MapRows = {"000 A.btd", "001 B.btd", "002 C.btd"};
-  EXPECT_EQ(ConnectionRows(1), Rows{});
-  MapConnections(2, 1) = 33;
-  EXPECT_FALSE(AddConnection(1, 1));
-  EXPECT_TRUE(AddConnection(1, 2));
-  EXPECT_TRUE(AddConnection(1, 0));
-  MapConnections(1, 42) = -2;
-  EXPECT_EQ(ConnectionRows(1), (Rows{"000 A.btd", "002 C.btd", ""}));
-  EXPECT_EQ(MapConnections(1, 1), NoConnection);
-  DeleteConnection(1, 0);
-  EXPECT_EQ(ConnectionRows(1), (Rows{"002 C.btd", ""}));
-  EXPECT_FALSE(TablesDirty);
-  AssignArrow(1, 2, 0);
-  EXPECT_TRUE(TablesDirty);
-  AssignArrow(1, 2, 80);
-  EXPECT_EQ(MapConnections(1, 2), 80);
-  EXPECT_TRUE(AddConnection(1, 2));
-  EXPECT_EQ(MapConnections(1, 2), 0);
-  EXPECT_EQ(MapConnections(2, 1), 33);
-  EXPECT_TRUE(CanAddConnection(8) && !CanAddConnection(9));
+TEST(ConnectionEditing, ListsEveryMapAndAsksForTheMapsByTheirRows) {
+  ResetTables();  // every map has a connection to every map, by arrow 0
+  MapRows = {"000 A.btd"};
+  EXPECT_EQ(ConnectionRows(1).size(), 43U);
+  EXPECT_EQ(ConnectionRows(1)[0] + ConnectionRows(1)[42], "000 A.btd");
+  EXPECT_TRUE(ConnectionDeletePrompt("000 A.btd", "001 B.btd")
+                  .starts_with("Are you sure you want to delete the connection from map 000 A.btd "
+                               "to map 001 B.btd?  Note: You must"));
 }
 
-TEST(FieldEntry, StoresDigitsAndRefusesEverythingElseWithOneBeep) {
-  struct Row {
-    const char* Text;
-    bool Accepted;
-    std::int32_t Number;
-  };
+TEST(FieldEntry, TakesDigitsUpToTheLargestNumberAndBeepsOnceAtAllElse) {
+  const std::map<std::string, std::int32_t> numbers{
+      {"", 0}, {"007", 7}, {"2147483647", 2147483647}, {"0000000000000000000042", 42}};
   int beeps = 0;
   Beep = [&] { ++beeps; };
-  for (const Row& row : {Row{"", true, 0},
-                         {"007", true, 7},
-                         {"2147483647", true, 2147483647},
-                         {"0000000000000000000042", true, 42},
-                         {"2147483648", false, 0},
-                         {"-1", false, 0},
-                         {"99999999999999999999999999", false, 0},
-                         {"1.5", false, 0},
-                         {" 1", false, 0},
-                         {"1 ", false, 0},
-                         {"/", false, 0},
-                         {":", false, 0},
-                         {"a b c", false, 0},
-                         {"\xD9\xA1", false, 0}}) {  // a digit, but of another script
-    SCOPED_TRACE(row.Text);
+  for (const char* text : {"", "007", "2147483647", "0000000000000000000042", "2147483648", "-1",
+                           "99999999999999999999999999", " 1", "1 ", "1/", ":", "\xD9\xA1"}) {
+    SCOPED_TRACE(text);
     ResetTables();
-    StrMap[42].Top = -5;
     beeps = 0;
-    EXPECT_EQ(EnterField(MapTop, 42, row.Text), row.Accepted);
-    EXPECT_EQ(StrMap[42].Top, row.Accepted ? row.Number : -5);
-    EXPECT_EQ(TablesDirty, row.Accepted);
-    EXPECT_EQ(beeps, row.Accepted ? 0 : 1);
-    TablesDirty = false;
-    EXPECT_EQ(EnterField(MapTop, -1, row.Text), row.Accepted);
+    const bool fits = numbers.contains(text);
+    EXPECT_EQ(EnterField(MapTop, -1, text), fits);
+    EXPECT_EQ(beeps, fits ? 0 : 1);
     EXPECT_FALSE(TablesDirty);
+    StrMap[42].Top = -5;
+    EXPECT_EQ(EnterField(MapTop, 42, text), fits);
+    EXPECT_EQ(StrMap[42].Top, fits ? numbers.at(text) : -5);
+    EXPECT_EQ(TablesDirty, fits);
   }
   Beep = [] {};
 }
 
-TEST(MapSlots, AddingStopsAt41RowsAndKeepsTextOrder) {
-  ResetTables();
-  for (int map = 0; map < 40; ++map) MapRows.push_back(ThreeDigits(map) + " A.btd");
-  EXPECT_TRUE(AddMapSlot());
-  EXPECT_EQ(MapRows.back(), "040");
-  EXPECT_FALSE(AddMapSlot());
-  EXPECT_EQ(MapRows.size(), 41U);
+TEST(MapSlots, ANewOneGoesByItsTextAndAClearedOneLeavesNothingThatLeadsThere) {
+  const TestFolder folder;
+  GamePath = folder / "";
+  folder.Put("Maps/A.btd");
   MapRows = {"000 A.btd", "007 B.btd"};
   EXPECT_TRUE(AddMapSlot());
   EXPECT_EQ(MapRows, (Rows{"000 A.btd", "002", "007 B.btd"}));
-}
-
-TEST(MapSlots, ClearingLeavesWord0AndNothingThatLeadsThere) {
-  ResetTables();
-  MapRows = {"000 A.btd", "001"};
-  StrMap[1] = {1, 2, 3, 4, 5, 6, 7};
-  StrMap[0] = StrArrow[1] = {7, 6, 5, 4, 3, 2, 1};
+  const StrRect rect{7, 6, 5, 4, 3, 2, 1};
+  StrMap[0] = StrMap[1] = StrArrow[1] = rect;
   MapHotspots[1] = {8, 9};
-  for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(0, vl) = vl % 3;
-  EXPECT_TRUE(DeleteMapSlot(1).Done());
-  EXPECT_EQ(StrMap[1], StrRect{1});
-  EXPECT_EQ(StrMap[0], (StrRect{7, 6, 5, 4, 3, 2, 1}));
-  EXPECT_EQ(StrArrow[1], StrMap[0]);
-  EXPECT_EQ(MapHotspots[1], Hotspot{});
-  for (int other = 0; other < MapSlotCount; ++other) {
-    EXPECT_EQ(MapConnections(1, other), NoConnection);
-    EXPECT_EQ(MapConnections(other, 1), NoConnection);
-  }
-  EXPECT_EQ(MapConnections(0, 2), 0);
+  for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(0, vl) = vl + 1;
+  for (const int map : {1, 2, 3, 42, -1, MapSlotCount}) EXPECT_TRUE(DeleteMapSlot(map).Done());
+  EXPECT_FALSE(std::filesystem::exists(folder / "Maps/B.btd"));
+  FailFrom(0);
+  EXPECT_FALSE(DeleteMapSlot(0).Done()) << "its file cannot be cleared";
+  EXPECT_TRUE(StrMap[0] == rect && StrArrow[1] == rect);
+  EXPECT_TRUE(StrMap[1] == StrRect{7} && MapHotspots[1] == Hotspot{});
+  for (int other = 0; other < MapSlotCount; ++other)
+    EXPECT_EQ(MapConnections(1, other) + MapConnections(other, 1), 2 * NoConnection) << other;
+  EXPECT_EQ(MapConnections(0, 4), 0);
   for (int vl = 0; vl < VLSlotCount; ++vl) {
-    EXPECT_EQ(VLDest(0, vl), vl % 3 == 1 ? OffMap : vl % 3);
+    EXPECT_EQ(VLDest(0, vl), vl < 3 ? OffMap : vl + 1);
     EXPECT_EQ(VLDest(1, vl), NotAnExit);
   }
-  EXPECT_EQ(MapRows, (Rows{"000 A.btd", "001 UNUSED"}));
+  EXPECT_EQ(MapRows, (Rows{"000 A.btd", "001 UNUSED", "002 UNUSED"}));
   EXPECT_FALSE(TablesDirty);
-  EXPECT_TRUE(DeleteMapSlot(-1).Done());
-  EXPECT_EQ(MapRows.front(), "000 A.btd");
+  MapRows = Rows(40);
+  EXPECT_TRUE(AddMapSlot() && !AddMapSlot() && MapRows.size() == 41);
 }

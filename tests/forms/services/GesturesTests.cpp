@@ -3,179 +3,143 @@
 #include <gtest/gtest.h>
 
 #include "Display.h"
+#include "TestForm.h"
 
 using namespace corvane;
 
-// Two fields, a list, a combo box and two buttons that write down their events.
-struct EventForm : Form {
-  EventForm() : Form({"Events", 1500, 1500, Border::Resizable}) {
-    Second.Validate = [this](bool& cancel) {
-      Log += "validate(" + std::to_string(List.ListIndex()) + ") ";
-      cancel = Refuse;
-    };
-    First.Change = [this] { Log += "change "; };
-    List.Click = [this] { Log += "list" + std::to_string(List.ListIndex()) + " "; };
-    List.DblClick = [this] { Log += "double "; };
-    Combo.Click = [this] { Log += "combo" + std::to_string(Combo.ListIndex()) + " "; };
-    Ok.Click = [this] { Log += "ok "; };
-    Cancel.Click = [this] { Log += "cancel "; };
-    Menu.Click = [this] {
-      Log += "menu ";
-      Item.Enabled = Allow;
-    };
-    Item.Click = [this] { Log += "item "; };
-    QueryUnload = [this](bool& cancel) { cancel = Refuse; };
-    for (const char* row : {"b", "C", "a"}) {
-      List.AddItem(row);
-      Combo.AddItem(row);
-    }
-    EnterButton = &Ok;
-    EscapeButton = &Cancel;
-    Open();
-  }
-  Button Ok{*this, {"Ok", "OK", {}, 5}};
-  TextBox Second{*this, {"Second", "", {}, 2}};
-  TextBox First{*this, {"First", "", {}, 1}, 3};
-  Label Between{*this, {"Between", "", {}, 3}, Alignment::Left};
-  ListBox List{*this, {"List", "", {}, 4}, true};
-  ComboBox Combo{*this, {"Combo", "", {}, 7}};
-  Button Cancel{*this, {"Cancel", "", {}, 6}};
-  MenuEntry Menu{*this, "Menu", ""};
-  MenuItem Item{Menu, "Item", "", Shortcut::CtrlS};
-  bool Refuse = false, Allow = true;
-  std::string Log;
-
-  std::string After(const std::function<void()>& gesture) {
-    Log.clear();
-    gesture();
-    return Log;
-  }
-};
-
 TEST(Gestures, ValidateComesFirstAndARefusalLeavesEverything) {
-  EventForm form;
-  ASSERT_EQ(form.Focused, &form.First);
-  PickRow(form.List, 0);
-  for (const bool refuse : {true, false}) {
-    form.Refuse = refuse;
-    const auto check = [&](const std::function<void()>& gesture, const char* wanted) {
-      form.Focused = &form.Second;
-      const std::string log = form.After(gesture);
-      EXPECT_EQ(log, refuse ? log.substr(0, 12) : wanted);
-      EXPECT_TRUE(log.starts_with("validate(")) << wanted;
-      if (refuse) {
-        EXPECT_EQ(form.Focused, &form.Second) << wanted;
-      }
-    };
-    check([&] { PickRow(form.List, 1); }, "validate(0) list1 ");
-    check([&] { DoubleClick(form.List, 2); }, "validate(1) list2 double ");
-    check([&] { PickRow(form.Combo, refuse ? 0 : 1); }, "validate(2) combo1 ");
-    check([&] { Press(form.Cancel); }, "validate(2) cancel ");
-    check([&] { PressKey(form, Key::Enter); }, "validate(2) ok ");
-    check([&] { PressKey(form, Key::Tab); }, "validate(2) ");
-    check([&] { PressKey(form, Key::BackTab); }, "validate(2) ");
-    check([&] { EditText(form.First, {0, 0, refuse ? "x" : "y"}); }, "validate(2) change ");
+  TestForm f;
+  const TextEdit letter = {0, 0, "y"};
+  // What is done, the events, and where the focus is then.
+  const std::tuple<std::function<void()>, std::string, const Control*> rows[] = {
+      {[&] { PickRow(f.lstRows, 1); }, "accept rowbee ", &f.lstRows},
+      {[&] { DoubleClick(f.lstRows, 2); }, "accept rowcat doublecat ", &f.lstRows},
+      {[&] { DoubleClick(f.lstRows, 2); }, "accept doublecat ", &f.lstRows},
+      {[&] { PickRow(f.cboRows, 0); }, "accept comboant ", &f.cboRows},
+      {[&] { PickRow(f.cboRows, 0); }, "accept comboant ", &f.cboRows},  // a choice all the same
+      {[&] { Press(f.cmdHelp); }, "accept help ", &f.cmdHelp},
+      {[&] { EXPECT_TRUE(PressMnemonic(f, 'h')); }, "accept help ", &f.cmdHelp},
+      {[&] { EXPECT_TRUE(PressKey(f, Key::Enter)); }, "accept ok ", &f.txtNumber},
+      {[&] { PressKey(f, Key::Tab); }, "accept ", &f.txtName},
+      {[&] { EditText(f.txtName, letter); }, "accept namey ", &f.txtName},
+      {[&] { EXPECT_TRUE(PressKey(f, Key::Escape)); }, "cancel ", &f.txtNumber},
+      {[&] { Choose(f.mnuSave); }, "save ", &f.txtNumber},
+      {[&] { CloseWindow(f); }, "unload ", &f.txtNumber},
+      // What is not there or takes no focus.
+      {[&] { PickRow(f.lstRows, 8); }, "", &f.txtNumber},
+      {[&] { PickRow(f.lstRows, -1); }, "", &f.txtNumber},
+      {[&] { PickRow(f.cboRows, 8); }, "", &f.txtNumber},
+      {[&] { PickRow(f.cboRows, -1); }, "", &f.txtNumber},
+      {[&] { Press(f.cmdOff); }, "", &f.txtNumber},
+      {[&] { EXPECT_FALSE(PressMnemonic(f, 'O')); }, "", &f.txtNumber},
+      {[&] { EXPECT_FALSE(MoveFocus(f.lblNote)); }, "", &f.txtNumber}};
+  f.Open();
+  for (const auto& [gesture, events, focus] : rows) {
+    SCOPED_TRACE(events);
+    for (const bool refuse : {true, false}) {
+      f.txtNumber.SetText(refuse ? "x" : "");
+      f.Focused = &f.txtNumber;
+      gesture();
+      EXPECT_EQ(f.Told(), refuse && events.starts_with("accept ") ? "refuse " : events);
+      EXPECT_EQ(f.Focused, refuse ? &f.txtNumber : focus);
+    }
   }
-  EXPECT_EQ(form.First.Text(), "y");
-  form.Refuse = true;
-  form.Focused = &form.Second;
-  EXPECT_EQ(form.After([&] { PressKey(form, Key::Escape); }), "cancel ");
-  EXPECT_EQ(form.After([&] { Choose(form.Item); }), "item ");
-  EXPECT_EQ(form.After([&] { CloseWindow(form); }), "");
-  EXPECT_TRUE(form.IsOpen());
-  form.Refuse = false;
-  CloseWindow(form);
-  EXPECT_FALSE(form.IsOpen());
 }
 
 TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
-  EventForm form;
-  form.Cancel.SetEnabled(false);
-  form.Ok.SetVisible(false);
+  TestForm f;
+  f.txtLines.SetEnabled(false);
+  f.cmdOK.SetVisible(false);
+  f.Open();
   std::string names;
-  for (int press = 0; press < 5; ++press) {
-    names += std::string(form.Focused->Name) + " ";
-    PressKey(form, Key::Tab);
+  for (const Key key : {Key::BackTab, Key::BackTab, Key::Tab, Key::Tab, Key::Tab, Key::Tab,
+                        Key::Tab, Key::Tab, Key::Tab}) {
+    EXPECT_TRUE(PressKey(f, key));
+    names += std::string(f.Focused->Name) + " ";
   }
-  EXPECT_EQ(names, "First Second List Combo First ");
-  PressKey(form, Key::BackTab);
-  PressKey(form, Key::BackTab);
-  EXPECT_EQ(form.Focused, &form.Combo);
-  form.Combo.SetEnabled(false);  // was the last: on to the first
-  EXPECT_EQ(form.Focused, &form.First);
-  EXPECT_FALSE(MoveFocus(form.Combo));
-  EXPECT_EQ(form.After([&] { PickRow(form.Combo, 2); }), "");
-  EXPECT_EQ(form.After([&] { PressKey(form, Key::Enter); }), "");
-  form.Cancel.SetEnabled(true);
-  Press(form.Cancel);
-  EXPECT_EQ(form.After([&] { PressKey(form, Key::Enter); }), "cancel ");  // it has the focus
+  EXPECT_EQ(names, "cmdHelp cmdCancel cmdHelp lstRows lstFew cboRows txtNumber txtName cmdCancel ");
+  f.Told();
+  EXPECT_TRUE(PressKey(f, Key::Enter));  // presses the button that has the focus
+  EXPECT_EQ(f.Told(), "cancel ");
+  f.cmdHelp.SetEnabled(false);
+  EXPECT_EQ(f.Focused, &f.cmdCancel);
+  f.cmdCancel.SetEnabled(false);  // was the last: on to the first
+  EXPECT_EQ(f.Focused, &f.lstRows);
+  f.lstRows.SetVisible(false);
+  EXPECT_EQ(f.Focused, &f.lstFew);
+  EXPECT_FALSE(PressKey(f, Key::Enter) || PressKey(f, Key::Escape));
+  EXPECT_EQ(f.Told(), "");
+  for (Control* control : f.TabOrder()) control->SetVisible(false);
+  EXPECT_TRUE(f.Focused == nullptr && !PressKey(f, Key::Tab));
 }
 
-TEST(Gestures, AShortcutSeesWhatOpeningTheMenuWouldGive) {
-  EventForm form;
-  form.Allow = false;
-  EXPECT_EQ(form.After([&] { PressShortcut(form, Shortcut::CtrlS); }), "menu ");
-  form.Allow = true;
-  EXPECT_EQ(form.After([&] { PressShortcut(form, Shortcut::CtrlS); }), "menu item ");
-}
-
-TEST(Controls, ASelectedRowSpeaksOnChangeAlone) {
-  EventForm form;
-  EXPECT_EQ(form.List.List(0) + form.List.List(1) + form.List.List(2) + form.List.List(3), "abC");
-  EXPECT_EQ(form.Combo.List(0), "b");
-  EXPECT_EQ(form.After([&] { form.List.SetListIndex(1); }), "list1 ");
-  EXPECT_EQ(form.After([&] { form.List.SetListIndex(1); }), "");
-  EXPECT_EQ(form.After([&] { form.List.AddItem("aa"); }), "");
-  EXPECT_EQ(form.List.Text(), "b");  // moved down, still selected
-  EXPECT_EQ(form.After([&] { form.List.SetList(2, "z"); }), "");
-  EXPECT_EQ(form.After([&] { form.List.SetListIndex(4); }), "list-1 ");
-  EXPECT_EQ(form.After([&] { form.List.SetListIndex(-7); }), "");
-  form.List.SetListIndex(0);
-  EXPECT_EQ(form.After([&] { form.List.Clear(); }), "");
-  EXPECT_EQ(form.List.ListIndex(), -1);
-  PickRow(form.Combo, 1);
-  EXPECT_EQ(form.After([&] { PickRow(form.Combo, 1); }), "combo1 ");  // a choice of the user counts
+TEST(Controls, SpeakAndAreDrawnAnewOnChangeAlone) {
+  TestForm f;
+  ListBox& list = f.lstFew;
+  list.Click = [&] { f.Log += std::to_string(list.ListIndex()) + " "; };
+  TheDisplay.Redraw = [&](Control& control) { f.Log += control.Name[0]; };
+  for (const char* row : {"b", "C", "a"}) list.AddItem(row);
+  EXPECT_EQ(list.List(0) + list.List(1) + list.List(2) + list.List(3) + list.List(4), "abCone");
+  for (const int row : {1, 1, 4, -7, 1}) list.SetListIndex(row);
+  EXPECT_EQ(f.Told(), "llll1 l-1 l1 ");
+  list.AddItem("aa");
+  EXPECT_EQ(list.Text(), "b");  // moved down, still selected
+  for (const int row : {-1, 2, 5}) list.SetList(row, "z");
+  EXPECT_EQ(list.Text(), "z");
+  list.Clear();
+  EXPECT_EQ(f.Told() + list.Text(), "lll");
+  f.cboRows.AddItem("ibex");
+  f.cmdOff.SetEnabled(false);
+  f.cmdOff.SetVisible(true);
+  f.cmdOff.SetVisible(false);
+  EXPECT_EQ(f.Told(), "cc");
+  f.txtName.SetText("\xC3\xA4zz");
+  f.txtName.SelStart = 1;
+  f.txtName.SelectAll();
+  EXPECT_TRUE(f.txtName.SelStart == 0 && f.txtName.SelLength == 3);
+  f.txtName.SelStart = 1;
+  for (const char* text : {"b", "b"}) f.txtName.SetText(text);
+  EXPECT_EQ(f.txtName.SelStart + f.txtName.SelLength, 0);
+  EXPECT_EQ(f.Told(), "tname\xC3\xA4zz ttnameb ");
+  TheDisplay = {};
 }
 
 TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
-  struct Row {
-    const char *Text, *Shown, *After;
-    int Caret;
-    const char* Wanted;
-  };
-  EventForm form;
-  TextBox box(form, {"Brief", "", {}, 9}, 12, true);
-  for (const Row& row : {
-           Row{"a\rb\nc\r\nd", "a\nb\nc\nd", "a\nb\nxc\nd", 5, "a\rb\nxc\r\nd"},
-           {"a\r\n\nb", "a\n\nb", "a\nb", 1, "a\nb"},    // Delete takes the pair before the caret
-           {"a\r\n\nb", "a\n\nb", "a\nb", 2, "a\r\nb"},  // Backspace takes the lone one
-           {"ab", "ab", "a\nb", 2, "a\r\nb"},            // a typed break is a pair
-           {"\xC2\xA0\x01", "\xC2\xA0\x01", "\xC2\xA0\x01?", 3, "\xC2\xA0\x01?"},
-           {"ab", "ab",
-            "a\xE2\x82\xAC\xD0\xB6"
-            "b",
-            3, "a\xE2\x82\xAC?b"},  // a euro, no Cyrillic
-           {"0123456789", "0123456789", "01ABCD23456789", 6, "01AB23456789"},
-           {"0123456789", "0123456789", "ABCDEFGHIJKLMN", 14, "ABCDEFGHIJKL"},
-           {"01234567890", "01234567890", "01234567890\n", 12, "01234567890"},  // no half of a pair
-           {"0123456789abcdef", "0123456789abcdef", "x0123456789abcdef", 1, "0123456789abcdef"},
-           {"0123456789abcdef", "0123456789abcdef", "023456789abcdef", 1, "023456789abcdef"},
-           {"a\nb\rc", "a\nb\nc", "\nb\nca", 5, "\nb\rca"},  // moved: the breaks stay as they are
-           {"aaa", "aaa", "aaaa", 1, "aaaa"},
-           {"abc", "abc", "", 0, ""},
-       }) {
-    SCOPED_TRACE(row.Wanted);
-    box.SetText(row.Text);
-    EXPECT_EQ(ShownText(box), row.Shown);
-    EditText(box, FindEdit(row.Shown, row.After, row.Caret));
-    EXPECT_EQ(box.Text(), row.Wanted);
+  TestForm f;
+  TextBox box(f, {"Brief", "", {}, 11}, 12, true);
+  // The text, what the user makes of it before and behind the caret, and what it becomes.
+  const char* const rows[][4] = {
+      {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
+      {"\r\n\nb", "", "\nb", "\nb"},       // Delete takes the pair behind the caret
+      {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace takes the lone one
+      {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is a pair
+      {"\xC2\xA0\x01", "\xC2\xA0\x01?", "", "\xC2\xA0\x01?"},
+      {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, no Cyrillic
+      {"0123456789", "01ABCD", "23456789", "01AB23456789"},
+      {"0123456789", "ABCDEFGHIJKLMN", "", "ABCDEFGHIJKL"},
+      {"01234567890", "01234567890\n", "", "01234567890"},  // no half of a pair
+      {"0123456789abcdef", "x", "0123456789abcdef", "0123456789abcdef"},
+      {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // done elsewhere
+      {"0123456789abcdef", "0", "23456789abcdef", "023456789abcdef"},
+      {"abc", "x", "yz", "xyz"},
+      {"abc", "", "", ""},
+      {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: the breaks stay as they are
+  for (const auto& [text, before, behind, wanted] : rows) {
+    box.SetText(text);
+    EditText(box, FindEdit(box, std::string(before) + behind, before));
+    EXPECT_EQ(box.Text(), wanted);
   }
-  EXPECT_EQ(FindEdit("aXbXc", "aXc", 1).Start, 1);
-  EXPECT_EQ(FindEdit("abc", "xyz", 99).Removed, 3);
-  box.SetText("\xC3\xA4\r\nb");
-  box.SelectAll();
-  EXPECT_EQ(box.SelLength, 3);
-  form.First.SetText("12345");  // the program's own filling is not held to the limit
-  EXPECT_EQ(form.After([&] { EditText(form.First, {5, 0, "\n6"}); }), "");
-  EXPECT_EQ(form.First.Text(), "12345");
+  EXPECT_EQ(ShownText(box, "<>", 3), "<>b<>");
+  f.txtName.SetText("1\r\n456");  // the program's own filling is not held to the limit
+  f.txtName.SelectAll();
+  f.Told();
+  EditText(f.txtName, {6, 0, "7"});
+  EXPECT_EQ(f.Told() + f.txtName.Text(), "1\r\n456");
+  EXPECT_EQ(f.txtName.SelLength, 0);
+  EditText(f.txtName, FindEdit(f.txtName, "\r\n456", ""));
+  EXPECT_EQ(f.txtName.Text(), "\r\n456");
+  EditText(f.txtName, {0, 5, {"a\r\0b", 4}});  // neither a break nor the end of a text comes in
+  EXPECT_EQ(f.txtName.Text(), "ab");
+  EXPECT_EQ(f.txtName.SelStart, 2);
+  EXPECT_EQ(WithLineBreaks("a\r\nb\rc\n", "<>"), "a<>b<>c<>");
 }

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "../TemporaryFolder.h"
+#include "TestFolder.h"
 #include "platform/FolderScan.h"
 #include "platform/InstallRegistry.h"
 
@@ -45,7 +45,7 @@ TEST(WindowsRegistry, ReadsEveryFormInTheViewOf32BitPrograms) {
 }
 
 TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
-  const TemporaryFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Path.string(), file = path + "\\中ü.BTD";
   for (const auto& [name, mark] : {std::pair("hidden.btd", 2UL), {"system.btd", 4UL}})
     folder.Put(name), SetFileAttributesA((folder / name).c_str(), mark);
