@@ -76,8 +76,9 @@ std::string RowFileName(std::string_view row) {
 }
 
 std::string ThreeDigits(int number) {
-  const std::string digits = std::to_string(number);
-  return digits.size() < RowDigits ? std::string(RowDigits - digits.size(), '0') + digits : digits;
+  std::string digits = std::to_string(number);
+  if (digits.size() < RowDigits) digits.insert(0, RowDigits - digits.size(), '0');
+  return digits;
 }
 
 void InsertMapRow(const std::string& row) {

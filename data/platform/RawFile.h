@@ -33,7 +33,8 @@ class RawFile {
   RawFile& operator=(const RawFile&) = delete;
   ~RawFile();
 
-  /// Refuses whatever is not an ordinary file, such as a folder or a pipe.
+  /// Refuses whatever is not an ordinary file, such as a folder or a pipe; when it is opened to be
+  /// read, the first read may refuse it instead.
   [[nodiscard]] std::error_code Open(const std::string& path, OpenMode mode);
   [[nodiscard]] std::error_code Length(std::uint64_t& length);
   /// Reads until the buffer is full or the file ends; `read` is the number of bytes that came.

@@ -58,9 +58,12 @@ std::error_code SystemOpen(const std::string& path, OpenMode mode, SystemHandle&
   const int descriptor =
       Uninterrupted([&] { return ::open(path.c_str(), FlagsFor(mode), LeaveToMask); });
   if (descriptor < 0) return LastError();
-  if (const auto error = CheckOrdinary(descriptor)) {
-    ::close(descriptor);
-    return error;
+  // Folders and pipes refuse a read at an offset by themselves: it saves a call for every map.
+  if (mode != OpenMode::Read) {
+    if (const auto error = CheckOrdinary(descriptor)) {
+      ::close(descriptor);
+      return error;
+    }
   }
   handle = descriptor;
   return {};

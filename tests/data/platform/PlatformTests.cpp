@@ -11,7 +11,7 @@ TEST(RawFile, FinishesShortTransfersAndRefusesWhatCannotBe) {
   const TestFolder folder;
   folder.Put("f", "abcdefghij");
   RawFile file;
-  for (const auto& [name, mode] : {std::pair("f", OpenMode::Create), {"", OpenMode::Read}})
+  for (const auto& [name, mode] : {std::pair("f", OpenMode::Create), {"", OpenMode::Change}})
     EXPECT_TRUE(file.Open(folder / name, mode));
   ASSERT_FALSE(file.Open(folder / "f", OpenMode::Change));
   EXPECT_EQ(file.Open(folder / "f", OpenMode::Read), std::errc::device_or_resource_busy);
