@@ -31,7 +31,7 @@ done
 for preset in windows windows32; do
   echo "== $preset"
   ls -l "build/$preset/Corvane.exe"
-  imports=$(objdump -p "build/$preset/Corvane.exe" | sed -n 's/.*DLL Name: //p' | sort -f)
+  imports=$(x86_64-w64-mingw32-objdump -p "build/$preset/Corvane.exe" | sed -n 's/.*DLL Name: //p' | sort -f)
   # shellcheck disable=SC2086 # one word a name
   echo "imports:" $imports
 done

@@ -1,5 +1,6 @@
 # Sourced by the scripts that run Windows programs: a Wine prefix of their own, since the tests write
 # into its registry, and a desktop of Wine's on which the windows have their frames.
+export LC_ALL=C.UTF-8  # in which file names of Windows are written
 export WINEPREFIX=$PWD/build/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 mkdir -p "$WINEPREFIX"
 trap 'wineserver -k || true' EXIT
