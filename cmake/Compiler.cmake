@@ -4,6 +4,7 @@ target_compile_features(corvane_compiler INTERFACE cxx_std_20)
 
 if(MSVC)
   target_compile_options(corvane_compiler INTERFACE /W4 /WX /permissive- /utf-8)
+  target_link_options(corvane_compiler INTERFACE /MANIFEST:NO)  # the resources have it
 else()
   target_compile_options(corvane_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Werror

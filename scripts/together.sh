@@ -22,8 +22,8 @@ play() {
   local tour=$folder/$2 log=$folder/$2-${3:-whole}-$1.log
   case $1 in
     linux) HOME=$PWD/$folder/home QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES='*.warning=false' \
-      build/release/tour/corvane_tour "$tour" ${3+"$3"} ;;
-    windows) on_screen wine build/windows/tour/corvane_tour.exe "${tour//\//\\}" ${3+"$3"} ;;
+      timeout 120 build/release/tour/corvane_tour "$tour" ${3+"$3"} ;;
+    windows) on_screen timeout 120 wine build/windows/tour/corvane_tour.exe "${tour//\//\\}" ${3+"$3"} ;;
   esac >"$log" 2>&1 || { cat "$log"; exit 1; }
 }
 
@@ -39,10 +39,10 @@ for tour in windows-alone linux-first windows-first; do
 done
 
 # As the game's installer leaves it, in the view of 32-bit programs.
-key='HKLM\Software\Wow6432Node\Strategic Simulations Inc.\Close Combat\4.00'
+key='HKLM\Software\Strategic Simulations Inc.\Close Combat\4.00'
 game=$PWD/$folder/linux-alone/game
-trap 'wine reg delete "$key" /f >>"$folder/reg.log" 2>&1; wineserver -k || true' EXIT
-wine reg add "$key" /v InstalledTo /d "Z:${game//\//\\}" /f >"$folder/reg.log" 2>&1
+trap 'wine reg delete "$key" /f /reg:32 >>"$folder/reg.log" 2>&1; wineserver -k || true' EXIT
+wine reg add "$key" /v InstalledTo /d "Z:${game//\//\\}" /f /reg:32 >"$folder/reg.log" 2>&1
 wineserver -k -w  # writes the registry to the disk
 for system in linux windows; do
   play "$system" linux-alone patch

@@ -1,8 +1,7 @@
-#include "FileDialogs.h"
+#include "Dialogs.h"
 
 #include <QtWidgets>
 
-#include "MessageWindow.h"
 #include "platform/FolderScan.h"
 
 namespace corvane {

@@ -32,13 +32,6 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
 
 FormWindow::~FormWindow() { qApp->disconnect(this); }  // the focus leaves widgets that go
 
-// The focus may come from elsewhere, such as a screen reader.
-void FormWindow::FollowFocus(const QWidget* now) {
-  const auto at = std::ranges::find(Widgets, now, &ControlWidget::Widget);
-  if (at == Widgets.end() || at->Shown == Shown.Focused) return;
-  Perform([&] { static_cast<void>(MoveFocus(*at->Shown)); });
-}
-
 void FormWindow::AddControls() {
   for (const AnyControl& any : Shown.Controls) {  // a frame ahead of what it holds
     const Control* frame = std::visit([](auto* control) { return control->Parent; }, any);
@@ -103,6 +96,13 @@ void FormWindow::Mirror(const std::set<const Control*>& changed) {
   } else if (focused->Widget != now) {
     focused->Widget->setFocus(MovesFor);
   }
+}
+
+// The focus may come from elsewhere, such as a screen reader.
+void FormWindow::FollowFocus(const QWidget* now) {
+  const auto at = std::ranges::find(Widgets, now, &ControlWidget::Widget);
+  if (at == Widgets.end() || at->Shown == Shown.Focused) return;
+  Perform([&] { static_cast<void>(MoveFocus(*at->Shown)); });
 }
 
 bool FormWindow::KeyboardInMenu() const { return menuWidget() && focusWidget() == menuWidget(); }

@@ -1,4 +1,4 @@
-#include "MessageWindow.h"
+#include "Dialogs.h"
 
 #include <QtWidgets>
 #include <algorithm>

@@ -5,10 +5,9 @@
 #include <QSettings>
 
 #include "ControlWidgets.h"
+#include "Dialogs.h"
 #include "Display.h"
-#include "FileDialogs.h"
 #include "FormWindow.h"
-#include "MessageWindow.h"
 
 namespace corvane {
 

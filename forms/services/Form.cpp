@@ -13,8 +13,11 @@ Control* FocusTaker(const AnyControl& any) {
   return std::visit(
       [](auto* control) -> Control* {
         using Kind = std::remove_pointer_t<decltype(control)>;
-        if constexpr (std::is_same_v<Kind, Label> || std::is_same_v<Kind, Frame>) return nullptr;
-        return control;
+        if constexpr (std::is_same_v<Kind, Label> || std::is_same_v<Kind, Frame>) {
+          return nullptr;
+        } else {
+          return control;
+        }
       },
       any);
 }

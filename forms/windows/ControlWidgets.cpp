@@ -30,6 +30,18 @@ HDC Canvas() {
   return canvas;
 }
 
+// Gives a widget the largest font up to the usual one that fits; a combo box keeps its height.
+void FitFont(HWND widget, int dpi, const std::function<bool(int letters)>& fits) {
+  const int usual = ToPixels(FontHeight, dpi);
+  int letters = usual;
+  while (letters > usual / 2 && !fits(letters)) --letters;
+  const auto font = reinterpret_cast<WPARAM>(FontOf(letters));
+  if (SendMessageW(widget, WM_GETFONT, 0, 0) == static_cast<LRESULT>(font)) return;
+  const LRESULT height = SendMessageW(widget, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+  SendMessageW(widget, WM_SETFONT, font, TRUE);
+  SendMessageW(widget, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+}
+
 LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = nullptr) {
   return SendMessageW(widget, message, static_cast<WPARAM>(first),
                       reinterpret_cast<LPARAM>(second));
@@ -64,7 +76,7 @@ std::wstring Held(const TextBox& box, int most = INT_MAX) {
 }
 
 ControlWidget Make(TextBox& box, HWND parent) {
-  const DWORD style = box.MultiLine ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL;
+  const DWORD style = box.MultiLine ? ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL : ES_AUTOHSCROLL;
   const HWND edit = MakeWidget(box, parent, WC_EDITW, style, WS_EX_CLIENTEDGE);
   Send(edit, EM_SETLIMITTEXT);  // none: the typed limit is the form's
   return {&box, edit,
@@ -157,12 +169,22 @@ ControlWidget Make(ListBox& list, HWND parent) {
 
 ControlWidget Make(ComboBox& combo, HWND parent) {
   const HWND widget = MakeWidget(combo, parent, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL);
-  return {&combo, widget, [&combo, widget] { MirrorRows(widget, OfComboBox, combo); },
+  return {&combo, widget,
+          [&combo, widget] {
+            MirrorRows(widget, OfComboBox, combo);
+            if (Send(widget, CB_GETDROPPEDSTATE)) return;
+            COMBOBOXINFO parts{};
+            parts.cbSize = sizeof parts;
+            GetComboBoxInfo(widget, &parts);
+            FitFont(widget, DpiOf(widget), [&, text = TextToWide(combo.Text())](int letters) {
+              return RoomFor(text, letters).cx <= parts.rcItem.right - parts.rcItem.left - 2;
+            });
+          },
           [&combo, widget](int code) {
             const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
             // An arrow key in rows that have dropped is not yet a choice, and may be taken back.
             if (code == CBN_SELENDOK) PerformAt(combo, [&] { PickRow(combo, row); });
-            if (code == CBN_SELENDCANCEL) PerformAt(combo, [] {});
+            if (code == CBN_CLOSEUP) PerformAt(combo, [] {});
           }};
 }
 
@@ -184,13 +206,10 @@ void Dress(const ControlWidget& widget, int dpi) {
   const Place frame = control.Parent ? control.Parent->At : Place{};
   const int width = ToPixels(control.At.Width, dpi);
   const int height = ToPixels(control.At.Height, dpi);
-  const auto fits = [&, caption = TextToWide(control.Caption)](int letters) {
+  FitFont(widget.Widget, dpi, [&, caption = TextToWide(control.Caption)](int letters) {
     const SIZE room = RoomFor(caption, letters, width);
     return room.cx <= width && room.cy <= height;
-  };
-  int letters = ToPixels(FontHeight, dpi);
-  while (letters > 1 && !fits(letters)) --letters;
-  Send(widget.Widget, WM_SETFONT, reinterpret_cast<LRESULT>(FontOf(letters)));
+  });
   SendMessageW(widget.Widget, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - 6);  // its edges
   MoveWindow(widget.Widget, ToPixels(frame.Left + control.At.Left, dpi),
              ToPixels(frame.Top + control.At.Top, dpi), width, height, TRUE);
@@ -212,10 +231,11 @@ int DpiOf(HWND window) {
   return ask ? static_cast<int>(ask(window)) : GetDeviceCaps(Canvas(), LOGPIXELSX);
 }
 
-RECT ScreenArea() {
-  RECT area{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  return area;
+RECT ScreenArea(HWND window) {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+  return screen.rcWork;
 }
 
 }  // namespace corvane

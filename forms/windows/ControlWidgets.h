@@ -29,7 +29,7 @@ void Dress(const ControlWidget& widget, int dpi);
 /// The pixels of a text in letters of that height; wrapped, if a width is given.
 [[nodiscard]] SIZE RoomFor(const std::wstring& text, int letters, int width = 0);
 [[nodiscard]] int DpiOf(HWND window);
-[[nodiscard]] RECT ScreenArea();  // of the main screen, without the task bar
+[[nodiscard]] RECT ScreenArea(HWND window);  // of its screen, without the task bar
 [[nodiscard]] constexpr int ToPixels(int twips, int dpi) { return (twips * dpi + 720) / 1440; }
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-#include "FileDialogs.h"
+#include "Dialogs.h"
 
 #include <algorithm>
 #include <string>
@@ -23,9 +23,8 @@ void ShowFileDialog(HWND owner, CommonDialog& settings, BOOL(WINAPI* choose)(OPE
   dialog.nMaxFile = LongestPath;
   dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
   dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
-  // Beside the settings' own: how it looks, and that the current folder stays what it is.
-  dialog.Flags =
-      static_cast<DWORD>(settings.Flags) | OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  // Beside the settings' own only how it looks. The folder of a choice becomes the current one.
+  dialog.Flags = static_cast<DWORD>(settings.Flags) | OFN_EXPLORER | OFN_HIDEREADONLY;
   const bool chosen = choose(&dialog) != 0;
   settings.FileName = chosen ? WideToText(path.c_str()) : "";
   settings.FileTitle = chosen ? WideToText(path.c_str() + dialog.nFileOffset) : "";

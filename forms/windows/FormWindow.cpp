@@ -11,8 +11,8 @@
 namespace corvane {
 namespace {
 
-constexpr UINT Presses[] = {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MBUTTONDOWN,   WM_MBUTTONDBLCLK,
-                            WM_RBUTTONDOWN, WM_RBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK};
+constexpr UINT Presses[] = {WM_LBUTTONDOWN,   WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,
+                            WM_RBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK};
 const std::map<WPARAM, Key> WindowKeys = {
     {VK_TAB, Key::Tab}, {VK_RETURN, Key::Enter}, {VK_ESCAPE, Key::Escape}};
 
@@ -78,18 +78,18 @@ void FormWindow::SetFrame() {
   WINDOWINFO now{};
   now.cbSize = sizeof now;
   GetWindowInfo(Window, &now);
-  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = ScreenArea();
+  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = ScreenArea(Window);
   const LONG width =
       pixels(Shown.ClientWidth) + whole.right - client.right + client.left - whole.left;
   const LONG height =
       pixels(Shown.ClientHeight) + whole.bottom - client.bottom + client.top - whole.top;
   LONG left = whole.left, top = whole.top;
-  if (Shown.ClientAt) {  // as far as the screen allows
+  if (Shown.ClientAt) {
     left = pixels(Shown.ClientAt->Left) + whole.left - client.left;
     top = pixels(Shown.ClientAt->Top) + whole.top - client.top;
-    left = std::max(screen.left, std::min(left, screen.right - width));
-    top = std::max(screen.top, std::min(top, screen.bottom - height));
   }
+  left = std::max(screen.left, std::min(left, screen.right - width));
+  top = std::max(screen.top, std::min(top, screen.bottom - height));
   MoveWindow(Window, left, top, width, height, FALSE);
 }
 
@@ -115,6 +115,7 @@ void FormWindow::Close() {
   EnableWindow(Owner, TRUE);  // ahead of the hiding, which makes another window active
   ShowWindow(Window, SW_HIDE);
   Running = false;
+  PostMessageW(Window, WM_NULL, 0, 0);  // for the loop to see it, whatever brought us here
 }
 
 HWND FormWindow::Top() {
@@ -161,9 +162,11 @@ LRESULT FormWindow::Receive(HWND window, UINT message, WPARAM first, LPARAM seco
       form->DressAll(HIWORD(first));
       return 0;
     case WM_CLOSE:  // unloading the form closes the window, or does not
-    case WM_QUERYENDSESSION:
       Perform([&] { CloseWindow(form->Shown); });
-      return !form->Shown.IsOpen();
+      return 0;
+    case WM_QUERYENDSESSION:  // the session may go on for all that
+      return Attempt(
+          [form, cancel = false]() mutable { return form->Shown.QueryUnload(cancel), !cancel; });
     default:
       return DefWindowProcW(window, message, first, second);
   }
@@ -187,7 +190,10 @@ bool FormWindow::Takes(MSG& message) {
   if (message.hwnd != Window && !IsChild(Window, message.hwnd)) return false;
   if (std::ranges::count(Presses, message.message) > 0) return RefusesPress(message);
   if (message.message == WM_MOUSEWHEEL) return LosesWheel(message);
+  // The press was refused, but an edit would take the focus for its menu.
+  if (message.message == WM_RBUTTONUP) return WidgetOf(message.hwnd) && message.hwnd != GetFocus();
   if (message.message == WM_KEYDOWN) return TakesKey(message.wParam);
+  if (message.message == WM_CHAR && message.wParam == 0x7F) return true;  // Ctrl+Backspace: a box
   if (message.message != WM_SYSCHAR || message.wParam > 0x7F) return false;
   return Attempt([&] { return PressMnemonic(Shown, static_cast<char>(message.wParam)); });
 }
@@ -220,8 +226,8 @@ bool FormWindow::TakesKey(WPARAM key) {
 bool FormWindow::LosesWheel(MSG& turn) const {
   if (IsDropped(GetFocus())) return false;
   turn.hwnd = WindowFromPoint({GET_X_LPARAM(turn.lParam), GET_Y_LPARAM(turn.lParam)});
-  const bool isCombo = SendMessageW(turn.hwnd, CB_GETITEMHEIGHT, 0, 0) > 0;
-  return !WidgetOf(turn.hwnd) || (isCombo && turn.hwnd != GetFocus());
+  if (!WidgetOf(turn.hwnd)) return true;  // it may belong to a program that does not answer
+  return SendMessageW(turn.hwnd, CB_GETITEMHEIGHT, 0, 0) > 0 && turn.hwnd != GetFocus();
 }
 
 }  // namespace corvane

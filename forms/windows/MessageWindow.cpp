@@ -1,4 +1,4 @@
-#include "MessageWindow.h"
+#include "Dialogs.h"
 
 #include "ControlWidgets.h"
 #include "TextEditing.h"
@@ -9,7 +9,7 @@ namespace {
 
 // Whether the system's box, which never scrolls, surely has its text and buttons on the screen.
 bool FitsScreen(const std::wstring& text, HWND owner) {
-  const RECT screen = ScreenArea();
+  const RECT screen = ScreenArea(owner);
   const int width = (screen.right - screen.left) / 3;
   const SIZE room = RoomFor(text, ToPixels(FontHeight, DpiOf(owner)), width);
   return room.cx <= width && room.cy <= (screen.bottom - screen.top) * 2 / 3;

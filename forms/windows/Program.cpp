@@ -5,9 +5,8 @@
 #include <commctrl.h>
 #include <objbase.h>
 
-#include "FileDialogs.h"
+#include "Dialogs.h"
 #include "FormWindow.h"
-#include "MessageWindow.h"
 
 namespace corvane {
 

@@ -51,6 +51,8 @@ std::error_code OpenError(const std::wstring& path) {
 
 std::error_code SystemOpen(const std::string& path, OpenMode mode, SystemHandle& handle) {
   const std::wstring wide = TextToWide(path);
+  // Behind the drive's a colon would open a stream beside the file's own contents.
+  if (wide.find(L':', 2) != wide.npos) return {ERROR_INVALID_NAME, std::system_category()};
   const HANDLE opened = OpenNative(wide, mode);
   if (opened == INVALID_HANDLE_VALUE) return OpenError(wide);
   if (::GetFileType(opened) != FILE_TYPE_DISK) {

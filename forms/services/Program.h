@@ -1,4 +1,5 @@
-// The program on the screen: its windows, boxes and dialogs stand behind the display record.
+// The program on the screen: its windows, boxes and dialogs stand behind the display record. Each
+// display has these two in a Program.cpp of its own.
 #pragma once
 
 #include "Form.h"
