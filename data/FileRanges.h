@@ -1,5 +1,5 @@
-// Byte ranges of one file, read whole or replaced in place. Every file that the program reads or
-// writes goes through here.
+// Byte ranges of one file, read whole or replaced in place. Every file of the game and every patch
+// file goes through here.
 #pragma once
 
 #include <cstddef>

@@ -5,8 +5,8 @@
 
 #include "StrategicTables.h"
 #include "TableImages.h"
-#include "platform/FolderScan.h"
 #include "platform/InstallRegistry.h"
+#include "platform/LetterCase.h"
 
 namespace corvane {
 namespace {

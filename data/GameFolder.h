@@ -20,6 +20,7 @@ struct OpenOutcome {
   FileResult Read;  // of a GameExeFile or PatchFile
 };
 
+/// By the name alone; it never is NoInstallPath.
 [[nodiscard]] FileKind KindOfFile(std::string_view fileTitle);
 
 /// Sets GamePath to the installed game's folder; False, and GamePath stays, if there is none.

@@ -5,6 +5,7 @@
 
 #include "StrategicTables.h"
 #include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 #include "platform/RawFile.h"
 
 namespace corvane {

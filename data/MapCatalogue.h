@@ -1,5 +1,6 @@
 // The list of maps, built from the BTD files in the Maps folder of GamePath. The position of a row
-// is its map slot: every window and rule takes it so, whatever number the row's text begins with.
+// is its map slot, whatever number the row's text begins with; only the rows of connections and the
+// file of a cleared slot go by that number.
 #pragma once
 
 #include <string>

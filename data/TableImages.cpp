@@ -8,6 +8,7 @@
 #include "FileRanges.h"
 #include "StrategicTables.h"
 #include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-// The commands of the File menu: the only way in which data enters or leaves the tables.
+// The commands of the File menu: open, check, save, leave.
 
 #include "ConsistencyCheck.h"
 #include "Form1.h"
@@ -6,6 +6,7 @@
 #include "StrategicTables.h"
 #include "TableImages.h"
 #include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 namespace corvane {
 namespace {

@@ -1,7 +1,6 @@
 #include "Form1.h"
 
 #include <string>
-#include <vector>
 
 #include "ConnectionEditing.h"
 #include "MapCatalogue.h"

@@ -18,6 +18,7 @@ namespace corvane {
 /// Connects the maps by arrow 0; False, and nothing changes, if they are the same map.
 [[nodiscard]] bool AddConnection(int fromMap, int toMap);
 
+/// The question before a connection is deleted, in which the maps are named by their rows.
 [[nodiscard]] std::string ConnectionDeletePrompt(std::string_view mapRow,
                                                  std::string_view connectionRow);
 

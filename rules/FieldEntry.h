@@ -1,7 +1,6 @@
 // What a numeric field accepts, and where its number goes.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <string_view>

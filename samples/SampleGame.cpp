@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "Noise.h"
-#include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 namespace corvane {
 namespace {

@@ -8,7 +8,7 @@ need check
 for preset in asan clang; do
   echo "== $preset"
   build "$preset" -- --quiet
-  ctest --preset "$preset" -j "$(nproc)"
+  ctest --preset "$preset" -j "$(nproc)" --no-tests=error
 done
 
 echo "== clang-format"

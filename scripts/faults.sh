@@ -148,7 +148,9 @@ each_call() { # FAULT [COMMAND...]
   unharmed=$code
   for call in $(seq 40); do
     strike "$@" injected "$fault:when=$call"
-    [ "$code" -ne "$unharmed" ] || return 0
+    [ "$code" -eq "$unharmed" ] || continue
+    [ "$call" -gt 1 ] || complain "$name: $fault never strikes"
+    return 0
   done
   complain "$name: $fault strikes for ever"
 }

@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
-seconds=${1:?usage: scripts/fuzz.sh SECONDS}
+seconds=${1:-}
+[[ $seconds =~ ^[1-9][0-9]*$ ]] || { echo "usage: scripts/fuzz.sh SECONDS" >&2; exit 2; }
 need fuzz
 build fuzz -- --quiet
 

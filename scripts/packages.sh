@@ -3,13 +3,13 @@
 #   need build|test|package|check|fuzz|benchmark|outside|windows
 #
 # installs what is missing on Debian and Ubuntu, as root or through sudo; elsewhere it names the
-# packages and stops when a tool that is needed is not there.
+# packages and stops when CMake, Ninja or a compiler is not there.
 
 packages_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
-packages_test="$packages_build libgtest-dev"
+packages_test="$packages_build libgtest-dev strace"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
 packages_fuzz="$packages_test clang libclang-rt-dev"
-packages_outside="$packages_test strace"
+packages_outside="$packages_test"
 packages_benchmark="$packages_test libbenchmark-dev"
 packages_package="$packages_build dpkg-dev file desktop-file-utils appstream lintian"
 packages_windows="cmake ninja-build g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest wine wine64
@@ -23,8 +23,6 @@ system, and start it again:
              clang clang-tools-extra (for the checks), google-benchmark-devel (to measure)
   Arch:      gcc cmake ninja qt6-base gtest ttf-dejavu
              clang (for the checks), benchmark (to measure)
-  Homebrew:  cmake ninja qt googletest
-             llvm (for the checks), google-benchmark (to measure)
 END
 }
 
@@ -75,16 +73,14 @@ need_wine32() {
   return 1
 }
 
-# build PRESET [ARGUMENT...]: configures a preset once and builds it; Ninja itself configures again
-# where it has to.
+# build PRESET [ARGUMENT...]: configures a preset and builds it. Configured anew each time, since a
+# library may have come that was not there before.
 build() {
   local preset=$1 log
   shift
-  if [ ! -f "build/$preset/build.ninja" ]; then
-    log=$(mktemp)
-    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; rm -rf "$log" "build/$preset"; return 1; }
-    grep -i -A3 warning "$log" || true
-    rm "$log"
-  fi
+  log=$(mktemp)
+  cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; rm -rf "$log" "build/$preset"; return 1; }
+  grep -i -A3 warning "$log" || true
+  rm "$log"
   cmake --build --preset "$preset" "$@"
 }

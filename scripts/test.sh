@@ -6,4 +6,5 @@ cd "$(dirname "$0")/.."
 
 need test
 build release -- --quiet
-ctest --preset release -j "$(nproc)"
+[ -x build/release/tests/corvane_tests ] || { echo "The tests were not built." >&2; exit 1; }
+ctest --preset release -j "$(nproc)" --no-tests=error

@@ -1,4 +1,4 @@
-// Puts everything that lives as long as the process back to how the program starts.
+// Puts the tables and what goes with them back to how the program starts.
 #pragma once
 
 #include "MapCatalogue.h"

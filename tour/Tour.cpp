@@ -10,10 +10,8 @@
 #include <fstream>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "Driver.h"
-#include "FieldEntry.h"
 #include "Form1.h"
 #include "Picture.h"
 #include "SampleGame.h"
@@ -70,8 +68,8 @@ class Tour {
 
   fs::path Folder, Game;
   Form1 Main;
-  int Steps = 0;
-  bool Failed = false;
+  int Steps = 0, Awaited = 0;  // messages that have not come yet
+  bool Failed = false, Played = false;
 };
 
 void Tour::Expect(bool holds, const std::string& what) {
@@ -101,7 +99,9 @@ void Tour::ExpectChanged(const std::string& name, const std::string& before, std
 
 // Plays what follows in the message that comes up next.
 void Tour::OnMessage(const std::string& start, const std::string& answer, const char* picture) {
+  ++Awaited;
   WhenNext([this, start, answer, picture] {
+    --Awaited;
     const ShownMessage message = SeenMessage();
     Expect(message.Text.starts_with(start) && message.OnScreen, "message \"" + message.Text + "\"");
     if (picture) Picture(picture);
@@ -324,7 +324,11 @@ int Tour::Run(const std::string& part) {
     }
   }
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
-  corvane::Play(Main, [&] { Play(part); });
+  corvane::Play(Main, [&] {
+    Play(part);
+    Played = true;
+  });
+  Expect(Played && Awaited == 0, "the whole tour, and every message");
   std::printf("\n%s\n", Failed ? "The tour FAILED." : "All came out as it must.");
   return Failed ? 1 : 0;
 }

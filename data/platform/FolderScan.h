@@ -1,5 +1,5 @@
-// Names in a folder: what a scan by extension finds, and how a name is matched where the system
-// tells capitals from small letters.
+// Folders: what a scan by extension finds, and which name there is meant where the system tells
+// capitals from small letters.
 #pragma once
 
 #include <cstddef>
@@ -30,11 +30,5 @@ inline constexpr char Separator = static_cast<char>(std::filesystem::path::prefe
 
 /// The folder that the process stands in; empty if it cannot be told.
 [[nodiscard]] std::string CurrentFolder();
-
-/// Capitals for the letters a to z; every other byte stays.
-[[nodiscard]] std::string InCapitals(std::string_view text);
-
-/// Text order in which letter case (a to z) does not count.
-[[nodiscard]] bool OrderedBefore(std::string_view left, std::string_view right);
 
 }  // namespace corvane

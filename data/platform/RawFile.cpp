@@ -34,7 +34,7 @@ std::error_code CheckRange(std::uint64_t offset, std::size_t size) {
 }  // namespace
 
 RawFile::~RawFile() {
-  if (IsOpen()) (void)SystemClose(Handle);
+  if (IsOpen()) static_cast<void>(SystemClose(Handle));
 }
 
 std::error_code RawFile::Open(const std::string& path, OpenMode mode) {

@@ -33,8 +33,8 @@ class RawFile {
   RawFile& operator=(const RawFile&) = delete;
   ~RawFile();
 
-  /// Refuses whatever is not an ordinary file, such as a folder or a pipe; when it is opened to be
-  /// read, the first read may refuse it instead.
+  /// To write, refuses whatever is not an ordinary file; to read, folders and pipes are refused
+  /// here or by the first read. Fails while a file is open.
   [[nodiscard]] std::error_code Open(const std::string& path, OpenMode mode);
   [[nodiscard]] std::error_code Length(std::uint64_t& length);
   /// Reads until the buffer is full or the file ends; `read` is the number of bytes that came.
@@ -42,9 +42,11 @@ class RawFile {
                                        std::size_t& read);
   /// Writes the whole of `bytes`, or fails.
   [[nodiscard]] std::error_code WriteAt(std::uint64_t offset, std::span<const std::byte> bytes);
+  /// Cuts the file, or has zeros follow.
   [[nodiscard]] std::error_code SetLength(std::uint64_t length);
   /// Returns when the disk has what was written.
   [[nodiscard]] std::error_code Flush();
+  /// The file is given up, also if this fails: then what was written may be lost.
   [[nodiscard]] std::error_code Close();
   [[nodiscard]] bool IsOpen() const { return Handle != NoHandle; }
   /// True once anything was written through this object.

@@ -14,7 +14,7 @@ namespace corvane {
 
 using SystemHandle = std::intptr_t;
 
-/// Fails for whatever is not an ordinary file, without waiting for anyone.
+/// Without waiting for anyone. To write, it fails for whatever is not an ordinary file.
 [[nodiscard]] std::error_code SystemOpen(const std::string& path, OpenMode mode,
                                          SystemHandle& handle);
 [[nodiscard]] std::error_code SystemLength(SystemHandle handle, std::uint64_t& length);

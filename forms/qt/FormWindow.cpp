@@ -140,9 +140,7 @@ bool FormWindow::RefusesPress(const QPoint& at) {
     const auto pressed = std::ranges::find(Widgets, under, &ControlWidget::Widget);
     if (pressed == Widgets.end()) continue;
     if (under->focusPolicy() == Qt::NoFocus || !under->isEnabled()) return false;
-    bool moved = true;
-    Perform([&] { moved = MoveFocus(*pressed->Shown); });
-    return !moved;
+    return !Attempt([&] { return MoveFocus(*pressed->Shown); });
   }
   return false;
 }
@@ -157,11 +155,10 @@ bool FormWindow::TakesKey(const QKeyEvent& event) {
     return true;
   }
   const bool tab = key->second == Key::Tab || key->second == Key::BackTab;
-  bool taken = tab;
   MovesFor = tab ? Qt::TabFocusReason : Qt::OtherFocusReason;
-  Perform([&] { taken |= PressKey(Shown, key->second); });
+  const bool taken = Attempt([&] { return PressKey(Shown, key->second); });
   MovesFor = Qt::OtherFocusReason;
-  return taken;
+  return taken || tab;
 }
 
 }  // namespace corvane

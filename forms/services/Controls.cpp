@@ -5,7 +5,7 @@
 #include "Display.h"
 #include "Form.h"
 #include "TextEditing.h"
-#include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 namespace corvane {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 namespace corvane {
 namespace {

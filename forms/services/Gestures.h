@@ -32,8 +32,11 @@ bool PressKey(Form& form, Key key);
 /// Alt and a letter. False if no button has that mnemonic.
 bool PressMnemonic(const Form& form, char letter);
 
+/// Runs the Click of a menu bar entry, which tells what of its items is available.
 void OpenMenu(MenuEntry& menu);
+/// Picks an item of a menu; nothing happens if it is greyed.
 void Choose(MenuItem& item);
+/// The key of a menu item: its menu's Click comes first.
 void PressShortcut(Form& form, Shortcut key);
 
 /// The window's close box.

@@ -38,6 +38,7 @@ struct TextEdit {
 /// in as '?', line breaks as CR LF, and no more than the typed limit allows.
 [[nodiscard]] std::string EditedText(const TextBox& box, const TextEdit& edit);
 
+/// The characters of a UTF-8 text, in which CR LF counts as two.
 [[nodiscard]] int CharacterCount(std::string_view text);
 
 }  // namespace corvane

@@ -135,10 +135,10 @@ TEST(Display, RunsADialogUntilItIsUnloadedAndEndsWithNoQuestion) {
   PlayWhole(f, [&] {
     WhenNext(leave), Check(f, {{"left nameback ", "lstRows", "Return"}});
     EXPECT_EQ(Seen(f.txtName), "back");
-    dialog.cmdCancel.Click = [] { TheDisplay.EndProgram(); };
+    dialog.cmdCancel.Click = [&] { f.Log += "end ", TheDisplay.EndProgram(); };
     WhenNext([] { Strike("Esc"); }), PressAt(f.cmdOK);
   });
-  EXPECT_EQ(f.Log, "");
+  EXPECT_EQ(f.Log, "end ");
 }
 
 }  // namespace

@@ -28,8 +28,13 @@ static SampleGame OddBytes() {
 
 struct EditMapBTD : testing::Test {
   void Edit(const std::function<void(dlgEditBTD&)>& user) {
-    session.InDialog = [&](Form& form) { user(static_cast<dlgEditBTD&>(form)); };
+    bool opened = false;
+    session.InDialog = [&](Form& form) {
+      opened = true;
+      user(static_cast<dlgEditBTD&>(form));
+    };
     DoubleClick(session.Main.lstMaps, 4);
+    EXPECT_TRUE(opened);
   }
   static VictoryLocation& Edited(int vl) { return dlgEditBTD::VLTable[std::size_t(vl)]; }
   [[nodiscard]] std::string File() const { return session.Folder.Get("Maps/Bytes.BTD"); }
@@ -147,7 +152,8 @@ TEST_F(EditMapBTD, RecordsOutliveTheWindow) {
   });
   // Another map's records must not be written over a file that could not be read.
   FailFrom(1);
-  session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [](dlgEditBTD&) { ADD_FAILURE(); });
+  session.InDialog = [](Form&) { ADD_FAILURE(); };
+  Press(session.Main.cmdEditBTD);
   const Texts told = session.Told();  // of this file, then of them all
   EXPECT_TRUE(told.size() == 2 && told[0].find("could not be read") != std::string::npos);
 }

@@ -51,6 +51,7 @@ struct SaveFault : testing::Test {
         };
         save();
         InjectedFault = nullptr;
+        ASSERT_GT(steps, 0);
         failed = at < steps;
         const std::string& wanted = failed ? old : saved;
         const bool torn = Get(name) != wanted || Exists(name) == wanted.empty();

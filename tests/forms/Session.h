@@ -83,9 +83,14 @@ struct Session {
 
   template <typename Dialog>
   void Within(Button& button, const std::function<void(Dialog&)>& user) {
-    InDialog = [&](Form& form) { user(static_cast<Dialog&>(form)); };
+    bool opened = false;
+    InDialog = [&](Form& form) {
+      opened = true;
+      user(static_cast<Dialog&>(form));
+    };
     Press(button);
     InDialog = [](Form&) {};
+    EXPECT_TRUE(opened);
   }
 };
 

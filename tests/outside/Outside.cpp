@@ -8,7 +8,7 @@
 using namespace corvane;
 
 // Opens the game in a folder, edits all tables, and saves FILE; a CC4.EXE is cut to a length ahead
-// of that. 0: saved. 2: told that it failed, and that the file is as it was. 3: told anything else.
+// of that. 0: saved. 2: told that it failed and left nothing torn. 3: told anything else.
 static int Play(const std::string& folder, const std::string& file, const std::string& length) {
   Session session(std::map<std::string, std::string>{});
   Form1& main = session.Main;

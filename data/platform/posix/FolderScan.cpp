@@ -1,5 +1,6 @@
 // Folders through the calls of Linux. No file is hidden or a system file here: a dot is no mark.
 #include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 #include <dirent.h>
 #include <fcntl.h>

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/AnsiText.h"
-#include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 #include "platform/posix/Utf8.h"
 
 namespace corvane {

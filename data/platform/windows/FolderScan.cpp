@@ -1,6 +1,7 @@
 // Folders through the calls of Windows. The system's wildcards are asked for everything only: they
 // compare the short names as well.
 #include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 #include <windows.h>
 

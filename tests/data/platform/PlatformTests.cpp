@@ -4,6 +4,7 @@
 #include "TestFolder.h"
 #include "platform/AnsiText.h"
 #include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 using namespace corvane;
 

@@ -1,5 +1,4 @@
-// Letter case of names, which is the same on every system.
-#include "platform/FolderScan.h"
+#include "platform/LetterCase.h"
 
 #include <algorithm>
 
