@@ -14,20 +14,29 @@ else
 fi
 . scripts/wine.sh
 
+# run_tests PRESET [ARGUMENT...]: runs the tests that the arguments of ctest choose, and keeps its log.
+run_tests() {
+  local preset=$1
+  shift
+  on_screen ctest --preset "$preset" --no-tests=error "$@"
+  cat "build/$preset/Testing/Temporary/LastTest.log" >>"build/$preset/tests.log"
+}
+
 for preset in windows windows32; do
   echo "== $preset: build and tests"
   build "$preset" -- --quiet
   [[ " $runs " == *" $preset "* ]] || continue
-  on_screen ctest --preset "$preset" -R corvane_tests --no-tests=error
+  rm -f "build/$preset/tests.log"
+  run_tests "$preset" -R corvane_tests
   # Twice at most: as a window comes up, the screen may take back a key that is held down already.
-  on_screen ctest --preset "$preset" -E corvane_tests --no-tests=error --repeat until-pass:2
+  run_tests "$preset" -E corvane_tests --repeat until-pass:2
 done
 rm -f build/Corvane-windows.zip
 zip -qj build/Corvane-windows.zip build/windows/Corvane.exe README.md
 
 for preset in $runs; do
   echo "== ran under Wine: $preset"
-  tr -d '\r' <"build/$preset/Testing/Temporary/LastTest.log" |
+  tr -d '\r' <"build/$preset/tests.log" |
     sed -nE 's/^Command: .*[\\/]([^"\\/]+\.exe)".*/\1:/p; /^\[==========\].* ran|^All came out/p'
 done
 for preset in windows windows32; do
