@@ -7,10 +7,18 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <sstream>
 
 #include "ResetTables.h"
 #include "SampleGame.h"
 #include "platform/RawFile.h"
+
+/// What stands in a file; nothing if there is none.
+inline std::string Bytes(const std::filesystem::path& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
 
 struct TestFolder {
   TestFolder() {
@@ -26,12 +34,7 @@ struct TestFolder {
     std::filesystem::create_directories((Path / name).parent_path());
     std::ofstream(Path / name, std::ios::binary) << content;
   }
-  std::string Get(const std::string& name) const {
-    std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(Path / name)), '\0');
-    std::ifstream(Path / name, std::ios::binary)
-        .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return bytes;
-  }
+  std::string Get(const std::string& name) const { return Bytes(Path / name); }
   std::filesystem::path Path = std::filesystem::temp_directory_path() /
                                ("corvane-test-" + std::to_string(std::random_device()()));
 };

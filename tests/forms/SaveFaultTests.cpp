@@ -25,9 +25,6 @@ struct SaveFault : testing::Test {
     std::filesystem::remove(session.Folder.Path / name);
     if (!content.empty()) session.Folder.Put(name, content);
   }
-  [[nodiscard]] std::string Get(const std::string& name) const {
-    return Exists(name) ? session.Folder.Get(name) : "";
-  }
 
   void FailEveryStep(const std::string& name, const std::string& old,
                      const std::function<void()>& save) {
@@ -35,7 +32,7 @@ struct SaveFault : testing::Test {
     session.Told();
     Put(name, old);
     save();
-    const std::string saved = Get(name);
+    const std::string saved = session.Folder.Get(name);
     EXPECT_NE(saved, old);
     for (const bool forGood : {false, true}) {
       bool failed = true;
@@ -54,7 +51,7 @@ struct SaveFault : testing::Test {
         ASSERT_GT(steps, 0);
         failed = at < steps;
         const std::string& wanted = failed ? old : saved;
-        const bool torn = Get(name) != wanted || Exists(name) == wanted.empty();
+        const bool torn = session.Folder.Get(name) != wanted || Exists(name) == wanted.empty();
         EXPECT_EQ(Says(name.substr(name.find('/') + 1) + " could not be saved: "), failed);
         // Nothing can be put back where every later step fails as well.
         EXPECT_EQ(torn, forGood && (Says("Use your backup.") || Says("Do not use it.")));

@@ -1,7 +1,6 @@
 // The program of scripts/faults.sh: "play FOLDER FILE LENGTH" plays a session while the system is
 // made to fail, "judge OLD NEW NOW saved|failed|killed" judges the file that is left.
 #include <iostream>
-#include <sstream>
 
 #include "forms/Session.h"
 
@@ -55,12 +54,6 @@ static int Judge(const std::string& old, const std::string& fresh, const std::st
     if (!isOld && !(mayBeNew && now[at] == fresh[at])) return 1;
   }
   return 0;
-}
-
-static std::string Bytes(const std::string& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
 }
 
 int main(int count, char** arguments) {
