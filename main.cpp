@@ -1,6 +1,6 @@
-#include "FieldEntry.h"
-#include "Form1.h"
-#include "Program.h"
+#include "forms/Form1.h"
+#include "rules/FieldEntry.h"
+#include "services/Program.h"
 
 int main(int argc, char** argv) {
   corvane::Beep = corvane::SystemBeep;

@@ -1,8 +1,8 @@
 // The program up to its first window. With a game's file it opens that; with a word more it
 // measures the selection of maps.
-#include "Form1.h"
-#include "Program.h"
 #include "Shown.h"
+#include "forms/Form1.h"
+#include "services/Program.h"
 
 int main(int count, char** words) {
   corvane::Form1 form;

@@ -8,12 +8,12 @@
 #include <numeric>
 #include <thread>
 
-#include "ConsistencyCheck.h"
-#include "GameFolder.h"
-#include "MapCatalogue.h"
 #include "Rows.h"
-#include "SampleGame.h"
-#include "TableImages.h"
+#include "data/GameFolder.h"
+#include "data/MapCatalogue.h"
+#include "data/TableImages.h"
+#include "rules/ConsistencyCheck.h"
+#include "samples/SampleGame.h"
 
 namespace corvane {
 namespace {

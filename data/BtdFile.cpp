@@ -1,11 +1,11 @@
-#include "BtdFile.h"
+#include "data/BtdFile.h"
 
 #include <bit>
 #include <cstring>
 #include <span>
 
-#include "FileRanges.h"
-#include "platform/FolderScan.h"
+#include "base/FileRanges.h"
+#include "base/FolderScan.h"
 
 namespace corvane {
 namespace {

@@ -1,12 +1,12 @@
-#include "GameFolder.h"
+#include "data/GameFolder.h"
 
 #include <optional>
 #include <utility>
 
-#include "StrategicTables.h"
-#include "TableImages.h"
-#include "platform/InstallRegistry.h"
-#include "platform/LetterCase.h"
+#include "base/InstallRegistry.h"
+#include "base/LetterCase.h"
+#include "data/StrategicTables.h"
+#include "data/TableImages.h"
 
 namespace corvane {
 namespace {

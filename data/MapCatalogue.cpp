@@ -1,12 +1,12 @@
-#include "MapCatalogue.h"
+#include "data/MapCatalogue.h"
 
 #include <algorithm>
 #include <system_error>
 
-#include "StrategicTables.h"
-#include "platform/FolderScan.h"
-#include "platform/LetterCase.h"
-#include "platform/RawFile.h"
+#include "base/FolderScan.h"
+#include "base/LetterCase.h"
+#include "base/RawFile.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 namespace {

@@ -1,14 +1,14 @@
-#include "TableImages.h"
+#include "data/TableImages.h"
 
 #include <bit>
 #include <cstring>
 #include <span>
 #include <vector>
 
-#include "FileRanges.h"
-#include "StrategicTables.h"
-#include "platform/FolderScan.h"
-#include "platform/LetterCase.h"
+#include "base/FileRanges.h"
+#include "base/FolderScan.h"
+#include "base/LetterCase.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 

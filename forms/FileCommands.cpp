@@ -1,12 +1,12 @@
 // The commands of the File menu: open, check, save, leave.
 
-#include "ConsistencyCheck.h"
-#include "Form1.h"
-#include "GameFolder.h"
-#include "StrategicTables.h"
-#include "TableImages.h"
-#include "platform/FolderScan.h"
-#include "platform/LetterCase.h"
+#include "base/FolderScan.h"
+#include "base/LetterCase.h"
+#include "data/GameFolder.h"
+#include "data/StrategicTables.h"
+#include "data/TableImages.h"
+#include "forms/Form1.h"
+#include "rules/ConsistencyCheck.h"
 
 namespace corvane {
 namespace {

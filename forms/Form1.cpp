@@ -1,14 +1,14 @@
-#include "Form1.h"
+#include "forms/Form1.h"
 
 #include <string>
 
-#include "ConnectionEditing.h"
-#include "MapCatalogue.h"
-#include "MapSlots.h"
 #include "NumericFields.h"
-#include "StrategicTables.h"
-#include "dlgAddConnection.h"
-#include "dlgEditBTD.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
+#include "forms/dlgAddConnection.h"
+#include "forms/dlgEditBTD.h"
+#include "rules/ConnectionEditing.h"
+#include "rules/MapSlots.h"
 
 namespace corvane {
 namespace {

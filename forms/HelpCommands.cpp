@@ -1,7 +1,7 @@
 // The commands of the Help menu.
 
-#include "Form1.h"
 #include "HelpTexts.h"
+#include "forms/Form1.h"
 
 namespace corvane {
 

@@ -1,8 +1,8 @@
 // Ties a text box to the number that it edits.
 #pragma once
 
-#include "Controls.h"
-#include "FieldEntry.h"
+#include "rules/FieldEntry.h"
+#include "services/Controls.h"
 
 namespace corvane {
 

@@ -1,7 +1,7 @@
-#include "dlgAddConnection.h"
+#include "forms/dlgAddConnection.h"
 
-#include "ConnectionEditing.h"
-#include "Form1.h"
+#include "forms/Form1.h"
+#include "rules/ConnectionEditing.h"
 
 namespace corvane {
 

@@ -1,11 +1,11 @@
-#include "dlgEditBTD.h"
+#include "forms/dlgEditBTD.h"
 
 #include <string>
 
-#include "Form1.h"
 #include "HelpTexts.h"
-#include "MapCatalogue.h"
 #include "NumericFields.h"
+#include "data/MapCatalogue.h"
+#include "forms/Form1.h"
 
 namespace corvane {
 namespace {

@@ -1,6 +1,6 @@
 // The input is a BTD file, alone in its folder.
 #include "Fuzz.h"
-#include "MapCatalogue.h"
+#include "data/MapCatalogue.h"
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
   GamePath = folder / "";

@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "ConsistencyCheck.h"
-#include "TableImages.h"
 #include "TestFolder.h"
+#include "data/TableImages.h"
+#include "rules/ConsistencyCheck.h"
 
 namespace corvane {
 

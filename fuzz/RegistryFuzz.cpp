@@ -1,6 +1,6 @@
 // The input is the registry file of a Wine prefix, to which a value is then added.
 #include "Fuzz.h"
-#include "platform/InstallRegistry.h"
+#include "base/InstallRegistry.h"
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
   setenv("HOME", folder.Path.c_str(), 1);

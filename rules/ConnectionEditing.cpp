@@ -1,7 +1,7 @@
-#include "ConnectionEditing.h"
+#include "rules/ConnectionEditing.h"
 
-#include "MapCatalogue.h"
-#include "StrategicTables.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 namespace {

@@ -1,7 +1,7 @@
-#include "ConsistencyCheck.h"
+#include "rules/ConsistencyCheck.h"
 
-#include "MapCatalogue.h"
-#include "StrategicTables.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 namespace {

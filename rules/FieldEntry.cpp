@@ -1,10 +1,10 @@
-#include "FieldEntry.h"
+#include "rules/FieldEntry.h"
 
 #include <algorithm>
 #include <limits>
 #include <optional>
 
-#include "StrategicTables.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 namespace {

@@ -1,9 +1,9 @@
-#include "MapSlots.h"
+#include "rules/MapSlots.h"
 
 #include <string>
 
-#include "MapCatalogue.h"
-#include "StrategicTables.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 namespace {

@@ -3,8 +3,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "Noise.h"
-#include "SampleGame.h"
+#include "samples/Noise.h"
+#include "samples/SampleGame.h"
 
 namespace {
 

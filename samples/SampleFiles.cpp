@@ -4,8 +4,8 @@
 #include <fstream>
 #include <system_error>
 
-#include "Noise.h"
-#include "SampleGame.h"
+#include "samples/Noise.h"
+#include "samples/SampleGame.h"
 
 namespace corvane {
 namespace {

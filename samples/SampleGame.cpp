@@ -1,13 +1,13 @@
 // The sample game as a description: a drawn plan of its maps, and what is derived from it.
-#include "SampleGame.h"
+#include "samples/SampleGame.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <string_view>
 
-#include "Noise.h"
-#include "platform/LetterCase.h"
+#include "base/LetterCase.h"
+#include "samples/Noise.h"
 
 namespace corvane {
 namespace {

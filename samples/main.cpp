@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <iostream>
 
-#include "SampleGame.h"
-#include "platform/FolderScan.h"
+#include "base/FolderScan.h"
+#include "samples/SampleGame.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 # Measures the program against its floors and prints the table; a row over its limit is marked.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need benchmark
 build benchmark -- --quiet

@@ -2,7 +2,7 @@
 # Builds with sanitizers and with clang++, runs all tests in both, and looks at the format.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need check
 for preset in asan clang; do

@@ -2,17 +2,17 @@
 # scripts/faults.sh [PROGRAM SAMPLE]: makes the system fail while whole sessions save, and judges the
 # file after each: a save that failed has to leave the old file and say so; one that was killed, old
 # and new bytes where new ones belong, and nothing else. What this machine does not permit is left
-# out with a word. Builds the programs (corvane_outside, corvane-sample) unless they are given.
+# out with a word. Builds the programs (corvane_fault_program, corvane-sample) unless they are given.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 if [ $# -eq 2 ]; then
   built=$1 sample=$2
 else
-  . scripts/packages.sh
+  . scripts/dependencies.sh
   need outside
-  build release --target corvane_outside corvane-sample -- --quiet
-  built=build/release/tests/corvane_outside sample=build/release/samples/corvane-sample
+  build release --target corvane_fault_program corvane-sample -- --quiet
+  built=build/release/tests/corvane_fault_program sample=build/release/samples/corvane-sample
 fi
 
 umask 022

@@ -3,7 +3,7 @@
 # breaks a promise stays in build/fuzz, named after its driver, which takes it as an argument.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 seconds=${1:-}
 [[ $seconds =~ ^[1-9][0-9]*$ ]] || { echo "usage: scripts/fuzz.sh SECONDS" >&2; exit 2; }

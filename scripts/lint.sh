@@ -2,7 +2,7 @@
 # Reads all code of the program with clang-tidy; takes some minutes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need check
 build clang -- --quiet

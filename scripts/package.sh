@@ -2,7 +2,7 @@
 # Makes the packages (.deb and .tar.gz) in build/release/packages and looks them over.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need package
 build release --target corvane -- --quiet

@@ -2,7 +2,7 @@
 # Builds Corvane and starts it beside a sample game; without a display, plays a tour of it instead.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need build
 build release --target corvane corvane-sample corvane_tour -- --quiet
@@ -18,4 +18,4 @@ fi
 echo "There is no display here, so Corvane cannot be shown. This is a tour of it instead, played in"
 echo "its real windows, off screen."
 exec env QT_QPA_PLATFORM=offscreen "QT_LOGGING_RULES=*.warning=false" \
-  build/release/tour/corvane_tour build/tour
+  build/release/tests/tour/corvane_tour build/tour

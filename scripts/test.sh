@@ -2,7 +2,7 @@
 # Builds Corvane and runs all of its tests: units, whole sessions, the real windows, the tour.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need test
 build release -- --quiet

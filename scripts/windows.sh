@@ -3,7 +3,7 @@
 # Wine, and leaves build/windows/Corvane.exe and a zip of it. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/dependencies.sh
 
 need windows
 runs="windows"

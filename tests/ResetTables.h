@@ -1,8 +1,8 @@
 // Puts the tables and what goes with them back to how the program starts.
 #pragma once
 
-#include "MapCatalogue.h"
-#include "StrategicTables.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 

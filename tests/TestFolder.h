@@ -10,8 +10,8 @@
 #include <sstream>
 
 #include "ResetTables.h"
-#include "SampleGame.h"
-#include "platform/RawFile.h"
+#include "base/RawFile.h"
+#include "samples/SampleGame.h"
 
 /// What stands in a file; nothing if there is none.
 inline std::string Bytes(const std::filesystem::path& path) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "Form.h"
+#include "services/Form.h"
 
 namespace corvane {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "FormView.h"
-#include "Gestures.h"
+#include "services/FormView.h"
+#include "services/Gestures.h"
 
 namespace corvane {
 namespace {

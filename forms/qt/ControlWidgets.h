@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "Controls.h"
+#include "services/Controls.h"
 
 class QWidget;
 

@@ -5,7 +5,7 @@
 #include <QFileDialog>
 #include <string>
 
-#include "Display.h"
+#include "services/Display.h"
 
 namespace corvane {
 

@@ -2,7 +2,7 @@
 
 #include <QtWidgets>
 
-#include "platform/FolderScan.h"
+#include "base/FolderScan.h"
 
 namespace corvane {
 namespace {

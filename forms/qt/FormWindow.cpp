@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <map>
 
-#include "Gestures.h"
+#include "services/Gestures.h"
 
 namespace corvane {
 namespace {

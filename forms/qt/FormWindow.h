@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "ControlWidgets.h"
-#include "FormView.h"
+#include "services/FormView.h"
 
 class QKeyEvent;
 

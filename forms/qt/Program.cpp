@@ -1,4 +1,4 @@
-#include "Program.h"
+#include "services/Program.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -6,8 +6,8 @@
 
 #include "ControlWidgets.h"
 #include "Dialogs.h"
-#include "Display.h"
 #include "FormWindow.h"
+#include "services/Display.h"
 
 namespace corvane {
 

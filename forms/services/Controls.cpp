@@ -1,11 +1,11 @@
-#include "Controls.h"
+#include "services/Controls.h"
 
 #include <algorithm>
 
-#include "Display.h"
-#include "Form.h"
-#include "TextEditing.h"
-#include "platform/LetterCase.h"
+#include "base/LetterCase.h"
+#include "services/Display.h"
+#include "services/Form.h"
+#include "services/TextEditing.h"
 
 namespace corvane {
 

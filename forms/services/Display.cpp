@@ -1,4 +1,4 @@
-#include "Display.h"
+#include "services/Display.h"
 
 namespace corvane {
 

@@ -1,9 +1,9 @@
-#include "Form.h"
+#include "services/Form.h"
 
 #include <algorithm>
 #include <type_traits>
 
-#include "Display.h"
+#include "services/Display.h"
 
 namespace corvane {
 namespace {

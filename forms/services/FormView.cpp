@@ -1,4 +1,4 @@
-#include "FormView.h"
+#include "services/FormView.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,10 +1,10 @@
-#include "Gestures.h"
+#include "services/Gestures.h"
 
 #include <algorithm>
 #include <string>
 #include <variant>
 
-#include "platform/LetterCase.h"
+#include "base/LetterCase.h"
 
 namespace corvane {
 namespace {

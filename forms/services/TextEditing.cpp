@@ -1,9 +1,9 @@
-#include "TextEditing.h"
+#include "services/TextEditing.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "platform/AnsiText.h"
+#include "base/AnsiText.h"
 
 namespace corvane {
 namespace {

@@ -9,9 +9,9 @@
 #include <map>
 #include <utility>
 
-#include "FormView.h"
-#include "Gestures.h"
-#include "platform/windows/WideText.h"
+#include "base/WideText.h"
+#include "services/FormView.h"
+#include "services/Gestures.h"
 
 namespace corvane {
 namespace {

@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-#include "Controls.h"
+#include "services/Controls.h"
 
 namespace corvane {
 

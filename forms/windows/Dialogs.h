@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "Display.h"
+#include "services/Display.h"
 
 namespace corvane {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/windows/WideText.h"
+#include "base/WideText.h"
 
 namespace corvane {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <map>
 
-#include "Gestures.h"
-#include "platform/windows/WideText.h"
+#include "base/WideText.h"
+#include "services/Gestures.h"
 
 namespace corvane {
 namespace {

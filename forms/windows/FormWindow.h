@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ControlWidgets.h"
-#include "FormView.h"
+#include "services/FormView.h"
 
 namespace corvane {
 

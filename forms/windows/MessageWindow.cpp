@@ -1,8 +1,8 @@
 #include "Dialogs.h"
 
 #include "ControlWidgets.h"
-#include "TextEditing.h"
-#include "platform/windows/WideText.h"
+#include "base/WideText.h"
+#include "services/TextEditing.h"
 
 namespace corvane {
 namespace {

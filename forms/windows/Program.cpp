@@ -1,4 +1,4 @@
-#include "Program.h"
+#include "services/Program.h"
 
 #include <windows.h>
 //

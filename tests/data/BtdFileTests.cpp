@@ -1,5 +1,5 @@
-#include "BtdFile.h"
 #include "TestFolder.h"
+#include "data/BtdFile.h"
 
 using namespace corvane;
 

@@ -1,6 +1,6 @@
-#include "GameFolder.h"
-#include "MapCatalogue.h"
 #include "TestFolder.h"
+#include "data/GameFolder.h"
+#include "data/MapCatalogue.h"
 
 using namespace corvane;
 using enum FileKind;

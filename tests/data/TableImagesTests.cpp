@@ -1,5 +1,5 @@
-#include "TableImages.h"
 #include "TestFolder.h"
+#include "data/TableImages.h"
 
 using namespace corvane;
 

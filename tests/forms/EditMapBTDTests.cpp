@@ -2,7 +2,7 @@
 #include <cstring>
 
 #include "Session.h"
-#include "platform/FolderScan.h"
+#include "base/FolderScan.h"
 
 using namespace corvane;
 

@@ -1,5 +1,5 @@
 #include "Session.h"
-#include "platform/InstallRegistry.h"
+#include "base/InstallRegistry.h"
 
 using namespace corvane;
 

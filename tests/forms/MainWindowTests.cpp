@@ -1,7 +1,7 @@
-#include "ConnectionEditing.h"
 #include "HelpTexts.h"
 #include "Session.h"
-#include "platform/FolderScan.h"
+#include "base/FolderScan.h"
+#include "rules/ConnectionEditing.h"
 
 using namespace corvane;
 

@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "FieldEntry.h"
-#include "Form1.h"
-#include "Gestures.h"
 #include "TestFolder.h"
-#include "dlgAddConnection.h"
-#include "dlgEditBTD.h"
+#include "forms/Form1.h"
+#include "forms/dlgAddConnection.h"
+#include "forms/dlgEditBTD.h"
+#include "rules/FieldEntry.h"
+#include "services/Gestures.h"
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-#include "ConsistencyCheck.h"
+#include "rules/ConsistencyCheck.h"
 
 #include <gtest/gtest.h>
 

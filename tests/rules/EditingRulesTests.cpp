@@ -1,7 +1,7 @@
-#include "ConnectionEditing.h"
-#include "FieldEntry.h"
-#include "MapSlots.h"
 #include "TestFolder.h"
+#include "rules/ConnectionEditing.h"
+#include "rules/FieldEntry.h"
+#include "rules/MapSlots.h"
 
 using namespace corvane;
 

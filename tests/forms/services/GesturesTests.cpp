@@ -1,9 +1,9 @@
-#include "Gestures.h"
+#include "services/Gestures.h"
 
 #include <gtest/gtest.h>
 
-#include "Display.h"
 #include "TestForm.h"
+#include "services/Display.h"
 
 using namespace corvane;
 

@@ -1,0 +1,36 @@
+// Byte ranges of one file, read whole or replaced in place. Every file of the game and every patch
+// file goes through here.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "base/FileResult.h"
+
+namespace corvane {
+
+struct ReadRange {
+  std::uint64_t Offset = 0;
+  std::span<std::byte> Bytes;
+};
+
+struct WriteRange {
+  std::uint64_t Offset = 0;
+  std::span<const std::byte> Bytes;
+};
+
+enum class IfMissing { Fail, Create };
+
+/// Fills every range; bytes that the file does not reach become zero. After a failure the ranges
+/// hold anything.
+FileResult ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
+
+/// Replaces the ranges, leaves every other byte, never shortens the file, and returns when the disk
+/// has the bytes. After a failure the old bytes and length are put back, or a new file is removed
+/// again; the result tells whether that went well.
+FileResult SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
+                       IfMissing ifMissing);
+
+}  // namespace corvane

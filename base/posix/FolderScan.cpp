@@ -1,0 +1,118 @@
+// Folders through the calls of Linux. No file is hidden or a system file here: a dot is no mark.
+#include "base/FolderScan.h"
+#include "base/LetterCase.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+
+namespace corvane {
+namespace {
+
+std::error_code LastError() { return {errno, std::system_category()}; }
+
+/// The entries of a folder, fetched a few at a time. The C library would fetch a thousand from a
+/// large folder before it gives the first, and a file system may have to sort them all.
+class Folder {
+ public:
+  explicit Folder(const std::string& path)
+      : Descriptor(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {}
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  ~Folder() {
+    if (IsOpen()) ::close(Descriptor);
+  }
+
+  [[nodiscard]] bool IsOpen() const { return Descriptor >= 0; }
+
+  /// Nothing behind the last entry, or with an error.
+  const dirent64* Next(std::error_code& error) {
+    if (Fetched == 0) {
+      const ssize_t got = ::getdents64(Descriptor, Bytes, sizeof Bytes);
+      if (got < 0) error = LastError();
+      if (got <= 0) return nullptr;
+      Fetched = static_cast<std::size_t>(got);
+      At = Bytes;
+    }
+    const auto* entry = static_cast<const dirent64*>(static_cast<const void*>(At));
+    At += entry->d_reclen;
+    Fetched -= entry->d_reclen;
+    return entry;
+  }
+
+  [[nodiscard]] bool IsOrdinaryFile(const dirent64& entry) const {
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type == DT_REG;
+    struct stat status {};
+    return ::fstatat(Descriptor, entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
+  }
+
+ private:
+  int Descriptor;
+  alignas(dirent64) char Bytes[4096] = {};
+  const char* At = Bytes;
+  std::size_t Fetched = 0;  // bytes from At on
+};
+
+bool IsThere(const std::string& path) {
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) == 0;
+}
+
+/// The first name in byte order that spells `capitals`; empty if there is none.
+std::string FirstMatch(const std::string& folder, const std::string& capitals) {
+  std::string first;
+  std::error_code error;
+  Folder open(folder);
+  if (!open.IsOpen()) return first;
+  while (const dirent64* entry = open.Next(error)) {
+    const std::string_view name = entry->d_name;
+    if (name.size() != capitals.size() || InCapitals(name) != capitals) continue;
+    if (first.empty() || name < first) first = name;
+  }
+  return first;
+}
+
+}  // namespace
+
+std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t most,
+                           std::vector<std::string>& names) {
+  Folder open(folder);
+  if (!open.IsOpen()) return LastError();
+  const std::string ending = InCapitals(extension);
+  std::error_code error;
+  for (std::size_t found = 0; found < most;) {
+    const dirent64* entry = open.Next(error);
+    if (entry == nullptr) break;
+    const std::string_view name = entry->d_name;
+    if (!InCapitals(name).ends_with(ending) || !open.IsOrdinaryFile(*entry)) continue;
+    names.emplace_back(name);
+    ++found;
+  }
+  return error;
+}
+
+std::string NameInFolder(const std::string& folder, const std::string& name,
+                         const std::string& preferred) {
+  const std::string start = folder + Separator;
+  if (IsThere(start + name)) return name;
+  const std::string capitals = InCapitals(name);
+  if (InCapitals(preferred) == capitals && IsThere(start + preferred)) return preferred;
+  const std::string match = FirstMatch(start, capitals);
+  return match.empty() ? name : match;
+}
+
+bool OrdinaryFileExists(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string CurrentFolder() {
+  char folder[PATH_MAX];
+  return ::getcwd(folder, sizeof folder) != nullptr ? folder : "";
+}
+
+}  // namespace corvane

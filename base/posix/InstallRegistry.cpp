@@ -1,0 +1,81 @@
+// The installed game's folder from the registry of the user's Wine prefix, which is only read.
+#include "base/InstallRegistry.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <string_view>
+
+#include "base/AnsiText.h"
+#include "base/FolderScan.h"
+#include "base/RawFile.h"
+#include "posix/WineRegistry.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::uint64_t LargestRegistry = std::uint64_t{256} << 20;  // real ones have a few MB
+
+std::string HomeFolder() {
+  const char* home = std::getenv("HOME");
+  if (home != nullptr && *home != '\0') return home;
+  const passwd* user = ::getpwuid(::getuid());
+  return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
+}
+
+/// The file's text, as far as it can be read.
+std::string ReadRegistry(const std::string& path) {
+  RawFile file;
+  std::uint64_t length = 0;
+  if (file.Open(path, OpenMode::Read) || file.Length(length) || length > LargestRegistry) return {};
+  std::string text(length, '\0');
+  std::size_t read = 0;
+  if (file.ReadAt(0, std::as_writable_bytes(std::span(text)), read)) return {};
+  text.resize(read);
+  return text;
+}
+
+/// Where a 64-bit prefix keeps what a 32-bit program wrote under `key`.
+std::string KeyOf32BitPrograms(std::string_view key) {
+  constexpr std::string_view Root = "Software\\";
+  return std::string(Root) + "Wow6432Node\\" + std::string(key.substr(Root.size()));
+}
+
+bool IsLetter(char character) {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+/// A Windows path with a drive as a path of this system, found in any letter case as far as it
+/// exists. Separators stay as many as they were; a text without a drive stays as it is.
+std::string FolderOfThisSystem(const std::string& prefix, std::string_view path) {
+  if (path.size() < 2 || !IsLetter(path[0]) || path[1] != ':') return std::string(path);
+  std::string folder = prefix + "/dosdevices";
+  std::string name = {static_cast<char>(path[0] | 0x20), ':'};
+  for (path.remove_prefix(2);; path.remove_prefix(name.size())) {
+    folder += Separator + (name.empty() ? name : NameInFolder(folder, name));
+    if (path.empty()) return folder;
+    if (path.front() == '\\' || path.front() == '/') path.remove_prefix(1);
+    name = path.substr(0, path.find_first_of("\\/"));
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> ReadInstalledTo() {
+  const std::string home = HomeFolder();
+  if (home.empty()) return std::nullopt;
+  const std::string prefix = home + "/.wine";
+  const std::string registry = ReadRegistry(prefix + "/system.reg");
+  for (const auto& key : {std::string(InstallKey), KeyOf32BitPrograms(InstallKey)}) {
+    const auto value = FindRegistryValue(registry, key, InstallValue);
+    if (!value) continue;
+    if (TextToAnsi(*value).size() > InstallValueLimit) return std::nullopt;
+    return FolderOfThisSystem(prefix, std::string_view(*value).substr(0, value->find('\0')));
+  }
+  return std::nullopt;
+}
+
+}  // namespace corvane

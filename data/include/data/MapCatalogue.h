@@ -1,0 +1,47 @@
+// The list of maps, built from the BTD files in the Maps folder of GamePath. The position of a row
+// is its map slot, whatever number the row's text begins with; only the rows of connections and the
+// file of a cleared slot go by that number.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/BtdFile.h"
+
+namespace corvane {
+
+// A row is three digits (the file's MapIndex), a blank, and the file's name as the folder lists it.
+inline std::vector<std::string> MapRows;    // in text order, letter case ignored; at most 43
+inline std::vector<std::string> ArrowRows;  // "000" to "080" once a catalogue was loaded
+
+/// Rebuilds both lists, and VLDest for every map that has a file. Gives back what the user should
+/// know: no map files, or files that could not be read; the empty text if all went well.
+[[nodiscard]] std::string LoadMapCatalogue();
+
+/// The row of a map slot; the empty text if there is none.
+[[nodiscard]] const std::string& MapRow(int map);
+
+/// The number that a row begins with; -1 if its first three characters are no digits.
+[[nodiscard]] int RowMapIndex(std::string_view row);
+
+/// The file name that a row holds; empty for a row without one.
+[[nodiscard]] std::string RowFileName(std::string_view row);
+
+/// A slot number as rows spell it: "007".
+[[nodiscard]] std::string ThreeDigits(int number);
+
+/// Puts a row at its place in the text order of MapRows.
+void InsertMapRow(const std::string& row);
+
+/// Replaces the row of a map slot in place, where there is one.
+void ReplaceMapRow(int map, const std::string& row);
+
+/// Sets the ten VLDest values of a map from its victory locations.
+void SetDestinations(int map, const VictoryLocations& vls);
+
+/// Full name of a BTD file in the Maps folder. Reaches a file that differs from `name` in letter
+/// case only; of several such, the one that the catalogue listed as `listed`.
+[[nodiscard]] std::string BtdPath(const std::string& name, const std::string& listed);
+
+}  // namespace corvane

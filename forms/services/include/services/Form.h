@@ -1,0 +1,85 @@
+// A window as the program sees it: its controls, its menu, its focus and its life.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "services/Controls.h"
+
+namespace corvane {
+
+enum class Shortcut { None, CtrlS };
+
+struct MenuEntry;
+
+struct MenuItem {
+  MenuItem(MenuEntry& under, const char* name, const char* caption, Shortcut key = Shortcut::None);
+  MenuItem(const MenuItem&) = delete;
+  MenuItem& operator=(const MenuItem&) = delete;
+
+  MenuEntry& Under;
+  const char* Name;
+  const char* Caption;
+  Shortcut Key;
+  bool Enabled = true;  // as the last opening of its menu left it
+  std::function<void()> Click = [] {};
+};
+
+/// An entry of the menu bar. Its Click runs just before its menu drops.
+struct MenuEntry {
+  MenuEntry(Form& owner, const char* name, const char* caption);
+  MenuEntry(const MenuEntry&) = delete;
+  MenuEntry& operator=(const MenuEntry&) = delete;
+
+  Form& Owner;
+  const char* Name;
+  const char* Caption;
+  std::vector<MenuItem*> Items;
+  std::function<void()> Click = [] {};
+};
+
+enum class Border { Resizable, FixedDialog };
+
+/// What a window's property table says; sizes and places in twips.
+struct FormRow {
+  const char* Caption;
+  int ClientWidth, ClientHeight;
+  Border BorderKind;
+  std::optional<Place> ClientAt = {};  // only Left and Top count; without it the system chooses
+};
+
+struct Form : FormRow {
+  explicit Form(const FormRow& row) : FormRow(row) {}
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  std::vector<AnyControl> Controls;  // in the order of the control table
+  std::vector<MenuEntry*> Menus;
+  Button* EnterButton = nullptr;   // the default button
+  Button* EscapeButton = nullptr;  // the cancel button
+  Control* Focused = nullptr;
+
+  std::function<void()> Load = [] {};                            // the window is about to show
+  std::function<void(bool& cancel)> QueryUnload = [](bool&) {};  // a cancel keeps it open
+
+  /// Raises Load and gives the focus to the first control in the tab order.
+  void Open();
+  /// Opens the form as a modal dialog and returns when it has been unloaded, which may be in Load.
+  void ShowModal();
+  /// Closes the window, unless QueryUnload cancels that.
+  void Unload();
+
+  [[nodiscard]] bool IsOpen() const { return Opened; }
+
+  /// What takes the focus at this moment, by tab index.
+  [[nodiscard]] std::vector<Control*> TabOrder() const;
+  /// Moves the focus on from a control that can no longer hold it.
+  void LoseFocus(const Control& control);
+
+ private:
+  bool Opened = false;
+};
+
+}  // namespace corvane

@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Holds the program for Linux against the one for Windows, under Wine: a game folder edited by either
+# or by one after the other is the same, byte for byte, and both find the same maps for a patch file
+# through the registry of one prefix. For Debian and Ubuntu.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/dependencies.sh
+
+need build
+need windows
+build release --target corvane_tour -- --quiet
+build windows --target corvane_tour -- --quiet
+. scripts/wine.sh
+
+folder=build/together
+rm -rf "$folder"
+mkdir -p "$folder/home"
+ln -s "$WINEPREFIX" "$folder/home/.wine"
+
+# play SYSTEM TOUR [PART]: plays the tour, or a part of it, in build/together/TOUR.
+play() {
+  local tour=$folder/$2 log=$folder/$2-${3:-whole}-$1.log
+  case $1 in
+    linux) HOME=$PWD/$folder/home QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES='*.warning=false' \
+      timeout 120 build/release/tests/tour/corvane_tour "$tour" ${3+"$3"} ;;
+    windows) on_screen timeout 120 wine build/windows/tests/tour/corvane_tour.exe "${tour//\//\\}" ${3+"$3"} ;;
+  esac >"$log" 2>&1 || { cat "$log"; exit 1; }
+}
+
+play linux linux-alone
+play windows windows-alone
+play linux linux-first first
+play windows linux-first second
+play windows windows-first first
+play linux windows-first second
+for tour in windows-alone linux-first windows-first; do
+  diff -r "$folder/linux-alone/game" "$folder/$tour/game"
+  echo "$tour: $(find "$folder/$tour/game" -type f | wc -l) files, all as linux-alone leaves them"
+done
+
+# As the game's installer leaves it, in the view of 32-bit programs.
+key='HKLM\Software\Strategic Simulations Inc.\Close Combat\4.00'
+game=$PWD/$folder/linux-alone/game
+trap 'wine reg delete "$key" /f /reg:32 >>"$folder/reg.log" 2>&1; wineserver -k || true' EXIT
+wine reg add "$key" /v InstalledTo /d "Z:${game//\//\\}" /f /reg:32 >"$folder/reg.log" 2>&1
+wineserver -k -w  # writes the registry to the disk
+for system in linux windows; do
+  play "$system" linux-alone patch
+  grep '^   [0-9]' "$folder/linux-alone-patch-$system.log" | tr -d '\r' >"$folder/$system.maps"
+done
+diff "$folder/linux.maps" "$folder/windows.maps"
+echo "patch file: $(wc -l <"$folder/linux.maps") maps, the same in both"

@@ -1,0 +1,114 @@
+// What only systems with pipes, links, letter case and Wine prefixes have.
+#include <sys/stat.h>
+
+#include "TestFolder.h"
+#include "base/FileRanges.h"
+#include "base/FolderScan.h"
+#include "base/InstallRegistry.h"
+#include "data/GameFolder.h"
+#include "data/TableImages.h"
+#include "posix/WineRegistry.h"
+
+using namespace corvane;
+
+static const std::string Key = R"([Software\\Strategic Simulations Inc.\\Close Combat\\4.00] 9
+#time=1
+"InstalledTo"=)";
+
+TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
+  const TestFolder folder;
+  folder.Put("map");
+  ASSERT_EQ(::mkfifo((folder / "pipe.btd").c_str(), 0600), 0);
+  for (const char* target : {"map", "pipe.btd", "nowhere", "."})
+    std::filesystem::create_symlink(target,
+                                    folder.Path / ("." + std::string(target) + "-link.btd"));
+  const auto openFiles = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto openBefore = openFiles();
+  for (const char* name : {"pipe.btd", ".pipe.btd-link.btd", "..-link.btd"}) {
+    std::byte byte{};
+    const ReadRange range{0, {&byte, 1}};
+    EXPECT_FALSE(ReadRanges(folder / name, {&range, 1}).Done()) << name;
+    for (const auto mode : {OpenMode::Change, OpenMode::Create})
+      EXPECT_EQ(Reason(RawFile().Open(folder / name, mode)).find('('), std::string::npos) << name;
+  }
+  EXPECT_TRUE(Reason(RawFile().Open("/proc/self/exe", OpenMode::Change)).ends_with("it runs)"));
+  std::vector<std::string> names;
+  EXPECT_FALSE(ScanFolder(folder.Path.string(), ".btd", 9, names));
+  EXPECT_EQ(names, std::vector<std::string>{".map-link.btd"});
+  EXPECT_EQ(openFiles(), openBefore);
+}
+
+TEST(WineRegistry, ReadsEveryFormAndTurnsPathsIntoFolders) {
+  const std::string twin = R"(
+[SOFTWARE\\wow6432node\\strategic simulations inc.\\close combat\\4.00]
+ "INSTALLEDTO" = "twin"
+[x]
+"InstalledTo"="x")";
+  const TestFolder home;
+  ::setenv("HOME", home.Path.c_str(), 1);
+  EXPECT_EQ(ReadInstalledTo(), std::nullopt);
+  home.Put(".wine/drive_c/Ssi/cc4/CC4.EXE");
+  std::filesystem::create_directory(home.Path / ".wine/dosdevices");
+  std::filesystem::create_symlink("../drive_c", home.Path / ".wine/dosdevices/c:");
+  const std::string drives = home / ".wine/dosdevices/", drive = drives + "c:", wide(1023, 'w');
+  std::string hex = "hex(1):77,00";
+  for (int i = 1; i < 1024; ++i) hex += i % 16 ? ",77,00" : ",77,\\\r\n  00";
+  const std::string escapes = R"("\x00412\x4e2d\1012\1\"\t\q\xg\\\xe000\x0800")",
+                    halves = R"("\xd800\xd800\xdc00\xdc00\xdfff\xdbff\xdfff")";
+  // clang-format off
+  const std::pair<std::string, std::optional<std::string>> rows[] = {
+      {R"("")", ""}, {R"("one\0two")", "one"}, {R"("cut)", "twin"},
+      {"\"\xC3\xA4\xFF\uFFFF\U00010000😀\"", "ä?\uFFFF\U00010000😀"},
+      {escapes, "A2中A2\1\"\tqxg\\\uE000\u0800"}, {halves, "?\U00010000??\U0010FFFF"},
+      {R"(str(2):"%x%")", "%x%"}, {"dword:44434241", "ABCD"}, {"hex(1):41, 00,e4,00,7", "Aä"},
+      {"hex(2):41,\\\n  00,2d,4e", "A中"}, {"hex(a0):80", "€"}, {"hex(g):80", "twin"},
+      {"hex:41,e4,00,42", "Aä"}, {"hex:41,\\", "twin"}, {'"' + wide + '"', wide},
+      {'"' + wide + "w\"", std::nullopt}, {hex, wide + 'w'}, {hex + ",77,00", std::nullopt},
+      {R"("C:")", drive}, {R"("C:\\SSI\\CC4")", drive + "/Ssi/cc4"},
+      {R"("c:\\ssi\\\\cc4\\")", drive + "/Ssi//cc4/"},
+      {R"("C:\\SSI\\No\\CC4")", drive + "/Ssi/No/CC4"}, {R"("Z:/a")", drives + "z:/a"},
+      {R"("A:")", drives + "a:"}, {R"("a:")", drives + "a:"}, {R"("@:")", "@:"}};
+  // clang-format on
+  for (const auto& [form, value] : rows) {
+    home.Put(".wine/system.reg", Key + form + twin);
+    EXPECT_EQ(ReadInstalledTo(), value) << form.substr(0, 60);
+  }
+  for (std::size_t size = 0; size < (Key + escapes).size(); ++size)
+    EXPECT_FALSE(FindRegistryValue((Key + escapes).substr(0, size), InstallKey, InstallValue));
+  EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", InstallKey, InstallValue));
+  std::filesystem::resize_file(home.Path / ".wine/system.reg", (256 << 20) + 1);
+  EXPECT_EQ(ReadInstalledTo(), std::nullopt) << "of a huge file";
+}
+
+TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
+  const TestFolder home;
+  const auto open = [&](const char* name) { return OpenTables(home / name, name); };
+  ::setenv("HOME", home.Path.c_str(), 1);
+  home.Put("my.CRV", "\7");
+  GamePath = "before", OpenedFile = "CC4.EXE";
+  EXPECT_EQ(open("my.CRV").Kind, FileKind::NoInstallPath);
+  home.Put(".wine/system.reg", Key + R"("C:\\Games")");
+  EXPECT_FALSE(open("gone.crv").Read.Done());
+  EXPECT_EQ(GamePath + OpenedFile, "beforeCC4.EXE");
+  EXPECT_TRUE(open("my.CRV").Read.Done() && StrMap[0].Word0 == 7);
+  EXPECT_EQ(GamePath + OpenedFile, home / ".wine/dosdevices/c:/Gamesmy.CRV");
+}
+
+TEST(GameFolderPosix, OfSeveralSpellingsTheOneInUseWins) {
+  const TestFolder folder;
+  for (const char* name : {"CC4.EXE", "cc4.EXE", "maps/Map", "maps/map", "maps/mAp", "maps/xMAP"})
+    folder.Put(name);
+  GamePath = folder.Path.string();
+  EXPECT_EQ(GameExePath(), folder / "CC4.EXE");
+  OpenedFile = "cc4.EXE";
+  EXPECT_EQ(GameExePath(), folder / "cc4.EXE");
+  const char* const rows[][3] = {{"map", "Map", "map"}, {"MAP", "mAp", "mAp"},
+                                 {"MAP", "maP", "Map"}, {"MAP", "xMAP", "Map"},
+                                 {"MAP", "", "Map"},    {"MA", "Map", "MA"}};
+  for (const auto& [name, listed, found] : rows)
+    EXPECT_EQ(BtdPath(name, listed), folder / "maps/" + found) << name << listed;
+  GamePath = folder / "CC4.EXE";
+  EXPECT_TRUE(LoadMapCatalogue().ends_with("Maps. Not a directory."));
+}

@@ -1,0 +1,70 @@
+// What only Windows has: the registry and its views, marks on files, sharing, devices.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "TestFolder.h"
+#include "base/FolderScan.h"
+#include "base/InstallRegistry.h"
+
+using namespace corvane;
+
+static bool MakeKey(REGSAM view, HKEY& key) {  // True if it is new; gone when the system ends
+  DWORD outcome = 0;
+  RegCreateKeyExA(HKEY_LOCAL_MACHINE, InstallKey, 0, nullptr, REG_OPTION_VOLATILE,
+                  KEY_ALL_ACCESS | view, nullptr, &key, &outcome);
+  return outcome == REG_CREATED_NEW_KEY;
+}
+
+static void SetValue(HKEY key, DWORD type, const std::string& bytes) {
+  const std::string more = bytes + '.';  // a NUL behind the bytes would be stored as well
+  RegSetValueExA(key, InstallValue, 0, type, reinterpret_cast<const BYTE*>(more.data()),
+                 static_cast<DWORD>(bytes.size()));
+}
+
+TEST(WindowsRegistry, ReadsEveryFormInTheViewOf32BitPrograms) {
+  const std::string nul(1, '\0'), wide(1023, 'w');
+  // clang-format off
+  const std::tuple<DWORD, std::string, std::optional<std::string>> rows[] = {
+      {REG_SZ, "C:\\CC4\\" + nul, "C:\\CC4\\"}, {REG_SZ, "a" + nul + "b" + nul, "a"},
+      {REG_EXPAND_SZ, "%OS%" + nul, "%OS%"}, {REG_DWORD, "AB" + nul + nul, "AB"},
+      {REG_BINARY, "\xD6\x80", "Ö€"}, {REG_BINARY, "", ""},
+      {REG_SZ, wide + nul, wide}, {REG_BINARY, wide + 'w', wide + 'w'},
+      {REG_SZ, wide + 'w' + nul, std::nullopt}, {REG_BINARY, wide + "ww", std::nullopt}};
+  // clang-format on
+  HKEY key = nullptr, twin = nullptr;
+  if (!MakeKey(KEY_WOW64_32KEY, key)) GTEST_SKIP() << "A game is installed, or this is no admin.";
+  const bool hasTwin = MakeKey(KEY_WOW64_64KEY, twin);  // not if there is but one view
+  if (hasTwin) SetValue(twin, REG_SZ, "twin");
+  for (const auto& [type, bytes, value] : rows) {
+    SetValue(key, type, bytes);
+    EXPECT_EQ(ReadInstalledTo(), value) << type << bytes.substr(0, 9);
+  }
+  RegDeleteKeyExA(HKEY_LOCAL_MACHINE, InstallKey, KEY_WOW64_32KEY, 0);
+  EXPECT_EQ(ReadInstalledTo(), std::nullopt);
+  if (hasTwin) RegDeleteKeyExA(HKEY_LOCAL_MACHINE, InstallKey, KEY_WOW64_64KEY, 0);
+}
+
+TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
+  const TestFolder folder;
+  const std::string path = folder.Path.string(), file = path + "\\中ü.BTD";
+  for (const auto& [name, mark] : {std::pair("hidden.btd", 2UL), {"system.btd", 4UL}})
+    folder.Put(name), SetFileAttributesA((folder / name).c_str(), mark);
+  RawFile writer, reader, other;
+  for (const char* missing : {"\\x.btd", "\\x\\x.btd"})
+    EXPECT_EQ(other.Open(path + missing, OpenMode::Read), std::errc::no_such_file_or_directory);
+  ASSERT_FALSE(writer.Open(file, OpenMode::Create) || reader.Open(file, OpenMode::Read));
+  char program[MAX_PATH] = {};
+  GetModuleFileNameA(nullptr, program, MAX_PATH);
+  for (const std::string& used : {file, std::string(program)})
+    EXPECT_TRUE(Reason(other.Open(used, OpenMode::Change)).ends_with("while it runs)")) << used;
+  for (const auto mode : {OpenMode::Read, OpenMode::Change, OpenMode::Create})
+    EXPECT_TRUE(other.Open("NUL", mode) && other.Open(path, mode) == std::errc::is_a_directory);
+  EXPECT_TRUE(isalpha(Reason(other.Open(path + "\\x", OpenMode::Read)).back())) << "no point";
+  EXPECT_TRUE(OrdinaryFileExists(file) && !OrdinaryFileExists(folder / "hidden.btd"));
+  std::vector<std::string> names;
+  EXPECT_FALSE(ScanFolder(path, ".btd", 9, names));
+  EXPECT_EQ(names, std::vector<std::string>{"中ü.BTD"});
+  EXPECT_EQ(NameInFolder(path, "中Ü.btd"), "中ü.BTD");
+  for (const char* name : {"x.btd", "中?.BTD", "*", "中\".BTD", "中>.BTD", "../x", "..\\x", ":x"})
+    EXPECT_EQ(NameInFolder(path, name), name);
+}

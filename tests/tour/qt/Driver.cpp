@@ -1,0 +1,154 @@
+#include <QtTest>
+#include <QtWidgets>
+
+#include "Driver.h"
+#include "services/Program.h"
+
+namespace corvane {
+namespace {
+
+// The window that takes the input at this moment, active as it would be under a window manager.
+QWidget* Top() {
+  QWidget* top = QApplication::activeModalWidget();
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (!top && window->isVisible() && qobject_cast<QMainWindow*>(window)) top = window;
+  }
+  const auto active = [top] {
+    if (QGuiApplication::focusWindow() != top->windowHandle()) top->activateWindow();
+    return QGuiApplication::focusWindow() == top->windowHandle();
+  };
+  if (top && !QApplication::activePopupWidget()) static_cast<void>(QTest::qWaitFor(active));
+  return top;
+}
+
+template <class Kind = QWidget>
+Kind* Find(const char* name) {
+  for (QWidget* window = Top(); window; window = window->parentWidget()) {
+    if (auto* found = window->findChild<Kind*>(name)) return found;
+  }
+  qFatal("no %s in sight", name);
+}
+
+void Click(QWidget* widget, const QRect& at, bool ctrl = false) {
+  QWidget* window = widget->window();
+  QTest::mouseClick(window->windowHandle(), Qt::LeftButton,
+                    ctrl ? Qt::ControlModifier : Qt::NoModifier,
+                    widget->mapTo(window, at.center()));
+}
+
+QRect PlaceOfRow(const ListBox& list, int row) {
+  const auto* view = Find<QListWidget>(list.Name);
+  const QRect first = view->visualItemRect(view->item(0));
+  return first.translated(0, row * first.height());
+}
+
+}  // namespace
+
+void Play(Form& form, const std::function<void()>& script) {
+  char name[] = "corvane";
+  char* arguments[] = {name, nullptr};
+  const auto play = [&] { script(), TheDisplay.EndProgram(); };
+  form.Load = [&] { QTimer::singleShot(0, play); };
+  RunProgram(1, arguments, form);
+}
+
+void WhenNext(const std::function<void()>& then) {
+  auto* watch = new QTimer(qApp);
+  QObject::connect(watch, &QTimer::timeout, qApp, [=, now = QApplication::activeModalWidget()] {
+    if (QApplication::activeModalWidget() == now) return;
+    watch->disconnect();
+    then();
+  });
+  watch->start(10);
+}
+
+void PressAt(const Control& control) { Click(Find(control.Name), Find(control.Name)->rect()); }
+
+void PressBeside() { Click(Top(), {Top()->rect().bottomRight() - QPoint(3, 3), QSize(1, 1)}); }
+
+void PressRow(const ListBox& list, int row, bool ctrl) {
+  Click(Find<QListWidget>(list.Name)->viewport(), PlaceOfRow(list, row), ctrl);
+}
+
+void DoubleClickRow(const ListBox& list, int row) {
+  const QPoint at = PlaceOfRow(list, row).center();
+  QTest::mouseDClick(Top()->windowHandle(), Qt::LeftButton, {},
+                     Find<QListWidget>(list.Name)->viewport()->mapTo(Top(), at));
+}
+
+void PressScrollBar(const ListBox& list) {
+  QWidget* bar = Find<QListWidget>(list.Name)->verticalScrollBar();
+  Click(bar, bar->rect());
+}
+
+void Type(const std::string& text) {
+  for (const QChar letter : QString::fromStdString(text)) {
+    const auto key = static_cast<Qt::Key>(letter.toUpper().unicode());
+    QTest::sendKeyEvent(QTest::Click, Top()->windowHandle(), key, letter, {});
+  }
+}
+
+void Strike(const std::string& key) {
+  const QString name = key == "Shift+Tab" ? "Shift+Backtab" : QString::fromStdString(key);
+  const QKeyCombination struck = QKeySequence(name)[0];
+  // A file dialog that still reads the folder that was typed may take Return for its completions.
+  const auto* files = qobject_cast<QFileDialog*>(Top());
+  int tries = files && key == "Return" ? 5 : 1;
+  do {
+    QTest::keyClick(Top()->windowHandle(), struck.key(), struck.keyboardModifiers());
+  } while (--tries > 0 && files->isVisible() && Top() == files);
+  QTest::qWait(key.starts_with("Alt") ? 250
+                                      : 0);  // a mnemonic shows its button's press for a while
+}
+
+void TurnWheel(const Control& control) {
+  const QPoint at = Find(control.Name)->mapTo(Top(), Find(control.Name)->rect().center());
+  QWheelEvent turn(at, Top()->mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(Top()->windowHandle(), &turn);
+}
+
+void PressMenu(const MenuEntry& entry) {
+  auto* bar = Top()->findChild<QMenuBar*>();
+  Click(bar, bar->actionGeometry(Find<QMenu>(entry.Name)->menuAction()));
+}
+
+void PressItem(const MenuItem& item) {
+  auto* menu = Find<QMenu>(item.Under.Name);
+  Click(menu, menu->actionGeometry(Find<QAction>(item.Name)));
+}
+
+void PressCloseBox() { Top()->windowHandle()->close(); }
+
+ShownMessage SeenMessage() {
+  const QWidget& box = *Top();
+  ShownMessage message = {box.windowTitle().toStdString(),
+                          box.findChild<QTextEdit*>()->toPlainText().toStdString(), "",
+                          box.screen()->geometry().contains(box.geometry())};
+  for (const QPushButton* button : box.findChildren<QPushButton*>()) {
+    message.Buttons += button->text().remove('&').toStdString() + " ";
+    const QRect place(button->mapTo(&box, QPoint()), button->size());
+    message.OnScreen = message.OnScreen && box.rect().contains(place);
+  }
+  return message;
+}
+
+std::string Seen(const Control& control) {
+  QWidget* widget = Find(control.Name);
+  if (auto* list = qobject_cast<QListWidget*>(widget)) {
+    return list->selectedItems().isEmpty() ? "" : list->selectedItems()[0]->text().toStdString();
+  }
+  if (auto* lines = qobject_cast<QPlainTextEdit*>(widget)) {
+    return lines->document()->toRawText().replace(QChar::ParagraphSeparator, '\n').toStdString();
+  }
+  auto* line = qobject_cast<QLineEdit*>(widget);
+  if (line && line->hasSelectedText()) return "[" + line->selectedText().toStdString() + "]";
+  return widget->metaObject()->userProperty().read(widget).toString().toStdString();
+}
+
+bool SeenEnabled(const MenuItem& item) { return Find<QAction>(item.Name)->isEnabled(); }
+
+bool SeenPopup() { return QApplication::activePopupWidget() != nullptr; }
+
+std::string SeenFocus() { return Top()->focusWidget()->objectName().toStdString(); }
+
+}  // namespace corvane

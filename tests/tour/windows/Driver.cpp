@@ -1,0 +1,208 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "Driver.h"
+#include "base/WideText.h"
+#include "services/Program.h"
+#include "services/TextEditing.h"
+
+namespace corvane {
+namespace {
+
+// The person and the program take turns on one thread, each on a fiber: the person acts whenever
+// the program has nothing left to do, be it in a loop of the system's own.
+void *Person, *Program;
+const std::function<void()>* Script;
+std::function<void()> AtNext;
+HWND BeforeNext;
+const Form* Played;
+
+void CALLBACK Act(HWND, UINT, UINT_PTR, DWORD) { SwitchToFiber(Person); }
+
+void LetReact() {
+  do SwitchToFiber(Program);
+  while (AtNext && !IsWindowVisible(GetActiveWindow()));  // the next window is about to show
+  if (AtNext && GetActiveWindow() != BeforeNext) std::exchange(AtNext, nullptr)();
+}
+
+void CALLBACK Live(void*) {
+  LetReact();
+  (*Script)();
+  Script = nullptr;
+  TheDisplay.EndProgram();
+  for (;;) SwitchToFiber(Program);
+}
+
+constexpr DWORD Press = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP;
+
+void Mouse(const RECT& at, std::initializer_list<DWORD> acts, int turn = 0) {
+  static int aside = 0;
+  aside = 12 - aside;  // from the last click, or both would be a double click
+  const auto share = [](LONG twice, int side) {  // of 65536 for the whole screen
+    return static_cast<DWORD>(MulDiv(twice + 1, 32768, GetSystemMetrics(side)));
+  };
+  for (const DWORD act : acts) {
+    mouse_event(act | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
+                share(at.left + at.right + aside, SM_CXSCREEN),
+                share(at.top + at.bottom, SM_CYSCREEN), static_cast<DWORD>(turn), 0);
+  }
+  LetReact();
+}
+
+void Move(const std::string& key, DWORD how) {
+  static const std::map<std::string, int> keys = {
+      {"Tab", VK_TAB},       {"Return", VK_RETURN}, {"Esc", VK_ESCAPE},   {"Space", VK_SPACE},
+      {"End", VK_END},       {"Home", VK_HOME},     {"Up", VK_UP},        {"Down", VK_DOWN},
+      {"F4", VK_F4},         {"Shift", VK_SHIFT},   {"Ctrl", VK_CONTROL}, {"Alt", VK_MENU},
+      {"Backspace", VK_BACK}};
+  const auto known = keys.find(key);
+  keybd_event(static_cast<BYTE>(known == keys.end() ? key[0] : known->second), 0, how, 0);
+}
+
+std::string TextOf(HWND window) {
+  wchar_t text[10000]{};
+  GetWindowTextW(window, text, 10000);
+  return WithLineBreaks(WideToText(text), "\n");
+}
+
+HWND Top() {  // of those that show a form
+  constexpr ULONG_PTR Dialog = 32770;
+  const HWND top = GetActiveWindow();
+  return GetClassLongPtrW(top, GCW_ATOM) == Dialog ? GetWindow(top, GW_OWNER) : top;
+}
+
+HWND Find(const Control& control) { return GetDlgItem(Top(), control.TabIndex); }
+
+RECT PlaceOf(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return place;
+}
+
+RECT CornerOf(HWND window) {
+  const RECT place = PlaceOf(window);
+  return {place.right - 24, place.bottom - 16, place.right - 6, place.bottom - 8};
+}
+
+RECT PlaceOf(const ListBox& list, int row) {
+  RECT place{};
+  SendMessageW(Find(list), LB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&place));
+  OffsetRect(&place, 0, row * (place.bottom - place.top));
+  MapWindowPoints(Find(list), nullptr, reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+template <class Entry>
+UINT PlaceIn(const std::vector<Entry*>& entries, const Entry& entry) {
+  return static_cast<UINT>(std::ranges::find(entries, &entry) - entries.begin());
+}
+
+HMENU MenuOf(const MenuEntry& entry) {
+  return GetSubMenu(GetMenu(Top()), static_cast<int>(PlaceIn(entry.Owner.Menus, entry)));
+}
+
+}  // namespace
+
+void Play(Form& form, const std::function<void()>& script) {
+  Script = &script, Played = &form;
+  Program = ConvertThreadToFiber(nullptr), Person = CreateFiber(0, Live, nullptr);
+  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Act);  // comes behind all input
+  RunProgram(0, nullptr, form);
+  KillTimer(nullptr, timer);
+  while (Script) SwitchToFiber(Person);  // the program may have ended in the middle of it
+  DeleteFiber(Person), ConvertFiberToThread();
+}
+
+void WhenNext(const std::function<void()>& then) { AtNext = then, BeforeNext = GetActiveWindow(); }
+void PressAt(const Control& control) { Mouse(PlaceOf(Find(control)), {Press}); }
+void PressBeside() { Mouse(CornerOf(Top()), {Press}); }
+
+void PressRow(const ListBox& list, int row, bool ctrl) {
+  if (ctrl) Move("Ctrl", 0);
+  Mouse(PlaceOf(list, row), {Press});
+  if (ctrl) Move("Ctrl", KEYEVENTF_KEYUP);
+}
+void DoubleClickRow(const ListBox& list, int row) { Mouse(PlaceOf(list, row), {Press, Press}); }
+void PressScrollBar(const ListBox& list) { Mouse(CornerOf(Find(list)), {Press}); }
+
+void Type(const std::string& text) {
+  for (const wchar_t letter : TextToWide(text)) {
+    PostMessageW(GetFocus(), WM_CHAR, letter, 0), LetReact();
+  }
+}
+
+void Strike(const std::string& key) {
+  const std::size_t plus = key.find('+');
+  Move(key.substr(0, plus), 0);
+  if (plus != key.npos) Strike(key.substr(plus + 1));
+  Move(key.substr(0, plus), KEYEVENTF_KEYUP), LetReact();
+}
+
+void TurnWheel(const Control& control) {
+  Mouse(PlaceOf(Find(control)), {MOUSEEVENTF_WHEEL}, -WHEEL_DELTA);
+}
+
+void PressMenu(const MenuEntry& entry) {
+  RECT place{};
+  GetMenuItemRect(Top(), GetMenu(Top()), PlaceIn(entry.Owner.Menus, entry), &place);
+  Mouse(place, {Press});
+}
+
+void PressItem(const MenuItem& item) {
+  RECT at{};
+  GetMenuItemRect(nullptr, MenuOf(item.Under), PlaceIn(item.Under.Items, item), &at);
+  Mouse(at, {Press});
+}
+void PressCloseBox() { Strike("Alt+F4"); }
+
+ShownMessage SeenMessage() {
+  const HWND box = GetActiveWindow();
+  const RECT screen = PlaceOf(GetDesktopWindow());
+  RECT all = PlaceOf(box);
+  ShownMessage seen{TextOf(box), "", "", false};
+  for (HWND part = GetWindow(box, GW_CHILD); part; part = GetWindow(part, GW_HWNDNEXT)) {
+    const bool button = (SendMessageW(part, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
+    const RECT place = PlaceOf(part);
+    if (!IsWindowVisible(part)) continue;
+    UnionRect(&all, &all, &place);
+    (button ? seen.Buttons : seen.Text) += TextOf(part) + (button ? " " : "");
+  }
+  std::erase(seen.Buttons, '&');
+  seen.OnScreen = UnionRect(&all, &all, &screen) && EqualRect(&all, &screen);
+  return seen;
+}
+
+std::string Seen(const Control& control) {
+  const HWND widget = Find(control);
+  wchar_t row[300]{};
+  DWORD start = 0, end = 0;
+  const auto selected = static_cast<WPARAM>(SendMessageW(widget, LB_GETCURSEL, 0, 0));
+  SendMessageW(widget, LB_GETTEXT, selected, reinterpret_cast<LPARAM>(row));
+  SendMessageW(widget, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  const std::string text = WideToText(row) + TextOf(widget);
+  return start == end ? text : "[" + text.substr(start, end - start) + "]";
+}
+
+bool SeenEnabled(const MenuItem& item) {
+  const UINT place = PlaceIn(item.Under.Items, item);
+  return (GetMenuState(MenuOf(item.Under), place, MF_BYPOSITION) & MF_GRAYED) == 0;
+}
+
+bool SeenPopup() {
+  GUITHREADINFO state{};
+  state.cbSize = sizeof state;
+  GetGUIThreadInfo(GetCurrentThreadId(), &state);
+  return state.hwndMenuOwner || SendMessageW(GetFocus(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+std::string SeenFocus() {
+  for (const Control* control : Played->TabOrder()) {
+    if (control->TabIndex == GetDlgCtrlID(GetFocus())) return control->Name;
+  }
+  return "";
+}
+
+}  // namespace corvane
