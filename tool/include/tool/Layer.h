@@ -1,0 +1,36 @@
+// The strategic layer as the tool works on it: a copy of the four tables and of the map files that
+// go with them, so that two layers can stand side by side.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "data/BtdFile.h"
+#include "data/StrategicTables.h"
+
+namespace corvane {
+
+/// One BTD file of the Maps folder.
+struct MapFile {
+  std::string Name;          // as the folder lists it
+  std::uint64_t Length = 0;  // bytes of the whole file
+  BtdHeader Header;
+  VictoryLocations VLs{};
+  BtdText Text;
+};
+
+struct Layer {
+  StrMapTable Tiles;
+  StrArrowTable Arrows;
+  ConnectionTable Connections;
+  HotspotTable Hotspots;
+  DestinationTable Destinations;
+  std::vector<std::string> Rows;  // the catalogue: the position of a row is its map slot
+  std::vector<MapFile> Files;     // the file of each row
+};
+
+/// The tables and the catalogue of the process, with the map files read whole.
+[[nodiscard]] Layer CaptureLayer();
+
+}  // namespace corvane
