@@ -58,12 +58,12 @@ bool Write(const std::filesystem::path& folder, const Inputs& inputs) {
 
 }  // namespace
 
-int main(int count, char** arguments) {
-  if (count != 2) {
+int main(int argc, char** argv) {
+  if (argc != 2) {
     std::cerr << "usage: corvane-corpus FOLDER\n";
     return 1;
   }
-  const std::filesystem::path folder = arguments[1];
+  const std::filesystem::path folder = argv[1];
   const corvane::SampleGame game = corvane::MakeSampleGame();
   const bool written = Write(folder / "PatchFuzz", TableInputs(game)) &&
                        Write(folder / "GameExeFuzz", TableInputs(game)) &&

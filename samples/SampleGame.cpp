@@ -2,7 +2,6 @@
 #include "samples/SampleGame.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <iterator>
 #include <string_view>
 
@@ -67,29 +66,42 @@ void PlaceTiles(SampleTables& tables, Noise& noise) {
     if (Plan[place] != 'o') continue;
     const int column = static_cast<int>(place) % PlanWidth / 2;
     const int row = static_cast<int>(place) / PlanWidth / 2;
-    const int left = 14 + column * Pitch + noise.UpTo(15);
-    const int top = 12 + row * Pitch + noise.UpTo(15);
+    const int left = 14 + column * Pitch + noise.UpTo(9);
+    const int top = 12 + row * Pitch + noise.UpTo(9);
     const int slot = SlotAt(place);
-    const int width = 60 + noise.UpTo(12);
-    const int height = 46 + noise.UpTo(10);
+    const int width = 56 + noise.UpTo(10);
+    const int height = 44 + noise.UpTo(10);
     tables.Tiles[slot] = MakeRect(noise, left, top, width, height);
     tables.Hotspots[slot] = {left + width / 4 + noise.UpTo(width / 2),
                              top + height / 4 + noise.UpTo(height / 2)};
   }
 }
 
-// The arrow stands halfway between the tiles; that of the way back stands a little aside.
+// A stretch of one axis, in pixels.
+struct Stretch {
+  int Start;
+  int Length;
+  [[nodiscard]] int End() const { return Start + Length; }
+};
+
+// The gap between two stretches; where they overlap, what they share.
+Stretch Between(Stretch a, Stretch b) {
+  const auto [start, end] = std::minmax({std::max(a.Start, b.Start), std::min(a.End(), b.End())});
+  return {start, end - start};
+}
+
+// The arrow lies between the two tiles, over neither; the one of the way back lies beside it.
 void Connect(SampleTables& tables, Noise& noise, int from, int to, int arrow) {
+  constexpr int Margin = 2;
   const StrRect& start = tables.Tiles[from];
   const StrRect& end = tables.Tiles[to];
-  const int across = end.Left + end.Width / 2 - (start.Left + start.Width / 2);
-  const int down = end.Top + end.Height / 2 - (start.Top + start.Height / 2);
-  const int width = std::max(12, std::abs(across) / 3);
-  const int height = std::max(12, std::abs(down) / 3);
-  const int aside = from < to ? -4 : 4;
-  const int left = start.Left + (start.Width + across - width) / 2 + aside;
-  const int top = start.Top + (start.Height + down - height) / 2 + aside;
-  tables.Arrows[arrow] = MakeRect(noise, left, top, width, height);
+  Stretch across = Between({start.Left, start.Width}, {end.Left, end.Width});
+  Stretch down = Between({start.Top, start.Height}, {end.Top, end.Height});
+  Stretch& longer = across.Length > down.Length ? across : down;
+  longer.Length /= 2;
+  if (from > to) longer.Start = longer.End();
+  tables.Arrows[arrow] = MakeRect(noise, across.Start + Margin, down.Start + Margin,
+                                  across.Length - 2 * Margin, down.Length - 2 * Margin);
   tables.Connections(from, to) = arrow;
 }
 
@@ -115,11 +127,50 @@ void Put(std::array<char, Width>& field, std::string_view text) {
   text.copy(field.data(), Width);
 }
 
+// Where a location lies on its battle map: low numbers in the north and west.
+struct Square {
+  std::uint8_t X;
+  std::uint8_t Y;
+};
+
+// Which way an exit leads along each axis: -1, 0 or 1.
+struct Heading {
+  int X;
+  int Y;
+};
+
+constexpr int BattleMapSize = 100;  // squares along each axis, so that two digits hold each number
+
+// A place in the first tenth, the middle or the last tenth of an axis.
+int PlaceTowards(int direction, Noise& noise) {
+  constexpr int Edge = BattleMapSize / 10;
+  if (direction < 0) return noise.UpTo(Edge - 1);
+  if (direction > 0) return BattleMapSize - 1 - noise.UpTo(Edge - 1);
+  return BattleMapSize * 3 / 10 + noise.UpTo(BattleMapSize * 4 / 10 - 1);
+}
+
+// The two numbers always differ, so that exchanging them shows.
+Square SquareTowards(Heading heading, Noise& noise) {
+  const int x = PlaceTowards(heading.X, noise);
+  int y = PlaceTowards(heading.Y, noise);
+  if (x == y) y ^= 1;
+  return {static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y)};
+}
+
+Heading HeadingTo(const StrRect& from, const StrRect& to) {
+  const auto sign = [](int distance) {
+    constexpr int Aside = 48;  // pixels; tiles of one row or column are less than that apart
+    return distance > Aside ? 1 : distance < -Aside ? -1 : 0;
+  };
+  return {sign(to.Left - from.Left), sign(to.Top - from.Top)};
+}
+
 VictoryLocation MakeLocation(Noise& noise, std::int32_t kind, std::string_view name,
-                             std::uint8_t destination = 0) {
+                             Heading heading = {}, std::uint8_t destination = 0) {
+  const Square square = SquareTowards(heading, noise);
   VictoryLocation vl;
-  vl.TileX = noise.Byte();
-  vl.TileY = noise.Byte();
+  vl.TileX = square.X;
+  vl.TileY = square.Y;
   vl.Opaque0 = {noise.Byte(), noise.Byte()};
   vl.Kind = kind;
   Put(vl.Name, name);
@@ -129,8 +180,8 @@ VictoryLocation MakeLocation(Noise& noise, std::int32_t kind, std::string_view n
   return vl;
 }
 
-VictoryLocation MakeExit(Noise& noise, int to, const std::string& name) {
-  return MakeLocation(noise, 50, name, static_cast<std::uint8_t>(to));
+VictoryLocation MakeExit(Noise& noise, int to, Heading heading, const std::string& name) {
+  return MakeLocation(noise, 50, name, heading, static_cast<std::uint8_t>(to));
 }
 
 VictoryLocation MakeObjective(Noise& noise, std::size_t which) {
@@ -140,18 +191,19 @@ VictoryLocation MakeObjective(Noise& noise, std::size_t which) {
 // A slot out of use in which an older name still stands, with bytes behind its end.
 VictoryLocation MakeLeftOver(Noise& noise) {
   using namespace std::string_view_literals;
-  return MakeLocation(noise, 0, "Ford\0east bank"sv, noise.Byte());
+  return MakeLocation(noise, 0, "Ford\0east bank"sv, {}, noise.Byte());
 }
 
 void FillLocations(SampleMap& map, SampleTables& tables, int slot, Noise& noise) {
   auto next = map.VLs.begin();
+  const StrRect& tile = tables.Tiles[slot];
   for (int to = 0; to < MapSlotCount; ++to) {
     if (tables.Connections(slot, to) == NoConnection) continue;
-    *next++ = MakeExit(noise, to, std::string(Places[to]) + " road");
+    const Heading heading = HeadingTo(tile, tables.Tiles[to]);
+    *next++ = MakeExit(noise, to, heading, std::string(Places[to]) + " road");
   }
-  const std::int32_t left = tables.Tiles[slot].Left;
-  if (left < 40) *next++ = MakeExit(noise, 254, "West edge");
-  if (left > 680) *next++ = MakeExit(noise, 254, "East edge");
+  if (tile.Left < 40) *next++ = MakeExit(noise, OffMap, {-1, 0}, "West edge");
+  if (tile.Left > 680) *next++ = MakeExit(noise, OffMap, {1, 0}, "East edge");
   const auto which = static_cast<std::size_t>(slot);
   for (std::size_t i = 0; i < 2 + which % 3; ++i) *next++ = MakeObjective(noise, which + i);
   if (which % 4 == 0) *next++ = MakeLeftOver(noise);
@@ -192,6 +244,7 @@ SampleGame MakeSampleGame() {
   for (int map = 0; map < MapSlotCount; ++map) {
     game.Maps.push_back(MakeMap(game.Tables, map, noise));
   }
+  game.Maps.back().VLs.back().TileX = 211;  // a file can hold what two digits cannot
   return game;
 }
 

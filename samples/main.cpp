@@ -1,6 +1,8 @@
 // corvane-sample FOLDER: writes the sample game into a folder. Never replaces a game.
 #include <filesystem>
 #include <iostream>
+#include <string>
+#include <string_view>
 
 #include "base/FolderScan.h"
 #include "samples/SampleGame.h"
@@ -20,9 +22,15 @@ bool Has(const std::filesystem::path& folder, const std::string& name) {
 
 }  // namespace
 
-int main(int count, char** arguments) {
-  if (count != 2) return Refuse("usage: corvane-sample FOLDER");
-  const std::filesystem::path folder = arguments[1];
+int main(int argc, char** argv) {
+  constexpr std::string_view Usage = "usage: corvane-sample FOLDER";
+  const std::string_view argument = argc == 2 ? argv[1] : "";
+  if (argument == "--help") {
+    std::cout << Usage << "\nWrites a made-up CC4.EXE and its Maps into FOLDER.\n";
+    return 0;
+  }
+  if (argument.empty() || argument.starts_with('-')) return Refuse(std::string(Usage));
+  const std::filesystem::path folder = argument;
   for (const char* name : {"CC4.EXE", "Maps"}) {
     if (Has(folder, name)) return Refuse(folder.string() + " already holds a " + name + ".");
   }
