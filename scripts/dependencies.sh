@@ -5,14 +5,16 @@
 # installs what is missing on Debian and Ubuntu, as root or through sudo; elsewhere it names the
 # packages and stops when CMake, Ninja or a compiler is not there.
 
-packages_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core"
+packages_tool="libcli11-dev nlohmann-json3-dev"
+packages_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core $packages_tool"
 packages_test="$packages_build libgtest-dev strace"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
 packages_fuzz="$packages_test clang libclang-rt-dev"
 packages_outside="$packages_test"
 packages_benchmark="$packages_test libbenchmark-dev"
 packages_package="$packages_build dpkg-dev file desktop-file-utils appstream lintian"
-packages_windows="cmake ninja-build g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest wine wine64
+packages_windows="$packages_tool cmake ninja-build g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest
+  wine wine64
   xvfb xauth zip fonts-wine"
 
 name_packages() {

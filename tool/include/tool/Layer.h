@@ -28,9 +28,20 @@ struct Layer {
   DestinationTable Destinations;
   std::vector<std::string> Rows;  // the catalogue: the position of a row is its map slot
   std::vector<MapFile> Files;     // the file of each row
+  bool FilesLeftOut = false;      // the folder holds more files than there are map slots
 };
 
-/// The tables and the catalogue of the process, with the map files read whole.
-[[nodiscard]] Layer CaptureLayer();
+/// The tables and the catalogue of the process, with the map files read whole. For each file that
+/// cannot be read, `faults` gets a sentence, and the layer a blank record.
+[[nodiscard]] Layer CaptureLayer(std::vector<std::string>& faults);
+
+/// Makes the four tables of a layer those of the process.
+void InstallTables(const Layer& layer);
+
+/// The row of a map slot, or its three digits where it has no row.
+[[nodiscard]] std::string MapLabel(const Layer& layer, int map);
+
+/// The 8526 bytes of a BTD file that hold these records.
+[[nodiscard]] std::string BtdImage(const MapFile& file);
 
 }  // namespace corvane

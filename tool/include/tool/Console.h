@@ -1,0 +1,26 @@
+// Where a verb prints, so that tests can run one without a process.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace corvane {
+
+struct Console {
+  std::function<void(std::string_view)> Print;     // results, on standard output
+  std::function<void(std::string_view)> Complain;  // everything else, on standard error
+  bool Colour = false;                             // results may be coloured
+};
+
+// The exit statuses of all verbs.
+constexpr int StatusDone = 0;
+constexpr int StatusNegative = 1;  // findings, differences, a copy that was refused
+constexpr int StatusFailed = 2;    // wrong usage, or something that could not be done
+
+/// Complains in lines that begin with the program's name, made fit for a terminal.
+void ComplainOf(const Console& console, std::string_view reason);
+
+/// Complains, and gives back StatusFailed.
+[[nodiscard]] int Fail(const Console& console, std::string_view reason);
+
+}  // namespace corvane
