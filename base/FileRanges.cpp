@@ -10,16 +10,6 @@
 namespace corvane {
 namespace {
 
-// How a failed save left its file.
-constexpr char AsItWas[] = "The file is as it was.";
-constexpr char NoFile[] = "There is no such file, and none was made.";
-constexpr char Removed[] = "The unfinished new file was removed.";
-constexpr char Unconfirmed[] =
-    "Its old contents were put back, but the disk did not confirm them. Check the file.";
-constexpr char Torn[] =
-    "The file is NOT as it was, and its old contents could not be put back. Use your backup.";
-constexpr char NotRemoved[] = "The unfinished new file could not be removed. Do not use it.";
-
 class Save {
  public:
   Save(const std::string& path, std::span<const WriteRange> ranges) : Path(path), Ranges(ranges) {}
@@ -27,7 +17,7 @@ class Save {
   std::error_code Open(IfMissing ifMissing);
   std::error_code RememberOld();
   std::error_code Replace();
-  std::string Undo();
+  FileState Undo();
 
  private:
   std::error_code PutBack();
@@ -75,17 +65,18 @@ std::error_code Save::Replace() {
   return File.Close();
 }
 
-// Undoes whatever Replace did and tells how the file stands now.
-std::string Save::Undo() {
+// Undoes whatever Replace did and tells the state of the file.
+FileState Save::Undo() {
   if (Created) {
     if (File.IsOpen()) static_cast<void>(File.Close());  // the file goes, whatever this says
-    return RemoveFile(Path) ? NotRemoved : Removed;
+    return RemoveFile(Path) ? FileState::NotRemoved : FileState::Removed;
   }
-  if (!File.Changed()) return AsItWas;
-  if (!File.IsOpen() && File.Open(Path, OpenMode::Change)) return Torn;
-  if (PutBack()) return Torn;
+  if (!File.Changed()) return FileState::Unchanged;
+  if (!File.IsOpen() && File.Open(Path, OpenMode::Change)) return FileState::Damaged;
+  if (PutBack()) return FileState::Damaged;
   // A flush that failed once may succeed falsely when tried again, so it proves nothing then.
-  return FlushFailed || File.Flush() || File.Close() ? Unconfirmed : AsItWas;
+  return FlushFailed || File.Flush() || File.Close() ? FileState::Unconfirmed
+                                                     : FileState::Unchanged;
 }
 
 std::error_code Save::PutBack() {
@@ -113,10 +104,6 @@ std::error_code Save::PutBackRange(std::size_t range) {
   return File.WriteAt(Ranges[range].Offset + start, std::span(first, last));
 }
 
-std::string CouldNot(const std::string& path, const char* what, std::error_code error) {
-  return path + " could not be " + what + ": " + Reason(error) + ".";
-}
-
 std::error_code Read(RawFile& file, const std::string& path, std::span<const ReadRange> ranges) {
   if (std::error_code error = file.Open(path, OpenMode::Read)) return error;
   for (const ReadRange& range : ranges) {
@@ -129,23 +116,25 @@ std::error_code Read(RawFile& file, const std::string& path, std::span<const Rea
 
 }  // namespace
 
-FileResult ReadRanges(const std::string& path, std::span<const ReadRange> ranges) {
+Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges) {
   RawFile file;
-  if (std::error_code error = Read(file, path, ranges)) return {CouldNot(path, "read", error)};
+  if (std::error_code error = Read(file, path, ranges))
+    return Failure{FileAction::Read, path, error};
   return {};
 }
 
-FileResult SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
-                       IfMissing ifMissing) {
+Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
+                     IfMissing ifMissing) {
   Save save(path, ranges);
   std::error_code error = save.Open(ifMissing);
   if (!error) error = save.RememberOld();
   if (error) {
     const bool missing = error == std::errc::no_such_file_or_directory;
-    return {CouldNot(path, "saved", error) + " " + (missing ? NoFile : AsItWas)};
+    return Failure{FileAction::Save, path, error,
+                   missing ? FileState::NotCreated : FileState::Unchanged};
   }
   error = save.Replace();
-  if (error) return {CouldNot(path, "saved", error) + " " + save.Undo()};
+  if (error) return Failure{FileAction::Save, path, error, save.Undo()};
   return {};
 }
 

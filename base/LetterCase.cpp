@@ -12,13 +12,13 @@ constexpr char Capital(char character) {
 
 }  // namespace
 
-std::string InCapitals(std::string_view text) {
+std::string ToUpper(std::string_view text) {
   std::string capitals(text);
   std::ranges::transform(capitals, capitals.begin(), Capital);
   return capitals;
 }
 
-bool OrderedBefore(std::string_view left, std::string_view right) {
+bool LessIgnoringCase(std::string_view left, std::string_view right) {
   const auto byte = [](char character) { return static_cast<unsigned char>(Capital(character)); };
   return std::ranges::lexicographical_compare(left, right, {}, byte, byte);
 }

@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint64_t LargestLength = std::numeric_limits<std::int64_t>::max();
+constexpr std::uint64_t MaxLength = std::numeric_limits<std::int64_t>::max();
 
 std::error_code AskForFault(FileStep step, std::size_t& bytes) {
   if (!InjectedFault) return {};
@@ -27,7 +27,7 @@ std::error_code AskForFault(FileStep step) {
 }
 
 std::error_code CheckRange(std::uint64_t offset, std::size_t size) {
-  if (size <= LargestLength && offset <= LargestLength - size) return {};
+  if (size <= MaxLength && offset <= MaxLength - size) return {};
   return std::make_error_code(std::errc::value_too_large);
 }
 
@@ -100,12 +100,6 @@ std::error_code RawFile::Close() {
 std::error_code RemoveFile(const std::string& path) {
   if (const auto error = AskForFault(FileStep::Remove)) return error;
   return SystemRemove(path);
-}
-
-std::string Reason(std::error_code error) {
-  std::string words = SystemWords(error);
-  if (!IsInUse(error)) return words;
-  return words + " (it is open in another program, such as the game itself while it runs)";
 }
 
 }  // namespace corvane

@@ -14,7 +14,7 @@ namespace corvane {
 
 using SystemHandle = std::intptr_t;
 
-/// Without waiting for anyone. To write, it fails for whatever is not an ordinary file.
+/// Never blocks. To write, it fails for whatever is not an ordinary file.
 [[nodiscard]] std::error_code SystemOpen(const std::string& path, OpenMode mode,
                                          SystemHandle& handle);
 [[nodiscard]] std::error_code SystemLength(SystemHandle handle, std::uint64_t& length);
@@ -29,8 +29,8 @@ using SystemHandle = std::intptr_t;
 [[nodiscard]] std::error_code SystemClose(SystemHandle handle);
 [[nodiscard]] std::error_code SystemRemove(const std::string& path);
 
-/// What the system says of an error, in UTF-8, without a point at its end.
-[[nodiscard]] std::string SystemWords(std::error_code error);
+/// The system's message for an error, in UTF-8, without a period.
+[[nodiscard]] std::string SystemMessage(std::error_code error);
 /// True if the file was refused because another program has it open or runs it.
 [[nodiscard]] bool IsInUse(std::error_code error);
 

@@ -2,8 +2,8 @@
 
 #include <bit>
 #include <cstring>
-#include <span>
 
+#include "base/AnsiText.h"
 #include "base/FileRanges.h"
 #include "base/FolderScan.h"
 
@@ -19,12 +19,12 @@ constexpr std::size_t MapIndexOffset = 4;
 constexpr std::size_t VLsOffset = BtdHeaderSize;
 constexpr std::size_t TextOffset = BtdHeadSize;
 
-FileResult ReadImage(const std::string& path, BtdImage& image, std::size_t size) {
-  const ReadRange range{0, std::span(image).first(size)};
+Result<> ReadImage(const std::string& path, std::span<std::byte> image) {
+  const ReadRange range{0, image};
   return ReadRanges(path, {&range, 1});
 }
 
-void TakeHead(const BtdImage& image, BtdHeader& header, VictoryLocations& vls) {
+void DecodeHead(const BtdImage& image, BtdHeader& header, VictoryLocations& vls) {
   std::memcpy(&header.Magic, image.data(), sizeof header.Magic);
   header.MapIndex = std::to_integer<std::uint8_t>(image[MapIndexOffset]);
   std::memcpy(vls.data(), image.data() + VLsOffset, sizeof vls);
@@ -32,25 +32,27 @@ void TakeHead(const BtdImage& image, BtdHeader& header, VictoryLocations& vls) {
 
 }  // namespace
 
-FileResult ReadBtdHead(const std::string& path, BtdHeader& header, VictoryLocations& vls) {
+Result<BtdHead> ReadBtdHead(const std::string& path) {
   BtdImage image;
-  FileResult result = ReadImage(path, image, BtdHeadSize);
-  if (result.Done()) TakeHead(image, header, vls);
-  return result;
+  const auto read = ReadImage(path, std::span(image).first(BtdHeadSize));
+  if (!read.Done()) return read.Error();
+  BtdHead head;
+  DecodeHead(image, head.Header, head.VLs);
+  return head;
 }
 
-FileResult ReadBtd(const std::string& path, BtdHeader& header, VictoryLocations& vls,
-                   BtdText& text) {
+Result<BtdFile> ReadBtd(const std::string& path) {
   BtdImage image;
-  FileResult result = ReadImage(path, image, BtdSize);
-  if (!result.Done()) return result;
-  TakeHead(image, header, vls);
-  std::memcpy(&text, image.data() + TextOffset, sizeof text);
-  return result;
+  const auto read = ReadImage(path, image);
+  if (!read.Done()) return read.Error();
+  BtdFile file;
+  DecodeHead(image, file.Header, file.VLs);
+  std::memcpy(&file.Text, image.data() + TextOffset, sizeof file.Text);
+  return file;
 }
 
-FileResult WriteBtd(const std::string& path, std::uint8_t mapIndex, const VictoryLocations& vls,
-                    const BtdText& text) {
+Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex, const VictoryLocations& vls,
+                  const BtdText& text) {
   BtdImage image;
   std::memcpy(image.data(), &BtdMagic, sizeof BtdMagic);
   image[MapIndexOffset] = std::byte{mapIndex};
@@ -68,6 +70,14 @@ std::string PadText(std::string_view text, std::size_t width) {
   std::string field(text);
   field.resize(width, '\0');
   return field;
+}
+
+std::string FieldText(std::span<const char> field) {
+  return AnsiToText(TrimAtNul({field.data(), field.size()}));
+}
+
+void SetField(std::span<char> field, std::string_view text) {
+  PadText(TextToAnsi(text), field.size()).copy(field.data(), field.size());
 }
 
 }  // namespace corvane

@@ -1,11 +1,9 @@
 #include "data/MapCatalogue.h"
 
 #include <algorithm>
-#include <system_error>
 
 #include "base/FolderScan.h"
 #include "base/LetterCase.h"
-#include "base/RawFile.h"
 #include "data/StrategicTables.h"
 
 namespace corvane {
@@ -15,46 +13,28 @@ constexpr std::size_t RowDigits = 3;
 
 std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
 
-std::string NoMapFiles(const std::string& folder, std::error_code error) {
-  std::string text = "Error: No map files were found in the folder " + folder + ".";
-  if (error && error != std::errc::no_such_file_or_directory)
-    text.append(" ").append(Reason(error)).append(".");
-  return text;
-}
-
-std::string Unreadable(const std::string& failures) {
-  return "Error: Not all map files could be read. Those have no row, so the rows and the map "
-         "numbers may no longer agree:" +
-         failures;
-}
-
-// Gives back what failed, on a line of its own.
-std::string AddMapFile(const std::string& folder, const std::string& name) {
-  BtdHeader header;
-  VictoryLocations vls;
-  const FileResult read = ReadBtdHead(folder + Separator + name, header, vls);
-  if (!read.Done()) return "\r\n" + read.Failure;
-  SetDestinations(header.MapIndex, vls);
-  InsertMapRow(ThreeDigits(header.MapIndex) + ' ' + name);
-  return {};
+void AddMapFile(const std::string& name, CatalogueReport& report) {
+  const auto head = ReadBtdHead(report.Folder + Separator + name);
+  if (!head.Done()) return report.Failures.push_back(head.Error());
+  SetDestinations(head->Header.MapIndex, head->VLs);
+  InsertMapRow(ThreeDigits(head->Header.MapIndex) + ' ' + name);
 }
 
 }  // namespace
 
-std::string LoadMapCatalogue() {
+CatalogueReport LoadMapCatalogue() {
   MapRows.clear();
   ArrowRows.clear();
   for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) ArrowRows.push_back(ThreeDigits(arrow));
 
-  const std::string folder = MapsFolder();
+  CatalogueReport report;
+  report.Folder = MapsFolder();
   std::vector<std::string> names;
-  const std::error_code error = ScanFolder(folder, ".BTD", MapSlotCount, names);
-  if (names.empty()) return NoMapFiles(folder, error);
-
-  std::string failures;
-  for (const std::string& name : names) failures += AddMapFile(folder, name);
-  if (error) failures += "\r\n" + folder + " could not be listed whole: " + Reason(error) + ".";
-  return failures.empty() ? std::string() : Unreadable(failures);
+  const std::error_code error = ScanFolder(report.Folder, ".BTD", MapSlotCount, names);
+  report.FoundFiles = !names.empty();
+  for (const std::string& name : names) AddMapFile(name, report);
+  if (error) report.Failures.push_back({FileAction::List, report.Folder, error});
+  return report;
 }
 
 const std::string& MapRow(int map) {
@@ -83,7 +63,7 @@ std::string ThreeDigits(int number) {
 }
 
 void InsertMapRow(const std::string& row) {
-  MapRows.insert(std::ranges::upper_bound(MapRows, row, OrderedBefore), row);
+  MapRows.insert(std::ranges::upper_bound(MapRows, row, LessIgnoringCase), row);
 }
 
 void ReplaceMapRow(int map, const std::string& row) {
@@ -95,7 +75,7 @@ void ReplaceMapRow(int map, const std::string& row) {
 void SetDestinations(int map, const VictoryLocations& vls) {
   for (int vl = 0; vl < VLSlotCount; ++vl) {
     const VictoryLocation& location = vls[static_cast<std::size_t>(vl)];
-    VLDest(map, vl) = location.Kind == KindExit ? location.Destination : NotAnExit;
+    VLDest(map, vl) = location.Kind == VLKind::Exit ? location.Destination : NotAnExit;
   }
 }
 

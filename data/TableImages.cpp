@@ -1,91 +1,75 @@
 #include "data/TableImages.h"
 
 #include <bit>
-#include <cstring>
 #include <span>
-#include <vector>
 
 #include "base/FileRanges.h"
 #include "base/FolderScan.h"
 #include "base/LetterCase.h"
-#include "data/StrategicTables.h"
 
 namespace corvane {
 
 // The tables move as they lie in memory.
 static_assert(std::endian::native == std::endian::little);
-static_assert(sizeof(StrMapTable) == 1204 && sizeof(StrArrowTable) == 2268);
-static_assert(sizeof(ConnectionTable) == 7396 && sizeof(HotspotTable) == 344);
+static_assert(sizeof(GameTables) == PatchFileSize);
+static_assert(offsetof(GameTables, Tiles) == TablePlaces[0].PatchOffset);
+static_assert(offsetof(GameTables, Arrows) == TablePlaces[1].PatchOffset);
+static_assert(offsetof(GameTables, Connections) == TablePlaces[2].PatchOffset);
+static_assert(offsetof(GameTables, Hotspots) == TablePlaces[3].PatchOffset);
 static_assert(offsetof(StrRect, Left) == 12 && offsetof(StrRect, Height) == 24);
 static_assert(offsetof(Hotspot, CenterY) == 4);
 
-constinit const std::array<TablePlace, 4> TablePlaces{{
-    {&StrMap, sizeof StrMap, 1147264},
-    {&StrArrow, sizeof StrArrow, 1148480},
-    {&MapConnections, sizeof MapConnections, 1153780},
-    {&MapHotspots, sizeof MapHotspots, 1200968},
-}};
-
 namespace {
 
-// All four images back to back, so that a read is committed whole.
-using Images = std::array<std::byte, PatchFileSize>;
-
-void CommitTables(const Images& images) {
-  const std::byte* image = images.data();
-  for (const TablePlace& place : TablePlaces) {
-    std::memcpy(place.Table, image, place.Size);
-    image += place.Size;
+// The ranges of `bytes`, the memory of GameTables, at their places in CC4.EXE.
+template <class Range, class Bytes>
+std::array<Range, TablePlaces.size()> GameRanges(Bytes bytes) {
+  std::array<Range, TablePlaces.size()> ranges;
+  for (std::size_t table = 0; table < ranges.size(); ++table) {
+    const TablePlace& place = TablePlaces[table];
+    ranges[table] = {place.GameOffset, bytes.subspan(place.PatchOffset, place.Size)};
   }
+  return ranges;
 }
 
-std::span<const std::byte> ImageOf(const TablePlace& place) {
-  return {static_cast<const std::byte*>(place.Table), place.Size};
+std::span<std::byte> BytesOf(GameTables& tables) {
+  return std::as_writable_bytes(std::span(&tables, 1));
+}
+
+std::span<const std::byte> BytesOf(const GameTables& tables) {
+  return std::as_bytes(std::span(&tables, 1));
 }
 
 }  // namespace
 
 std::string GameExePath() {
-  const bool opened = InCapitals(OpenedFile) == GameExeName;
+  const bool opened = ToUpper(OpenedFile) == GameExeName;
   return GamePath + Separator + NameInFolder(GamePath, opened ? OpenedFile : GameExeName);
 }
 
-FileResult ReadGameTables() {
-  Images images;
-  std::array<ReadRange, TablePlaces.size()> ranges;
-  std::span<std::byte> rest = images;
-  for (std::size_t table = 0; table < ranges.size(); ++table) {
-    ranges[table] = {TablePlaces[table].GameOffset, rest.first(TablePlaces[table].Size)};
-    rest = rest.subspan(TablePlaces[table].Size);
-  }
-  FileResult result = ReadRanges(GameExePath(), ranges);
-  if (result.Done()) CommitTables(images);
-  return result;
+std::string OpenedExePath() { return GamePath + NameInFolder(GamePath, OpenedFile); }
+
+Result<GameTables> ReadGameTables(const std::string& fileName) {
+  GameTables tables;
+  const auto read = ReadRanges(fileName, GameRanges<ReadRange>(BytesOf(tables)));
+  if (!read.Done()) return read.Error();
+  return tables;
 }
 
-FileResult WriteGameTables() {
-  std::array<WriteRange, TablePlaces.size()> ranges;
-  for (std::size_t table = 0; table < ranges.size(); ++table) {
-    ranges[table] = {TablePlaces[table].GameOffset, ImageOf(TablePlaces[table])};
-  }
-  return SaveInPlace(GameExePath(), ranges, IfMissing::Fail);
+Result<GameTables> ReadPatchTables(const std::string& fileName) {
+  GameTables tables;
+  const ReadRange whole{0, BytesOf(tables)};
+  const auto read = ReadRanges(fileName, {&whole, 1});
+  if (!read.Done()) return read.Error();
+  return tables;
 }
 
-FileResult ReadPatchTables(const std::string& fileName) {
-  Images images;
-  const ReadRange whole{0, images};
-  FileResult result = ReadRanges(fileName, {&whole, 1});
-  if (result.Done()) CommitTables(images);
-  return result;
+Result<> WriteGameTables(const std::string& fileName, const GameTables& tables) {
+  return SaveInPlace(fileName, GameRanges<WriteRange>(BytesOf(tables)), IfMissing::Fail);
 }
 
-FileResult WritePatchTables(const std::string& fileName) {
-  std::vector<std::byte> images;
-  for (const TablePlace& place : TablePlaces) {
-    const std::span<const std::byte> image = ImageOf(place);
-    images.insert(images.end(), image.begin(), image.end());
-  }
-  const WriteRange whole{0, images};
+Result<> WritePatchTables(const std::string& fileName, const GameTables& tables) {
+  const WriteRange whole{0, BytesOf(tables)};
   return SaveInPlace(fileName, {&whole, 1}, IfMissing::Create);
 }
 

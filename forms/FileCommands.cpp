@@ -13,9 +13,6 @@ namespace {
 
 constexpr char PatchFilter[] = "Corvane Patch Files (*.crv)|*.crv";
 
-// The file that a save would change, as the open dialog named it.
-std::string OpenedGameExe() { return GamePath + GameExePath().substr(GamePath.size() + 1); }
-
 // True if the tables may be written; otherwise the findings have been shown.
 bool TablesAreSound() {
   const std::string findings = CheckTables();
@@ -24,18 +21,18 @@ bool TablesAreSound() {
 }
 
 // Tells of a write that failed; after one that went well nothing is left to save.
-void FinishSave(const FileResult& written) {
+void FinishSave(const Result<>& written) {
   if (written.Done()) {
     TablesDirty = false;
   } else {
-    Tell("Error: " + written.Failure);
+    Tell("Error: " + FailureMessage(written.Error()));
   }
 }
 
 }  // namespace
 
 void Form1::mnuFile_Click() {
-  mnuFileSave.Enabled = InCapitals(OpenedFile) == GameExeName;
+  mnuFileSave.Enabled = ToUpper(OpenedFile) == GameExeName;
   mnuFileSavePatch.Enabled = !GamePath.empty();
 }
 
@@ -46,11 +43,11 @@ void Form1::mnuFileOpen_Click() {
   CommonDialog1.ShowOpen();
   if (CommonDialog1.FileName.empty()) return;
 
-  const OpenOutcome outcome = OpenTables(CommonDialog1.FileName, CommonDialog1.FileTitle);
-  switch (outcome.Kind) {
+  const auto opened = OpenTables(CommonDialog1.FileName, CommonDialog1.FileTitle);
+  if (!opened.Done()) return Tell("Error: " + FailureMessage(opened.Error()));
+  switch (*opened) {
     case FileKind::GameExeFile:
     case FileKind::PatchFile:
-      if (!outcome.Read.Done()) return Tell("Error: " + outcome.Read.Failure);
       ShowCatalogue();
       TablesDirty = false;
       return;
@@ -68,12 +65,13 @@ void Form1::mnuFileOpen_Click() {
 
 void Form1::mnuFileSave_Click() {
   if (!TablesAreSound()) return;
-  if (!Ask("This will directly modify the file " + OpenedGameExe() +
+  const std::string path = OpenedExePath();
+  if (!Ask("This will directly modify the file " + path +
            ". If there are errors in the changes you have made, the game will almost certainly "
            "crash. Are you absolutely sure you want to do this?")) {
     return;
   }
-  FinishSave(WriteGameTables());
+  FinishSave(WriteGameTables(path, Tables));
 }
 
 void Form1::mnuFileSavePatch_Click() {
@@ -84,7 +82,7 @@ void Form1::mnuFileSavePatch_Click() {
   const std::string& fileName = CommonDialog1.FileName;
   if (fileName.empty()) return;
   if (OrdinaryFileExists(fileName) && !Ask("Overwrite file " + fileName + "?")) return;
-  FinishSave(WritePatchTables(fileName));
+  FinishSave(WritePatchTables(fileName, Tables));
 }
 
 void Form1::mnuFileExit_Click() { Unload(); }

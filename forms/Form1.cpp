@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "CatalogueMessage.h"
 #include "NumericFields.h"
 #include "data/MapCatalogue.h"
 #include "data/StrategicTables.h"
@@ -67,7 +68,7 @@ void Form1::WireMenu() {
 }
 
 void Form1::ShowCatalogue() {
-  const std::string complaint = LoadMapCatalogue();
+  const std::string complaint = CatalogueMessage(LoadMapCatalogue());
   lstConnections.Clear();
   lstMaps.Clear();
   ShowMapRows();
@@ -208,8 +209,8 @@ void Form1::cmdDelete_Click() {
            "contents of the BTD file will also be deleted.")) {
     return;
   }
-  const FileResult deleted = DeleteMapSlot(map);
-  if (!deleted.Done()) return Tell("Error: " + deleted.Failure);
+  const auto deleted = DeleteMapSlot(map);
+  if (!deleted.Done()) return Tell("Error: " + FailureMessage(deleted.Error()));
   ShowMapRows();
   lstMaps_Click();
 }

@@ -13,16 +13,16 @@ namespace {
 // The rows of cboVLType, by the Kind that each stands for.
 struct KindRow {
   const char* Text;
-  std::int32_t Kind;
+  VLKind Kind;
 };
-constexpr std::array<KindRow, 4> KindRows{{{"NONE", KindUnused},
-                                           {"Exit Location", KindExit},
-                                           {"Minor Objective", KindMinor},
-                                           {"Major Objective", KindMajor}}};
+constexpr std::array<KindRow, 4> KindRows{{{"NONE", VLKind::Unused},
+                                           {"Exit Location", VLKind::Exit},
+                                           {"Minor Objective", VLKind::MinorObjective},
+                                           {"Major Objective", VLKind::MajorObjective}}};
 constexpr int ExitRow = 1;
 
 // A Kind that has no row shows as the first.
-int RowOfKind(std::int32_t kind) {
+int RowOfKind(VLKind kind) {
   for (std::size_t row = 0; row < KindRows.size(); ++row) {
     if (KindRows[row].Kind == kind) return static_cast<int>(row);
   }
@@ -31,11 +31,11 @@ int RowOfKind(std::int32_t kind) {
 
 VictoryLocation& EditedVL(int vl) { return dlgEditBTD::VLTable[static_cast<std::size_t>(vl)]; }
 
-constexpr std::int32_t LargestByte = 255;
-constexpr NumericField VLX{LargestByte, false, [](int vl, std::int32_t number) {
+constexpr std::int32_t MaxByte = 255;
+constexpr NumericField VLX{MaxByte, false, [](int vl, std::int32_t number) {
                              EditedVL(vl).TileX = static_cast<std::uint8_t>(number);
                            }};
-constexpr NumericField VLY{LargestByte, false, [](int vl, std::int32_t number) {
+constexpr NumericField VLY{MaxByte, false, [](int vl, std::int32_t number) {
                              EditedVL(vl).TileY = static_cast<std::uint8_t>(number);
                            }};
 
@@ -69,10 +69,10 @@ VictoryLocation& dlgEditBTD::SelectedVL() const { return EditedVL(lstVLs.ListInd
 
 void dlgEditBTD::Form_Load() {
   FillLists();
-  const FileResult read = ReadRecords();
+  const auto read = ReadRecords();
   if (!read.Done()) {
     // What the records still hold belongs to another map, and OK would write it.
-    Tell("Error: " + read.Failure);
+    Tell("Error: " + FailureMessage(read.Error()));
     return Unload();
   }
   txtFileName.SetText(FieldText(VLText.BaseName));
@@ -88,17 +88,20 @@ void dlgEditBTD::FillLists() {
   cboVLDest.SetEnabled(false);
 }
 
-FileResult dlgEditBTD::ReadRecords() const {
+Result<> dlgEditBTD::ReadRecords() const {
   const std::string path = BtdPath(ListedFile(), ListedFile());
   if (ListedFile().empty() || !BtdExists(path)) return {};
-  BtdHeader head;  // the map number of a save is that of the selected row
-  return ReadBtd(path, head, VLTable, VLText);
+  const auto file = ReadBtd(path);
+  if (!file.Done()) return file.Error();
+  VLTable = file->VLs;
+  VLText = file->Text;
+  return {};
 }
 
 void dlgEditBTD::ShowVLs() {
   lstVLs.Clear();
   for (const VictoryLocation& vl : VLTable) {
-    lstVLs.AddItem(vl.Kind == KindUnused ? "UNUSED" : FieldText(vl.Name));
+    lstVLs.AddItem(vl.Kind == VLKind::Unused ? "UNUSED" : FieldText(vl.Name));
   }
   lstVLs.SetListIndex(0);
 }
@@ -145,8 +148,8 @@ void dlgEditBTD::OKButton_Click() {
   SetField(text.AlliedBrief, txtAlliedBrief.Text());
   SetField(text.AxisBrief, txtAxisBrief.Text());
   const int map = Main.lstMaps.ListIndex();
-  const FileResult written = WriteBtd(path, static_cast<std::uint8_t>(map), VLTable, text);
-  if (!written.Done()) return Tell("Error: " + written.Failure);
+  const auto written = WriteBtd(path, static_cast<std::uint8_t>(map), VLTable, text);
+  if (!written.Done()) return Tell("Error: " + FailureMessage(written.Error()));
   VLText = text;
   SetDestinations(map, VLTable);
   Unload();

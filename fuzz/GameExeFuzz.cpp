@@ -4,12 +4,11 @@
 void corvane::Run(const TestFolder& folder, const std::string& input) {
   static std::string exe = GameExeBytes({});
   const std::string images = Reached(input, PatchFileSize);
-  std::size_t next = 0;
-  for (const auto& [table, size, place] : TablePlaces)
-    exe.replace(place, size, images, std::exchange(next, next + size), size);
-  GamePath = folder / "";
+  for (const TablePlace& place : TablePlaces)
+    exe.replace(place.GameOffset, place.Size, images, place.PatchOffset, place.Size);
   folder.Put("CC4.EXE", exe);
-  Require(ReadGameTables().Done() && WriteGameTables().Done(),
-          "any CC4.EXE can be read, and saved");
+  const auto tables = ReadGameTables(folder / "CC4.EXE");
+  Require(tables.Done(), "any CC4.EXE can be read");
+  Require(WriteGameTables(folder / "CC4.EXE", *tables).Done(), "any CC4.EXE can be saved");
   Require(folder.Get("CC4.EXE") == exe, "it comes back as it was read");
 }

@@ -1,14 +1,14 @@
 // The input is the registry file of a Wine prefix, to which a value is then added.
 #include "Fuzz.h"
-#include "base/InstallRegistry.h"
+#include "data/GameFolder.h"
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
   setenv("HOME", folder.Path.c_str(), 1);
   folder.Put(".wine/system.reg", input);
-  static_cast<void>(ReadInstalledTo());
+  static_cast<void>(ReadInstallPath());
   folder.Put(".wine/system.reg", input + R"(
 
 [Software\\Strategic Simulations Inc.\\Close Combat\\4.00]
 "InstalledTo"="C:\\X")");
-  Require(ReadInstalledTo() == folder / ".wine/dosdevices/c:/X", "the last value counts");
+  Require(ReadInstallPath() == folder / ".wine/dosdevices/c:/X", "the last value counts");
 }

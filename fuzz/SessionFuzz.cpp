@@ -92,7 +92,7 @@ void corvane::Run(const TestFolder&, const std::string& input) {
     std::string now = player.Folder.Get(name);
     Require(now.size() >= old.size(), "a save never shortens a file");
     if (name != "CC4.EXE") now.replace(0, BtdSize, old, 0, BtdSize);
-    for (const auto& [table, size, at] : TablePlaces)
+    for (const auto& [at, patch, size] : TablePlaces)
       if (now.size() > at) now.replace(at, size, old, at, size);
     Require(now == old, "only the bytes that are known change");
   }

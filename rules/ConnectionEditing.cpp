@@ -6,7 +6,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::int16_t MostConnectionRows = 9;  // that adding leads to; loaded tables may have more
+constexpr std::int16_t MaxConnectionRows = 9;  // that adding leads to; loaded tables may have more
 constexpr std::int32_t ArrowOfNewConnection = 0;
 
 }  // namespace
@@ -19,7 +19,7 @@ std::vector<std::string> ConnectionRows(int fromMap) {
   return rows;
 }
 
-bool CanAddConnection(std::int16_t rowCount) { return rowCount < MostConnectionRows; }
+bool CanAddConnection(std::int16_t rowCount) { return rowCount < MaxConnectionRows; }
 
 bool AddConnection(int fromMap, int toMap) {
   if (fromMap == toMap) return false;

@@ -6,8 +6,8 @@
 namespace corvane {
 namespace {
 
-constexpr std::int32_t GreatestX = 800;
-constexpr std::int32_t GreatestY = 600;
+constexpr std::int32_t MaxX = 800;
+constexpr std::int32_t MaxY = 600;
 
 template <class... Pieces>
 void Append(std::string& findings, const Pieces&... pieces) {
@@ -16,7 +16,7 @@ void Append(std::string& findings, const Pieces&... pieces) {
 }
 
 bool PositionFits(std::int32_t x, std::int32_t y) {
-  return x >= 0 && x <= GreatestX && y >= 0 && y <= GreatestY;
+  return x >= 0 && x <= MaxX && y >= 0 && y <= MaxY;
 }
 
 bool SizeFits(const StrRect& rect) { return rect.Width >= 1 && rect.Height >= 1; }

@@ -9,38 +9,38 @@
 namespace corvane {
 namespace {
 
-constexpr std::int32_t LargestNumber = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t MaxNumber = std::numeric_limits<std::int32_t>::max();
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Nothing if the number is above `largest`.
-std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t largest) {
+// Nothing if the number is above `max`.
+std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t max) {
   std::int64_t number = 0;
   for (const char digit : digits) {
     number = number * 10 + (digit - '0');
-    if (number > largest) return std::nullopt;
+    if (number > max) return std::nullopt;
   }
   return static_cast<std::int32_t>(number);
 }
 
-template <auto& Table, auto Field>
+template <auto Table, auto Field>
 void StoreIn(int slot, std::int32_t number) {
-  Table[slot].*Field = number;
+  (Tables.*Table)[slot].*Field = number;
 }
 
 }  // namespace
 
 // clang-format off
-constinit const NumericField MapLeft    {LargestNumber, true, StoreIn<StrMap, &StrRect::Left>};
-constinit const NumericField MapTop     {LargestNumber, true, StoreIn<StrMap, &StrRect::Top>};
-constinit const NumericField MapWidth   {LargestNumber, true, StoreIn<StrMap, &StrRect::Width>};
-constinit const NumericField MapHeight  {LargestNumber, true, StoreIn<StrMap, &StrRect::Height>};
-constinit const NumericField MapCenterX {LargestNumber, true, StoreIn<MapHotspots, &Hotspot::CenterX>};
-constinit const NumericField MapCenterY {LargestNumber, true, StoreIn<MapHotspots, &Hotspot::CenterY>};
-constinit const NumericField ArrowLeft  {LargestNumber, true, StoreIn<StrArrow, &StrRect::Left>};
-constinit const NumericField ArrowTop   {LargestNumber, true, StoreIn<StrArrow, &StrRect::Top>};
-constinit const NumericField ArrowWidth {LargestNumber, true, StoreIn<StrArrow, &StrRect::Width>};
-constinit const NumericField ArrowHeight{LargestNumber, true, StoreIn<StrArrow, &StrRect::Height>};
+constinit const NumericField MapLeft    {MaxNumber, true, StoreIn<&GameTables::Tiles, &StrRect::Left>};
+constinit const NumericField MapTop     {MaxNumber, true, StoreIn<&GameTables::Tiles, &StrRect::Top>};
+constinit const NumericField MapWidth   {MaxNumber, true, StoreIn<&GameTables::Tiles, &StrRect::Width>};
+constinit const NumericField MapHeight  {MaxNumber, true, StoreIn<&GameTables::Tiles, &StrRect::Height>};
+constinit const NumericField MapCenterX {MaxNumber, true, StoreIn<&GameTables::Hotspots, &Hotspot::CenterX>};
+constinit const NumericField MapCenterY {MaxNumber, true, StoreIn<&GameTables::Hotspots, &Hotspot::CenterY>};
+constinit const NumericField ArrowLeft  {MaxNumber, true, StoreIn<&GameTables::Arrows, &StrRect::Left>};
+constinit const NumericField ArrowTop   {MaxNumber, true, StoreIn<&GameTables::Arrows, &StrRect::Top>};
+constinit const NumericField ArrowWidth {MaxNumber, true, StoreIn<&GameTables::Arrows, &StrRect::Width>};
+constinit const NumericField ArrowHeight{MaxNumber, true, StoreIn<&GameTables::Arrows, &StrRect::Height>};
 // clang-format on
 
 bool IsAllDigits(std::string_view text) {
@@ -51,7 +51,7 @@ bool IsAllDigits(std::string_view text) {
 
 bool EnterField(const NumericField& field, int index, std::string_view text) {
   if (!IsAllDigits(text)) return false;
-  const std::optional<std::int32_t> number = NumberOf(text, field.Largest);
+  const std::optional<std::int32_t> number = NumberOf(text, field.Max);
   if (!number) {
     Beep();
     return false;

@@ -8,9 +8,9 @@
 namespace corvane {
 namespace {
 
-constexpr std::size_t MostRowsByAdding = 41;  // fewer than the tables have slots
+constexpr std::size_t MaxRowsByAdding = 41;  // fewer than the tables have slots
 
-FileResult ClearBtdFile(const std::string& row) {
+Result<> ClearBtdFile(const std::string& row) {
   const std::string name = RowFileName(row);
   const std::string path = BtdPath(name, name);
   if (name.empty() || !BtdExists(path)) return {};
@@ -37,14 +37,14 @@ void ClearLinks(int map) {
 }  // namespace
 
 bool AddMapSlot() {
-  if (MapRows.size() >= MostRowsByAdding) return false;
+  if (MapRows.size() >= MaxRowsByAdding) return false;
   InsertMapRow(ThreeDigits(static_cast<int>(MapRows.size())));
   return true;
 }
 
-FileResult DeleteMapSlot(int map) {
+Result<> DeleteMapSlot(int map) {
   if (!IsMapSlot(map)) return {};
-  FileResult cleared = ClearBtdFile(MapRow(map));
+  Result<> cleared = ClearBtdFile(MapRow(map));
   if (!cleared.Done()) return cleared;
   ClearTile(map);
   ClearLinks(map);

@@ -30,7 +30,7 @@ void AppendNumbers(std::string& bytes, const StrRect& rect) {
   }
 }
 
-std::array<Image, 4> ImagesOf(SampleTables& tables) {
+std::array<Image, 4> ImagesOf(const GameTables& tables) {
   std::array<Image, 4> images{{{1147264, {}}, {1148480, {}}, {1153780, {}}, {1200968, {}}}};
   for (int arrow = 0; arrow < 81; ++arrow) AppendNumbers(images[1].Bytes, tables.Arrows[arrow]);
   for (int map = 0; map < 43; ++map) {
@@ -52,23 +52,23 @@ void AppendBytes(std::string& bytes, const Field& field) {
 void AppendLocation(std::string& bytes, const VictoryLocation& vl) {
   AppendBytes(bytes, std::array{vl.TileX, vl.TileY});
   AppendBytes(bytes, vl.Opaque0);
-  AppendNumber(bytes, vl.Kind);
+  AppendNumber(bytes, static_cast<std::int32_t>(vl.Kind));
   AppendBytes(bytes, vl.Name);
   AppendBytes(bytes, std::array{vl.Opaque1, vl.Destination});
   AppendBytes(bytes, vl.Opaque2);
 }
 
-FileResult WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
+Result<> WriteBytes(const std::filesystem::path& path, const std::string& bytes) {
   std::ofstream file(path, std::ios::binary);
   file << bytes;
   file.close();
   if (file) return {};
-  return {path.string() + " could not be written: " + std::generic_category().message(errno)};
+  return Failure{FileAction::Create, path.string(), {errno, std::generic_category()}};
 }
 
 }  // namespace
 
-std::string GameExeBytes(SampleTables tables) {
+std::string GameExeBytes(const GameTables& tables) {
   std::string bytes = Noise(GameExeSeed).Bytes(GameExeSize);
   for (const Image& image : ImagesOf(tables)) {
     bytes.replace(image.Offset, image.Bytes.size(), image.Bytes);
@@ -76,7 +76,7 @@ std::string GameExeBytes(SampleTables tables) {
   return bytes;
 }
 
-std::string PatchBytes(SampleTables tables) {
+std::string PatchBytes(const GameTables& tables) {
   std::string bytes;
   for (const Image& image : ImagesOf(tables)) bytes += image.Bytes;
   return bytes;
@@ -99,14 +99,14 @@ std::map<std::string, std::string> GameFiles(const SampleGame& game) {
   return files;
 }
 
-FileResult WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game) {
+Result<> WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game) {
   const std::filesystem::path maps = folder / "Maps";
   std::error_code error;
   std::filesystem::create_directories(maps, error);
-  if (error) return {maps.string() + " could not be made: " + error.message()};
+  if (error) return Failure{FileAction::Create, maps.string(), error};
   for (const auto& [name, bytes] : GameFiles(game)) {
-    FileResult result = WriteBytes(folder / name, bytes);
-    if (!result.Done()) return result;
+    auto written = WriteBytes(folder / name, bytes);
+    if (!written.Done()) return written;
   }
   return {};
 }

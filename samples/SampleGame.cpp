@@ -60,7 +60,7 @@ StrRect MakeRect(Noise& noise, int left, int top, int width, int height) {
   return {OpaqueWord(noise), -OpaqueWord(noise), OpaqueWord(noise), left, top, width, height};
 }
 
-void PlaceTiles(SampleTables& tables, Noise& noise) {
+void PlaceTiles(GameTables& tables, Noise& noise) {
   constexpr int Pitch = 96;  // pixels between two tiles of the plan, on the game's 800 x 600
   for (std::size_t place = 0; place < Plan.size(); ++place) {
     if (Plan[place] != 'o') continue;
@@ -91,7 +91,7 @@ Stretch Between(Stretch a, Stretch b) {
 }
 
 // The arrow lies between the two tiles, over neither; the one of the way back lies beside it.
-void Connect(SampleTables& tables, Noise& noise, int from, int to, int arrow) {
+void Connect(GameTables& tables, Noise& noise, int from, int to, int arrow) {
   constexpr int Margin = 2;
   const StrRect& start = tables.Tiles[from];
   const StrRect& end = tables.Tiles[to];
@@ -105,7 +105,7 @@ void Connect(SampleTables& tables, Noise& noise, int from, int to, int arrow) {
   tables.Connections(from, to) = arrow;
 }
 
-void ConnectTiles(SampleTables& tables, Noise& noise) {
+void ConnectTiles(GameTables& tables, Noise& noise) {
   for (int cell = 0; cell < MapSlotCount * MapSlotCount; ++cell) {
     tables.Connections(cell % MapSlotCount, cell / MapSlotCount) = NoConnection;
   }
@@ -172,7 +172,7 @@ VictoryLocation MakeLocation(Noise& noise, std::int32_t kind, std::string_view n
   vl.TileX = square.X;
   vl.TileY = square.Y;
   vl.Opaque0 = {noise.Byte(), noise.Byte()};
-  vl.Kind = kind;
+  vl.Kind = static_cast<VLKind>(kind);
   Put(vl.Name, name);
   vl.Opaque1 = noise.Byte();
   vl.Destination = destination;
@@ -194,7 +194,7 @@ VictoryLocation MakeLeftOver(Noise& noise) {
   return MakeLocation(noise, 0, "Ford\0east bank"sv, {}, noise.Byte());
 }
 
-void FillLocations(SampleMap& map, SampleTables& tables, int slot, Noise& noise) {
+void FillLocations(SampleMap& map, GameTables& tables, int slot, Noise& noise) {
   auto next = map.VLs.begin();
   const StrRect& tile = tables.Tiles[slot];
   for (int to = 0; to < MapSlotCount; ++to) {
@@ -221,10 +221,10 @@ void FillTexts(BtdText& text, std::string_view place, std::string_view objective
                           .append(" before dusk \x96 fuel is short."));
 }
 
-SampleMap MakeMap(SampleTables& tables, int slot, Noise& noise) {
+SampleMap MakeMap(GameTables& tables, int slot, Noise& noise) {
   const auto which = static_cast<std::size_t>(slot);
   SampleMap map;
-  map.FileName = which % 4 == 1 ? InCapitals(Places[which]) : std::string(Places[which]);
+  map.FileName = which % 4 == 1 ? ToUpper(Places[which]) : std::string(Places[which]);
   map.FileName += Extensions[which % std::size(Extensions)];
   map.Header = {19990326, static_cast<std::uint8_t>(slot)};
   FillLocations(map, tables, slot, noise);

@@ -35,8 +35,8 @@ int main(int argc, char** argv) {
     if (Has(folder, name)) return Refuse(folder.string() + " already holds a " + name + ".");
   }
   const corvane::SampleGame game = corvane::MakeSampleGame();
-  const corvane::FileResult result = corvane::WriteSampleGame(folder, game);
-  if (!result.Done()) return Refuse(result.Failure);
+  const auto written = corvane::WriteSampleGame(folder, game);
+  if (!written.Done()) return Refuse(FailureMessage(written.Error()));
   std::cout << "Wrote CC4.EXE and " << game.Maps.size() << " map files in Maps into "
             << folder.string() << ".\n";
   return 0;

@@ -7,10 +7,7 @@
 namespace corvane {
 
 inline void ResetTables() {
-  StrMap = {};
-  StrArrow = {};
-  MapHotspots = {};
-  MapConnections = {};
+  Tables = {};
   VLDest = {};
   GamePath.clear();
   OpenedFile.clear();

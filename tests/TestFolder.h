@@ -39,6 +39,11 @@ struct TestFolder {
                                ("corvane-test-" + std::to_string(std::random_device()()));
 };
 
+/// What the user would be told; empty if nothing failed.
+inline std::string Told(const auto& result) {
+  return result.Done() ? std::string() : FailureMessage(result.Error());
+}
+
 /// Every step on a file from the one of this number on, counted from 0, fails.
 inline void FailFrom(int first) {
   corvane::InjectedFault = [step = 0, first](corvane::FileStep, std::size_t&) mutable {

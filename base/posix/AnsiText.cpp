@@ -19,7 +19,7 @@ constexpr char32_t Range[] = {
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98
 };
 constexpr unsigned RangeEnd = RangeFirst + std::size(Range);
-constexpr unsigned LargestByte = 0xFF;
+constexpr unsigned MaxByte = 0xFF;
 
 char32_t CharacterOf(char byte) {
   const unsigned number = static_cast<unsigned char>(byte);
@@ -27,7 +27,7 @@ char32_t CharacterOf(char byte) {
 }
 
 char ByteOf(char32_t character) {
-  if (character < RangeFirst || (character >= RangeEnd && character <= LargestByte))
+  if (character < RangeFirst || (character >= RangeEnd && character <= MaxByte))
     return static_cast<char>(character);
   const auto* place = std::ranges::find(Range, character);
   return place == std::end(Range) ? '?' : static_cast<char>(RangeFirst + (place - Range));

@@ -70,7 +70,7 @@ std::string FirstMatch(const std::string& folder, const std::string& capitals) {
   if (!open.IsOpen()) return first;
   while (const dirent64* entry = open.Next(error)) {
     const std::string_view name = entry->d_name;
-    if (name.size() != capitals.size() || InCapitals(name) != capitals) continue;
+    if (name.size() != capitals.size() || ToUpper(name) != capitals) continue;
     if (first.empty() || name < first) first = name;
   }
   return first;
@@ -78,17 +78,17 @@ std::string FirstMatch(const std::string& folder, const std::string& capitals) {
 
 }  // namespace
 
-std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t most,
+std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t max,
                            std::vector<std::string>& names) {
   Folder open(folder);
   if (!open.IsOpen()) return LastError();
-  const std::string ending = InCapitals(extension);
+  const std::string ending = ToUpper(extension);
   std::error_code error;
-  for (std::size_t found = 0; found < most;) {
+  for (std::size_t found = 0; found < max;) {
     const dirent64* entry = open.Next(error);
     if (entry == nullptr) break;
     const std::string_view name = entry->d_name;
-    if (!InCapitals(name).ends_with(ending) || !open.IsOrdinaryFile(*entry)) continue;
+    if (!ToUpper(name).ends_with(ending) || !open.IsOrdinaryFile(*entry)) continue;
     names.emplace_back(name);
     ++found;
   }
@@ -99,8 +99,8 @@ std::string NameInFolder(const std::string& folder, const std::string& name,
                          const std::string& preferred) {
   const std::string start = folder + Separator;
   if (IsThere(start + name)) return name;
-  const std::string capitals = InCapitals(name);
-  if (InCapitals(preferred) == capitals && IsThere(start + preferred)) return preferred;
+  const std::string capitals = ToUpper(name);
+  if (ToUpper(preferred) == capitals && IsThere(start + preferred)) return preferred;
   const std::string match = FirstMatch(start, capitals);
   return match.empty() ? name : match;
 }

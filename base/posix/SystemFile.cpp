@@ -110,7 +110,7 @@ std::error_code SystemRemove(const std::string& path) {
   return ::unlink(path.c_str()) == 0 ? std::error_code() : LastError();
 }
 
-std::string SystemWords(std::error_code error) { return error.message(); }
+std::string SystemMessage(std::error_code error) { return error.message(); }
 
 bool IsInUse(std::error_code error) { return error == std::errc::text_file_busy; }
 

@@ -20,13 +20,13 @@ constexpr Utf8Form Forms[] = {
 constexpr unsigned TrailMask = 0xC0;
 constexpr unsigned TrailMark = 0x80;
 constexpr unsigned TrailBits = 6;
-constexpr char32_t LargestCharacter = 0x10FFFF;
+constexpr char32_t MaxCharacter = 0x10FFFF;
 
 unsigned Bits(char byte) { return static_cast<unsigned char>(byte); }
 
 bool IsAllowed(char32_t character, const Utf8Form& form) {
   const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-  return character >= form.Least && character <= LargestCharacter && !surrogate;
+  return character >= form.Least && character <= MaxCharacter && !surrogate;
 }
 
 char32_t Gather(std::string_view text, const Utf8Form& form) {

@@ -37,8 +37,8 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-std::optional<std::uint32_t> TakeNumber(std::string_view& text, int base, std::size_t mostDigits) {
-  const std::string_view digits = text.substr(0, mostDigits);
+std::optional<std::uint32_t> TakeNumber(std::string_view& text, int base, std::size_t maxDigits) {
+  const std::string_view digits = text.substr(0, maxDigits);
   std::uint32_t number = 0;
   const char* const begin = digits.data();
   const auto [end, error] = std::from_chars(begin, begin + digits.size(), number, base);
@@ -179,7 +179,7 @@ std::optional<std::string> TakeName(std::string_view& line) {
 }
 
 bool IsSameName(const std::optional<std::string>& name, std::string_view wanted) {
-  return name && InCapitals(*name) == InCapitals(wanted);
+  return name && ToUpper(*name) == ToUpper(wanted);
 }
 
 }  // namespace

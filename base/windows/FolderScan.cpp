@@ -36,15 +36,15 @@ bool IsOrdinaryFile(DWORD attributes) {
 
 }  // namespace
 
-std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t most,
+std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t max,
                            std::vector<std::string>& names) {
   WIN32_FIND_DATAW entry{};
   const Search search = FindFirst(folder + Separator + '*', entry);
   if (search == nullptr) return LastErrorBut(ERROR_FILE_NOT_FOUND);  // so an empty drive answers
-  const std::string ending = InCapitals(extension);
-  for (std::size_t found = 0; found < most;) {
+  const std::string ending = ToUpper(extension);
+  for (std::size_t found = 0; found < max;) {
     std::string name = WideToText(entry.cFileName);
-    if (InCapitals(name).ends_with(ending) && IsOrdinaryFile(entry.dwFileAttributes)) {
+    if (ToUpper(name).ends_with(ending) && IsOrdinaryFile(entry.dwFileAttributes)) {
       names.push_back(std::move(name));
       ++found;
     }

@@ -112,7 +112,7 @@ std::error_code SystemRemove(const std::string& path) {
   return ::DeleteFileW(TextToWide(path).c_str()) != 0 ? std::error_code() : LastError();
 }
 
-std::string SystemWords(std::error_code error) {
+std::string SystemMessage(std::error_code error) {
   if (error.category() != std::system_category()) return error.message();
   // The mask leaves out the line breaks.
   constexpr DWORD Form =

@@ -35,8 +35,8 @@ std::wstring TextToWide(std::string_view text) {
 }
 
 std::string WideToText(std::wstring_view wide) {
-  constexpr std::size_t MostBytesOfAUnit = 3;
-  std::string text(wide.size() * MostBytesOfAUnit, '\0');
+  constexpr std::size_t MaxBytesPerUnit = 3;
+  std::string text(wide.size() * MaxBytesPerUnit, '\0');
   const int size =
       ::WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
                             static_cast<int>(text.size()), nullptr, nullptr);

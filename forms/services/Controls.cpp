@@ -75,7 +75,7 @@ ListBox::ListBox(Form& owner, const ControlRow& row, bool sorted)
 
 void ListBox::AddItem(std::string_view text) {
   if (!Sorted) return RowControl::AddItem(text);
-  const auto at = std::ranges::upper_bound(Rows, text, OrderedBefore);
+  const auto at = std::ranges::upper_bound(Rows, text, LessIgnoringCase);
   if (at - Rows.begin() <= Selected) ++Selected;
   Rows.emplace(at, text);
   Redraw();

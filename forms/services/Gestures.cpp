@@ -112,11 +112,11 @@ bool PressKey(Form& form, Key key) {
 }
 
 bool PressMnemonic(const Form& form, char letter) {
-  const std::string mnemonic = InCapitals(std::string{'&', letter});
+  const std::string mnemonic = ToUpper(std::string{'&', letter});
   for (const AnyControl& any : form.Controls) {
     Button* const* button = std::get_if<Button*>(&any);
     if (!button || !Usable(*button)) continue;
-    if (InCapitals((*button)->Caption).find(mnemonic) == std::string::npos) continue;
+    if (ToUpper((*button)->Caption).find(mnemonic) == std::string::npos) continue;
     Press(**button);
     return true;
   }

@@ -8,11 +8,11 @@ TEST(FileRanges, ASaveTakesTheseStepsAndAFailedOneSaysHowItLeavesTheFile) {
   const std::string old = "abcdefgh", saved = "abXYefZZZ", made("\0bXYe\0ZZZ", 9);
   const std::tuple<std::string, std::string, std::string, std::string> rows[] = {
       {old, "OLRRRWWFC", "", saved},
-      {old, "o", "The file is as it was.", old},
-      {old, "OLr", "The file is as it was.", old},
-      {old, "OLRRRw", "The file is as it was.", old},
-      {old, "OLRRRWwLRWRFC", "The file is as it was.", old},
-      {old, "OLRRRWWFcOLSRWRWFC", "The file is as it was.", old},
+      {old, "o", "The file is unchanged.", old},
+      {old, "OLr", "The file is unchanged.", old},
+      {old, "OLRRRw", "The file is unchanged.", old},
+      {old, "OLRRRWwLRWRFC", "The file is unchanged.", old},
+      {old, "OLRRRWWFcOLSRWRWFC", "The file is unchanged.", old},
       {old, "OLRRRWWfLSRWRW", "Check the file.", old},
       {old, "OLRRRWWFcOLSRWRWf", "Check the file.", old},
       {old, "OLRRRWWFcOLSRWRWFc", "Check the file.", old},
@@ -20,7 +20,7 @@ TEST(FileRanges, ASaveTakesTheseStepsAndAFailedOneSaysHowItLeavesTheFile) {
       {old, "OLRRRWWFcOLs", "Use your backup.", saved},
       {old, "OLRRRWWFcOLSRw", "Use your backup.", "abXYefZZ"},
       {"", "OOWWFC", "", made},
-      {"", "Oo", "The file is as it was.", ""},
+      {"", "Oo", "The file is unchanged.", ""},
       {"", "OOWwCX", "new file was removed.", ""},
       {"", "OOWWFcX", "new file was removed.", ""},
       {"", "OOWWfCx", "Do not use it.", made}};
@@ -38,7 +38,7 @@ TEST(FileRanges, ASaveTakesTheseStepsAndAFailedOneSaysHowItLeavesTheFile) {
       asked.back() -= 'a' - 'A';
       return std::error_code();
     };
-    const std::string told = SaveInPlace(folder / "f", ranges, IfMissing::Create).Failure;
+    const std::string told = Told(SaveInPlace(folder / "f", ranges, IfMissing::Create));
     EXPECT_EQ(asked, steps);
     EXPECT_TRUE(told.ends_with(says) && told.empty() == says.empty()) << told;
     EXPECT_EQ(folder.Get("f"), after);

@@ -51,9 +51,9 @@ TEST(FolderScan, TakesOrdinaryFilesByExtensionUpToTheLimit) {
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".Btd", 2, two));
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".Btd", 9, names));
   EXPECT_TRUE(two.size() == 2 && ScanFolder(folder / "none", ".btd", 9, two));
-  std::ranges::sort(names, OrderedBefore);
+  std::ranges::sort(names, LessIgnoringCase);
   EXPECT_EQ(names, (std::vector<std::string>{"a.btd", "B.BTD"}));
-  EXPECT_EQ(InCapitals("`az{@AZ[\xE4"), "`AZ{@AZ[\xE4");
+  EXPECT_EQ(ToUpper("`az{@AZ[\xE4"), "`AZ{@AZ[\xE4");
   EXPECT_TRUE(OrdinaryFileExists(folder / "a.btd") && !OrdinaryFileExists(folder / "e.btd"));
 }
 

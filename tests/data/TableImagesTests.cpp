@@ -4,13 +4,16 @@
 using namespace corvane;
 
 struct TableImages : testing::Test {
-  TableImages() { GamePath = Folder.Path.string(); }
-  FileResult Read(bool patch) { return patch ? ReadPatchTables(Path) : ReadGameTables(); }
-  FileResult Write(bool patch) { return patch ? WritePatchTables(Path) : WriteGameTables(); }
-  static SampleTables Now() { return {StrMap, StrArrow, MapConnections, MapHotspots}; }
+  Result<GameTables> Read(bool patch) const {
+    return patch ? ReadPatchTables(Path) : ReadGameTables(Exe);
+  }
+  Result<> Write(bool patch, const GameTables& tables) const {
+    return patch ? WritePatchTables(Path, tables) : WriteGameTables(Exe, tables);
+  }
   const TestFolder Folder;
-  const std::string Path = Folder / "a.crv", Names[2] = {"CC4.EXE", "a.crv"};
-  const SampleTables Made = MakeSampleGame().Tables;
+  const std::string Path = Folder / "a.crv", Exe = Folder / "CC4.EXE",
+                    Names[2] = {"CC4.EXE", "a.crv"};
+  const GameTables Made = MakeSampleGame().Tables;
   const std::string Wholes[2] = {GameExeBytes(Made), PatchBytes(Made)};
   const std::size_t Starts[2][4] = {{1147264, 1148480, 1153780, 1200968}, {0, 1204, 3472, 10868}},
                     Sizes[4] = {1204, 2268, 7396, 344};
@@ -23,30 +26,30 @@ TEST_F(TableImages, MoveByteForByteAndACutFileReadsAsIfZerosFollowed) {
                               connections + 170, arrow + 170, map + 1, std::size_t{0}}) {
       std::string read = Wholes[patch].substr(0, length), written(length, '#'), images;
       Folder.Put(Names[patch], read);
-      EXPECT_EQ(Read(patch).Failure, "");
+      const auto tables = Read(patch);
+      ASSERT_EQ(Told(tables), "");
       Folder.Put(Names[patch], written);
-      EXPECT_EQ(Write(patch).Failure, "");
+      EXPECT_EQ(Told(Write(patch, *tables)), "");
       read.resize(hotspots + 344);
       written.resize(std::max(length, read.size()));
       for (int t = 0; t < 4; ++t) {
         images += read.substr(Starts[patch][t], Sizes[t]);
         written.replace(Starts[patch][t], Sizes[t], read, Starts[patch][t], Sizes[t]);
       }
-      EXPECT_TRUE(PatchBytes(Now()) == images) << length;
+      EXPECT_TRUE(PatchBytes(*tables) == images) << length;
       EXPECT_TRUE(Folder.Get(Names[patch]) == written) << length;
     }
   }
 }
 
-TEST_F(TableImages, AReadThatFailsChangesNoTableAndAGameThatIsGoneIsNotMadeAnew) {
-  EXPECT_TRUE(WriteGameTables().Failure.ends_with(" There is no such file, and none was made."));
+TEST_F(TableImages, AFailedReadSaysSoAndAGameThatIsGoneIsNotCreated) {
+  EXPECT_TRUE(Told(Write(false, Made)).ends_with(" does not exist and was not created."));
+  EXPECT_FALSE(std::filesystem::exists(Exe));
   for (const bool patch : {false, true}) {
     InjectedFault = nullptr;
     Folder.Put(Names[patch], Wholes[patch]);
-    EXPECT_TRUE(Read(patch).Done() && Now() == Made);
-    Folder.Put(Names[patch]);
+    EXPECT_TRUE(*Read(patch) == Made);
     FailFrom(2);
-    EXPECT_TRUE(Read(patch).Failure.starts_with(Folder / Names[patch] + " could not be read: "));
-    EXPECT_TRUE(Now() == Made);
+    EXPECT_TRUE(Told(Read(patch)).starts_with(Folder / Names[patch] + " could not be read: "));
   }
 }

@@ -20,7 +20,8 @@ static SampleGame OddBytes() {
       {77, 9}, {0, 6}, {100, 7}, {50, 8}, {50, 254}, {50, 43}, {50, 99}, {9, 1}, {0, 5}, {0, 4}};
   std::size_t vl = 0;
   for (const auto& [kind, destination] : kindsAndDestinations) {
-    map.VLs[vl] = {value, value, {value, value}, kind, {}, value, destination, {value, value}};
+    map.VLs[vl] = {value, value, {value, value}, VLKind{kind},
+                   {},    value, destination,    {value, value}};
     std::ranges::generate_n(map.VLs[vl++].Name.begin(), 20, next);
   }
   return game;

@@ -1,5 +1,5 @@
 #include "Session.h"
-#include "base/InstallRegistry.h"
+#include "data/GameFolder.h"
 
 using namespace corvane;
 
@@ -42,7 +42,7 @@ TEST(FileCommands, AnOpenThatFailsLeavesEverything) {
   PickRow(main.lstMaps, 7);
   PickRow(main.cboArrows, 44);
   const ConnectionTable before = MapConnections;
-  const bool installed = ReadInstalledTo().has_value();  // which a patch file needs
+  const bool installed = ReadInstallPath().has_value();  // which a patch file needs
   const std::pair<const char*, std::string> rows[] = {
       {"x.crv.bak",
        "Error: The file you are trying to open doesn't appear to be CC4.EXE or a valid patch "

@@ -45,7 +45,7 @@ TEST(WholeSession, ABrokenNetworkIsMendedSavedAndOpenedAgain) {
   EXPECT_EQ(choose(main.mnuFileSave), Texts{"Error: \r\nInvalid tile coordinates for STRMAP 3"});
   Session::Type(main.txtMapLeft, "513");
   PressKey(main, Key::Tab);
-  SampleTables wanted = MakeSampleGame().Tables;
+  GameTables wanted = MakeSampleGame().Tables;
   EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(wanted));
   EXPECT_TRUE(TablesDirty && main.IsOpen());
   EXPECT_EQ(choose(main.mnuFileSave), question);

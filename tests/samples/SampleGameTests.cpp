@@ -9,7 +9,7 @@ using namespace corvane;
 
 struct TheSampleGame : testing::Test {
   SampleGame game = MakeSampleGame();
-  SampleTables& tables = game.Tables;
+  GameTables& tables = game.Tables;
 };
 
 static bool Overlap(const StrRect& a, const StrRect& b) {
@@ -51,7 +51,7 @@ TEST_F(TheSampleGame, PutsEachExitNearTheEdgeThatItLeadsOver) {
     const SampleMap& map = game.Maps[static_cast<std::size_t>(slot)];
     const StrRect& tile = tables.Tiles[slot];
     for (const VictoryLocation& vl : map.VLs) {
-      if (vl.Kind != 50) continue;
+      if (vl.Kind != VLKind::Exit) continue;
       StrRect there{.Left = tile.Left < 400 ? -100 : 900, .Top = tile.Top};
       if (vl.Destination != OffMap) there = tables.Tiles[vl.Destination];
       EXPECT_TRUE(near(there.Left - tile.Left, vl.TileX)) << map.FileName << " " << vl.Name.data();

@@ -317,9 +317,9 @@ int Tour::Run(const std::string& part) {
   if (part.empty() || part == "first") {
     std::error_code ignored;  // what stays would make the sample game fail
     fs::remove_all(Game, ignored);
-    const FileResult made = WriteSampleGame(Game, MakeSampleGame());
+    const auto made = WriteSampleGame(Game, MakeSampleGame());
     if (!made.Done()) {
-      std::printf("%s\n", made.Failure.c_str());
+      std::printf("%s\n", FailureMessage(made.Error()).c_str());
       return 1;
     }
   }

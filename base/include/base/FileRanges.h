@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-#include "base/FileResult.h"
+#include "base/Result.h"
 
 namespace corvane {
 
@@ -25,12 +25,12 @@ enum class IfMissing { Fail, Create };
 
 /// Fills every range; bytes that the file does not reach become zero. After a failure the ranges
 /// hold anything.
-FileResult ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
+[[nodiscard]] Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
 
 /// Replaces the ranges, leaves every other byte, never shortens the file, and returns when the disk
 /// has the bytes. After a failure the old bytes and length are put back, or a new file is removed
-/// again; the result tells whether that went well.
-FileResult SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
-                       IfMissing ifMissing);
+/// again; the failure tells the state of the file.
+[[nodiscard]] Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
+                                   IfMissing ifMissing);
 
 }  // namespace corvane

@@ -15,9 +15,9 @@ inline constexpr char Separator = static_cast<char>(std::filesystem::path::prefe
 
 /// Appends to `names` the names (no folder) of ordinary files in `folder` that end in `extension`
 /// (".btd") in any letter case, hidden and system files left out, in the order in which the file
-/// system gives them, and stops at `most`. A folder that is not there fails.
+/// system gives them, and stops at `max`. A folder that is not there fails.
 [[nodiscard]] std::error_code ScanFolder(const std::string& folder, std::string_view extension,
-                                         std::size_t most, std::vector<std::string>& names);
+                                         std::size_t max, std::vector<std::string>& names);
 
 /// The name in `folder` that stands for `name` when letter case does not count: `name` itself if
 /// it is there, else `preferred` if that matches and is there, else the first match in byte order.
@@ -28,7 +28,7 @@ inline constexpr char Separator = static_cast<char>(std::filesystem::path::prefe
 /// True if an ordinary file, neither hidden nor system, stands at `path`.
 [[nodiscard]] bool OrdinaryFileExists(const std::string& path);
 
-/// The folder that the process stands in; empty if it cannot be told.
+/// The working directory; empty if unknown.
 [[nodiscard]] std::string CurrentFolder();
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// Letter case of names and texts, of which only the letters a to z have one, on every system.
+// Letter case of texts: only the letters a to z have one, on every system.
 #pragma once
 
 #include <string>
@@ -6,10 +6,10 @@
 
 namespace corvane {
 
-/// Capitals for the letters a to z; every other byte stays.
-[[nodiscard]] std::string InCapitals(std::string_view text);
+/// Turns the letters a to z into capitals; leaves every other byte.
+[[nodiscard]] std::string ToUpper(std::string_view text);
 
-/// Text order in which letter case (a to z) does not count.
-[[nodiscard]] bool OrderedBefore(std::string_view left, std::string_view right);
+/// Text order, case-insensitive for the letters a to z.
+[[nodiscard]] bool LessIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace corvane

@@ -42,7 +42,7 @@ class RawFile {
                                        std::size_t& read);
   /// Writes the whole of `bytes`, or fails.
   [[nodiscard]] std::error_code WriteAt(std::uint64_t offset, std::span<const std::byte> bytes);
-  /// Cuts the file, or has zeros follow.
+  /// Truncates or zero-extends the file.
   [[nodiscard]] std::error_code SetLength(std::uint64_t length);
   /// Returns when the disk has what was written.
   [[nodiscard]] std::error_code Flush();
@@ -59,8 +59,5 @@ class RawFile {
 };
 
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
-
-/// The system's own words for an error, in UTF-8; where a file is in use, also what uses it likely.
-[[nodiscard]] std::string Reason(std::error_code error);
 
 }  // namespace corvane

@@ -1,10 +1,12 @@
 // What a chosen file is, told from its name alone, and which game folder goes with it.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
-#include "base/FileResult.h"
+#include "base/Result.h"
 
 namespace corvane {
 
@@ -15,19 +17,20 @@ enum class FileKind {
   NoInstallPath,  // a patch file, and no installed game on this machine
 };
 
-struct OpenOutcome {
-  FileKind Kind = FileKind::OtherFile;
-  FileResult Read;  // of a GameExeFile or PatchFile
-};
+// Where the game's installer leaves its folder, under HKEY_LOCAL_MACHINE.
+inline constexpr char InstallKey[] = R"(Software\Strategic Simulations Inc.\Close Combat\4.00\)";
+inline constexpr char InstallValue[] = "InstalledTo";
+inline constexpr std::size_t InstallValueLimit = 1024;  // bytes, the closing NUL included
 
-/// By the name alone; it never is NoInstallPath.
+/// By the name alone, in any letter case; never NoInstallPath.
 [[nodiscard]] FileKind KindOfFile(std::string_view fileTitle);
 
-/// Sets GamePath to the installed game's folder; False, and GamePath stays, if there is none.
-[[nodiscard]] bool ReadInstallPath();
+/// The installed game's folder; nothing if the registry names none.
+[[nodiscard]] std::optional<std::string> ReadInstallPath();
 
-/// Sets GamePath and OpenedFile and fills the four tables from the file; for every other outcome,
-/// and if the file cannot be read, all of them stay. `fileTitle` is `fileName` without its folder.
-[[nodiscard]] OpenOutcome OpenTables(const std::string& fileName, const std::string& fileTitle);
+/// Sets GamePath and OpenedFile and fills the four tables from the file. `fileTitle` is `fileName`
+/// without its folder. A file that cannot be read, and every other kind, changes nothing.
+[[nodiscard]] Result<FileKind> OpenTables(const std::string& fileName,
+                                          const std::string& fileTitle);
 
 }  // namespace corvane

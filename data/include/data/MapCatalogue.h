@@ -15,9 +15,14 @@ namespace corvane {
 inline std::vector<std::string> MapRows;    // in text order, letter case ignored; at most 43
 inline std::vector<std::string> ArrowRows;  // "000" to "080" once a catalogue was loaded
 
-/// Rebuilds both lists, and VLDest for every map that has a file. Gives back what the user should
-/// know: no map files, or files that could not be read; the empty text if all went well.
-[[nodiscard]] std::string LoadMapCatalogue();
+struct CatalogueReport {
+  std::string Folder;             // the Maps folder
+  bool FoundFiles = false;        // the folder holds map files
+  std::vector<Failure> Failures;  // files without a row, and a listing that broke off
+};
+
+/// Rebuilds both lists, and VLDest for every map that has a file.
+[[nodiscard]] CatalogueReport LoadMapCatalogue();
 
 /// The row of a map slot; the empty text if there is none.
 [[nodiscard]] const std::string& MapRow(int map);

@@ -1,5 +1,5 @@
 // The tables of the strategic layer, one set for the life of the process, and what is known of
-// where they came from. Everything else in the program reads and edits these in place.
+// where they came from. The rest of the program reads and edits these in place.
 #pragma once
 
 #include <array>
@@ -48,6 +48,10 @@ class SlotTable {
     static Record Nowhere;
     return Nowhere = Record{};
   }
+  const Record& operator[](int slot) const {
+    static const Record Blank;
+    return slot >= 0 && slot < Count ? Records[static_cast<std::size_t>(slot)] : Blank;
+  }
   bool operator==(const SlotTable&) const = default;
 
  private:
@@ -60,16 +64,24 @@ template <int FirstCount, int SecondCount, bool FirstFastest>
 class CellTable {
  public:
   std::int32_t& operator()(int first, int second) {
-    if (first >= 0 && first < FirstCount && second >= 0 && second < SecondCount) {
-      const int cell = FirstFastest ? first + FirstCount * second : first * SecondCount + second;
-      return Cells[static_cast<std::size_t>(cell)];
-    }
+    if (Holds(first, second)) return Cells[CellOf(first, second)];
     static std::int32_t Nowhere;
     return Nowhere = -1;
+  }
+  std::int32_t operator()(int first, int second) const {
+    return Holds(first, second) ? Cells[CellOf(first, second)] : -1;
   }
   bool operator==(const CellTable&) const = default;
 
  private:
+  static constexpr bool Holds(int first, int second) {
+    return first >= 0 && first < FirstCount && second >= 0 && second < SecondCount;
+  }
+  static constexpr std::size_t CellOf(int first, int second) {
+    return static_cast<std::size_t>(FirstFastest ? first + FirstCount * second
+                                                 : first * SecondCount + second);
+  }
+
   std::array<std::int32_t, static_cast<std::size_t>(FirstCount) * SecondCount> Cells{};
 };
 
@@ -79,11 +91,21 @@ using HotspotTable = SlotTable<Hotspot, MapSlotCount>;
 using ConnectionTable = CellTable<MapSlotCount, MapSlotCount, true>;
 using DestinationTable = CellTable<MapSlotCount, VLSlotCount, false>;
 
-inline StrMapTable StrMap;
-inline StrArrowTable StrArrow;
-inline HotspotTable MapHotspots;
-inline ConnectionTable MapConnections;  // (from, to): NoConnection, or the arrow slot
-inline DestinationTable VLDest;         // (map, vl): NotAnExit, OffMap, or where the exit leads
+/// The four tables that the game's files hold, in the order of a patch file.
+struct GameTables {
+  StrMapTable Tiles;
+  StrArrowTable Arrows;
+  ConnectionTable Connections;  // (from, to): NoConnection, or the arrow slot
+  HotspotTable Hotspots;
+  bool operator==(const GameTables&) const = default;
+};
+
+inline GameTables Tables;
+inline StrMapTable& StrMap = Tables.Tiles;
+inline StrArrowTable& StrArrow = Tables.Arrows;
+inline ConnectionTable& MapConnections = Tables.Connections;
+inline HotspotTable& MapHotspots = Tables.Hotspots;
+inline DestinationTable VLDest;  // (map, vl): NotAnExit, OffMap, or where the exit leads
 
 // The folder of CC4.EXE and Maps, which may or may not end in a separator; the name of the file
 // last opened, without its folder, as spelled there; and whether the tables were edited since they

@@ -6,32 +6,45 @@
 #include <cstdint>
 #include <string>
 
-#include "base/FileResult.h"
+#include "base/Result.h"
+#include "data/StrategicTables.h"
 
 namespace corvane {
 
+inline constexpr char GameExeName[] = "CC4.EXE";  // in capitals
+
 struct TablePlace {
-  void* Table;
-  std::size_t Size;          // bytes
   std::uint64_t GameOffset;  // from the first byte of CC4.EXE
+  std::size_t PatchOffset;   // from the first byte of a patch file, and of GameTables
+  std::size_t Size;          // bytes
 };
 
-/// The tables in the order in which they are read, written, and stand in a patch file.
-extern const std::array<TablePlace, 4> TablePlaces;
+/// The tables in the order in which they are read and written.
+inline constexpr std::array<TablePlace, 4> TablePlaces{{
+    {1147264, 0, 1204},
+    {1148480, 1204, 2268},
+    {1153780, 3472, 7396},
+    {1200968, 10868, 344},
+}};
 
-constexpr char GameExeName[] = "CC4.EXE";     // in capitals
-constexpr std::size_t PatchFileSize = 11212;  // bytes: the four images back to back
+/// A patch file is the memory of GameTables, byte for byte.
+inline constexpr std::size_t PatchFileSize = 11212;
 
-/// Full name of the CC4.EXE in GamePath, spelled in capitals, or as the file that stands there is
-/// spelled on a system that tells letter case apart.
+/// GamePath, a separator, and the name of the CC4.EXE there: in capitals, or where the system tells
+/// letter case apart, as the file is spelled.
 [[nodiscard]] std::string GameExePath();
 
-/// A read fills all four tables, or fails and changes none; what a short file does not reach is
-/// zero. A write replaces the images in place and leaves every other byte; after a failure the
-/// file is as it was, or the result says that it is not.
-FileResult ReadGameTables();
-FileResult WriteGameTables();
-FileResult ReadPatchTables(const std::string& fileName);
-FileResult WritePatchTables(const std::string& fileName);
+/// The CC4.EXE that was opened, as the open dialog named it: GamePath directly followed by the
+/// file's name. Only for an OpenedFile that is a CC4.EXE.
+[[nodiscard]] std::string OpenedExePath();
+
+/// What a short file does not reach is zero.
+[[nodiscard]] Result<GameTables> ReadGameTables(const std::string& fileName);
+[[nodiscard]] Result<GameTables> ReadPatchTables(const std::string& fileName);
+
+/// Replaces the images in place and leaves every other byte. A patch file that does not exist is
+/// created, a CC4.EXE is not. The failure tells the state of the file.
+[[nodiscard]] Result<> WriteGameTables(const std::string& fileName, const GameTables& tables);
+[[nodiscard]] Result<> WritePatchTables(const std::string& fileName, const GameTables& tables);
 
 }  // namespace corvane

@@ -57,7 +57,7 @@ struct dlgEditBTD : Form {
  private:
   void Wire();
   void FillLists();
-  [[nodiscard]] FileResult ReadRecords() const;
+  [[nodiscard]] Result<> ReadRecords() const;
   void ShowVLs();
   [[nodiscard]] VictoryLocation& SelectedVL() const;
   [[nodiscard]] std::string ListedFile() const;

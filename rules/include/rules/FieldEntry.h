@@ -10,10 +10,10 @@ namespace corvane {
 /// The system's beep; filled in by whatever shows the program.
 inline std::function<void()> Beep = [] {};
 
-/// A numeric field: the largest number it takes, whether entering one marks the tables as changed,
-/// and where the number is stored for the index of the selected row.
+/// A numeric field: the largest number it accepts, whether entering one marks the tables as
+/// changed, and where the number is stored for the index of the selected row.
 struct NumericField {
-  std::int32_t Largest;
+  std::int32_t Max;
   bool SetsTablesDirty;
   void (*Store)(int index, std::int32_t number);
 };

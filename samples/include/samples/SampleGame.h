@@ -8,19 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "base/FileResult.h"
+#include "base/Result.h"
 #include "data/BtdFile.h"
 #include "data/StrategicTables.h"
 
 namespace corvane {
-
-struct SampleTables {
-  StrMapTable Tiles;
-  StrArrowTable Arrows;
-  ConnectionTable Connections;
-  HotspotTable Hotspots;
-  bool operator==(const SampleTables&) const = default;
-};
 
 struct SampleMap {
   std::string FileName;
@@ -31,7 +23,7 @@ struct SampleMap {
 };
 
 struct SampleGame {
-  SampleTables Tables;
+  GameTables Tables;
   std::vector<SampleMap> Maps;
 };
 
@@ -39,14 +31,14 @@ struct SampleGame {
 [[nodiscard]] SampleGame MakeSampleGame();
 
 /// The whole contents of a file.
-[[nodiscard]] std::string GameExeBytes(SampleTables tables);
-[[nodiscard]] std::string PatchBytes(SampleTables tables);
+[[nodiscard]] std::string GameExeBytes(const GameTables& tables);
+[[nodiscard]] std::string PatchBytes(const GameTables& tables);
 [[nodiscard]] std::string BtdBytes(const SampleMap& map);
 
 /// The contents of CC4.EXE and of the files in Maps, by their place in the game's folder.
 [[nodiscard]] std::map<std::string, std::string> GameFiles(const SampleGame& game);
 
 /// Makes `folder` with these files in it.
-FileResult WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game);
+[[nodiscard]] Result<> WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game);
 
 }  // namespace corvane

@@ -4,14 +4,17 @@
 #include "TestFolder.h"
 #include "base/FileRanges.h"
 #include "base/FolderScan.h"
-#include "base/InstallRegistry.h"
+#include "base/Registry.h"
 #include "data/GameFolder.h"
+#include "data/MapCatalogue.h"
 #include "data/TableImages.h"
 #include "posix/WineRegistry.h"
 
 using namespace corvane;
 
-static const std::string Key = R"([Software\\Strategic Simulations Inc.\\Close Combat\\4.00] 9
+// Of both views the one of 32-bit programs counts.
+static const std::string Key =
+    R"([Software\\Wow6432Node\\Strategic Simulations Inc.\\Close Combat\\4.00] 9
 #time=1
 "InstalledTo"=)";
 
@@ -31,9 +34,10 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
     const ReadRange range{0, {&byte, 1}};
     EXPECT_FALSE(ReadRanges(folder / name, {&range, 1}).Done()) << name;
     for (const auto mode : {OpenMode::Change, OpenMode::Create})
-      EXPECT_EQ(Reason(RawFile().Open(folder / name, mode)).find('('), std::string::npos) << name;
+      EXPECT_EQ(ReasonText(RawFile().Open(folder / name, mode)).find('('), std::string::npos)
+          << name;
   }
-  EXPECT_TRUE(Reason(RawFile().Open("/proc/self/exe", OpenMode::Change)).ends_with("it runs)"));
+  EXPECT_TRUE(ReasonText(RawFile().Open("/proc/self/exe", OpenMode::Change)).ends_with("it runs)"));
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".btd", 9, names));
   EXPECT_EQ(names, std::vector<std::string>{".map-link.btd"});
@@ -42,13 +46,13 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
 
 TEST(WineRegistry, ReadsEveryFormAndTurnsPathsIntoFolders) {
   const std::string twin = R"(
-[SOFTWARE\\wow6432node\\strategic simulations inc.\\close combat\\4.00]
+[SOFTWARE\\strategic simulations inc.\\close combat\\4.00]
  "INSTALLEDTO" = "twin"
 [x]
 "InstalledTo"="x")";
   const TestFolder home;
   ::setenv("HOME", home.Path.c_str(), 1);
-  EXPECT_EQ(ReadInstalledTo(), std::nullopt);
+  EXPECT_EQ(ReadInstallPath(), std::nullopt);
   home.Put(".wine/drive_c/Ssi/cc4/CC4.EXE");
   std::filesystem::create_directory(home.Path / ".wine/dosdevices");
   std::filesystem::create_symlink("../drive_c", home.Path / ".wine/dosdevices/c:");
@@ -73,13 +77,15 @@ TEST(WineRegistry, ReadsEveryFormAndTurnsPathsIntoFolders) {
   // clang-format on
   for (const auto& [form, value] : rows) {
     home.Put(".wine/system.reg", Key + form + twin);
-    EXPECT_EQ(ReadInstalledTo(), value) << form.substr(0, 60);
+    EXPECT_EQ(ReadInstallPath(), value) << form.substr(0, 60);
   }
+  const std::string view = R"(Software\Wow6432Node\Strategic Simulations Inc.\Close Combat\4.00\)";
+  ASSERT_TRUE(FindRegistryValue(Key + escapes, view, InstallValue));
   for (std::size_t size = 0; size < (Key + escapes).size(); ++size)
-    EXPECT_FALSE(FindRegistryValue((Key + escapes).substr(0, size), InstallKey, InstallValue));
-  EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", InstallKey, InstallValue));
-  std::filesystem::resize_file(home.Path / ".wine/system.reg", (256 << 20) + 1);
-  EXPECT_EQ(ReadInstalledTo(), std::nullopt) << "of a huge file";
+    EXPECT_FALSE(FindRegistryValue((Key + escapes).substr(0, size), view, InstallValue)) << size;
+  EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", view, InstallValue));
+  std::filesystem::resize_file(home.Path / ".wine/system.reg", (16 << 20) + 1);
+  EXPECT_EQ(ReadInstallPath(), std::nullopt) << "of a huge file";
 }
 
 TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
@@ -88,11 +94,12 @@ TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
   ::setenv("HOME", home.Path.c_str(), 1);
   home.Put("my.CRV", "\7");
   GamePath = "before", OpenedFile = "CC4.EXE";
-  EXPECT_EQ(open("my.CRV").Kind, FileKind::NoInstallPath);
+  EXPECT_EQ(*open("my.CRV"), FileKind::NoInstallPath);
   home.Put(".wine/system.reg", Key + R"("C:\\Games")");
-  EXPECT_FALSE(open("gone.crv").Read.Done());
+  EXPECT_FALSE(open("gone.crv").Done());
   EXPECT_EQ(GamePath + OpenedFile, "beforeCC4.EXE");
-  EXPECT_TRUE(open("my.CRV").Read.Done() && StrMap[0].Word0 == 7);
+  EXPECT_EQ(*open("my.CRV"), FileKind::PatchFile);
+  EXPECT_EQ(StrMap[0].Word0, 7);
   EXPECT_EQ(GamePath + OpenedFile, home / ".wine/dosdevices/c:/Gamesmy.CRV");
 }
 
@@ -110,5 +117,5 @@ TEST(GameFolderPosix, OfSeveralSpellingsTheOneInUseWins) {
   for (const auto& [name, listed, found] : rows)
     EXPECT_EQ(BtdPath(name, listed), folder / "maps/" + found) << name << listed;
   GamePath = folder / "CC4.EXE";
-  EXPECT_TRUE(LoadMapCatalogue().ends_with("Maps. Not a directory."));
+  EXPECT_EQ(LoadMapCatalogue().Failures.at(0).Reason, std::errc::not_a_directory);
 }

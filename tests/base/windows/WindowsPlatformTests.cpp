@@ -4,7 +4,8 @@
 
 #include "TestFolder.h"
 #include "base/FolderScan.h"
-#include "base/InstallRegistry.h"
+#include "base/Registry.h"
+#include "data/GameFolder.h"
 
 using namespace corvane;
 
@@ -37,10 +38,10 @@ TEST(WindowsRegistry, ReadsEveryFormInTheViewOf32BitPrograms) {
   if (hasTwin) SetValue(twin, REG_SZ, "twin");
   for (const auto& [type, bytes, value] : rows) {
     SetValue(key, type, bytes);
-    EXPECT_EQ(ReadInstalledTo(), value) << type << bytes.substr(0, 9);
+    EXPECT_EQ(ReadInstallPath(), value) << type << bytes.substr(0, 9);
   }
   RegDeleteKeyExA(HKEY_LOCAL_MACHINE, InstallKey, KEY_WOW64_32KEY, 0);
-  EXPECT_EQ(ReadInstalledTo(), std::nullopt);
+  EXPECT_EQ(ReadInstallPath(), std::nullopt);
   if (hasTwin) RegDeleteKeyExA(HKEY_LOCAL_MACHINE, InstallKey, KEY_WOW64_64KEY, 0);
 }
 
@@ -56,10 +57,10 @@ TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
   char program[MAX_PATH] = {};
   GetModuleFileNameA(nullptr, program, MAX_PATH);
   for (const std::string& used : {file, std::string(program)})
-    EXPECT_TRUE(Reason(other.Open(used, OpenMode::Change)).ends_with("while it runs)")) << used;
+    EXPECT_TRUE(ReasonText(other.Open(used, OpenMode::Change)).ends_with("while it runs)")) << used;
   for (const auto mode : {OpenMode::Read, OpenMode::Change, OpenMode::Create})
     EXPECT_TRUE(other.Open("NUL", mode) && other.Open(path, mode) == std::errc::is_a_directory);
-  EXPECT_TRUE(isalpha(Reason(other.Open(path + "\\x", OpenMode::Read)).back())) << "no point";
+  EXPECT_TRUE(isalpha(ReasonText(other.Open(path + "\\x", OpenMode::Read)).back())) << "no point";
   EXPECT_TRUE(OrdinaryFileExists(file) && !OrdinaryFileExists(folder / "hidden.btd"));
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(path, ".btd", 9, names));

@@ -1,5 +1,5 @@
-// The installed game's folder from the registry of the user's Wine prefix, which is only read.
-#include "base/InstallRegistry.h"
+// The registry of the user's Wine prefix, read only.
+#include "base/Registry.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -17,7 +17,8 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint64_t LargestRegistry = std::uint64_t{256} << 20;  // real ones have a few MB
+constexpr std::uint64_t MaxRegistrySize = std::uint64_t{16}
+                                          << 20;  // bytes; real ones have a few MB
 
 std::string HomeFolder() {
   const char* home = std::getenv("HOME");
@@ -30,7 +31,7 @@ std::string HomeFolder() {
 std::string ReadRegistry(const std::string& path) {
   RawFile file;
   std::uint64_t length = 0;
-  if (file.Open(path, OpenMode::Read) || file.Length(length) || length > LargestRegistry) return {};
+  if (file.Open(path, OpenMode::Read) || file.Length(length) || length > MaxRegistrySize) return {};
   std::string text(length, '\0');
   std::size_t read = 0;
   if (file.ReadAt(0, std::as_writable_bytes(std::span(text)), read)) return {};
@@ -38,10 +39,10 @@ std::string ReadRegistry(const std::string& path) {
   return text;
 }
 
-/// Where a 64-bit prefix keeps what a 32-bit program wrote under `key`.
-std::string KeyOf32BitPrograms(std::string_view key) {
-  constexpr std::string_view Root = "Software\\";
-  return std::string(Root) + "Wow6432Node\\" + std::string(key.substr(Root.size()));
+/// Where a 64-bit prefix keeps what 32-bit programs write under `key`.
+std::string KeyOf32BitPrograms(const std::string& key) {
+  const std::size_t root = key.find('\\') + 1;
+  return key.substr(0, root) + "Wow6432Node\\" + key.substr(root);
 }
 
 bool IsLetter(char character) {
@@ -64,15 +65,16 @@ std::string FolderOfThisSystem(const std::string& prefix, std::string_view path)
 
 }  // namespace
 
-std::optional<std::string> ReadInstalledTo() {
+std::optional<std::string> ReadRegistryFolder(const std::string& key, const std::string& name,
+                                              std::size_t limit) {
   const std::string home = HomeFolder();
   if (home.empty()) return std::nullopt;
   const std::string prefix = home + "/.wine";
   const std::string registry = ReadRegistry(prefix + "/system.reg");
-  for (const auto& key : {std::string(InstallKey), KeyOf32BitPrograms(InstallKey)}) {
-    const auto value = FindRegistryValue(registry, key, InstallValue);
+  for (const std::string& view : {KeyOf32BitPrograms(key), key}) {
+    const auto value = FindRegistryValue(registry, view, name);
     if (!value) continue;
-    if (TextToAnsi(*value).size() > InstallValueLimit) return std::nullopt;
+    if (TextToAnsi(*value).size() > limit) return std::nullopt;
     return FolderOfThisSystem(prefix, std::string_view(*value).substr(0, value->find('\0')));
   }
   return std::nullopt;

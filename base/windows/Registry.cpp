@@ -1,5 +1,5 @@
-// The installed game's folder from the registry, which is only read.
-#include "base/InstallRegistry.h"
+// The system's registry, read only.
+#include "base/Registry.h"
 
 #include <windows.h>
 
@@ -7,18 +7,19 @@
 
 namespace corvane {
 
-std::optional<std::string> ReadInstalledTo() {
+std::optional<std::string> ReadRegistryFolder(const std::string& key, const std::string& name,
+                                              std::size_t limit) {
   // The installer of a 32-bit game wrote into the view of 32-bit programs.
   constexpr REGSAM Access = KEY_QUERY_VALUE | KEY_ENUMERATE_SUB_KEYS | KEY_WOW64_32KEY;
-  HKEY key = nullptr;
-  if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, InstallKey, 0, Access, &key) != ERROR_SUCCESS)
+  HKEY open = nullptr;
+  if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, Access, &open) != ERROR_SUCCESS)
     return std::nullopt;
-  std::string value(InstallValueLimit, ' ');
+  std::string value(limit, ' ');
   DWORD type = 0;
-  DWORD size{InstallValueLimit};
-  const auto result = ::RegQueryValueExA(key, InstallValue, nullptr, &type,
+  auto size = static_cast<DWORD>(limit);
+  const auto result = ::RegQueryValueExA(open, name.c_str(), nullptr, &type,
                                          reinterpret_cast<BYTE*>(value.data()), &size);
-  ::RegCloseKey(key);
+  ::RegCloseKey(open);
   if (result != ERROR_SUCCESS) return std::nullopt;
   value.resize(size);  // a value may lack its NUL
   return WideToText(BytesToWide(CP_ACP, value.substr(0, value.find('\0'))));

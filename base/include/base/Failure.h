@@ -1,0 +1,48 @@
+// A failure of a file operation: what failed, on which file, and why. Whoever shows one to the user
+// takes its sentence from here.
+#pragma once
+
+#include <string>
+#include <system_error>
+
+namespace corvane {
+
+enum class FileAction { Read, List, Create, Save };
+
+/// What a failed save left behind.
+enum class FileState {
+  Unchanged,    // also after any failure of another action
+  NotCreated,   // no file was there, and none is
+  Removed,      // the file that the save had created is gone again
+  Unconfirmed,  // the old bytes were put back, but the disk did not confirm them
+  Damaged,      // the old bytes could not be put back
+  NotRemoved,   // the unfinished file that the save had created is still there
+};
+
+struct Failure {
+  FileAction Action = FileAction::Read;
+  std::string Path;
+  std::error_code Reason;
+  FileState State = FileState::Unchanged;
+};
+
+/// Reasons of our own, beside those of the system.
+enum class FileError {
+  ChangedByAnother = 1,  // the bytes to be replaced are not those that were last read or written
+  Replaced,              // another file has taken the place of the open one
+  NotAFileName,          // a name that leads out of its folder or means a device
+};
+[[nodiscard]] std::error_code make_error_code(FileError error);
+
+/// The system's own words for an error, in UTF-8, without a period; where a file is in use, also
+/// what is probably using it.
+[[nodiscard]] std::string ReasonText(std::error_code error);
+
+/// The sentences for the user: the file, what could not be done with it, the reason and, after a
+/// save, the file's state.
+[[nodiscard]] std::string FailureMessage(const Failure& failure);
+
+}  // namespace corvane
+
+template <>
+struct std::is_error_code_enum<corvane::FileError> : std::true_type {};

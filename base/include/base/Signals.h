@@ -1,0 +1,20 @@
+// The signals that would end the program in the middle of a save.
+#pragma once
+
+namespace corvane {
+
+/// A write above the limit on the size of files then fails, where the system would otherwise end
+/// the program.
+void IgnoreFileSizeSignal();
+
+/// While one exists, what asks the program to end (SIGTERM, SIGINT, SIGHUP; Ctrl+C on Windows) is
+/// held back, in every thread. It takes effect when the last one goes.
+class EndSignalGuard {
+ public:
+  EndSignalGuard();
+  EndSignalGuard(const EndSignalGuard&) = delete;
+  EndSignalGuard& operator=(const EndSignalGuard&) = delete;
+  ~EndSignalGuard();
+};
+
+}  // namespace corvane

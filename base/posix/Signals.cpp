@@ -1,0 +1,53 @@
+// Signals are kept by a handler and raised again, since a mask would hold for one thread only.
+#include "base/Signals.h"
+
+#include <csignal>
+#include <cstddef>
+#include <iterator>
+
+namespace corvane {
+namespace {
+
+constexpr int EndSignals[] = {SIGTERM, SIGINT, SIGHUP};
+constexpr std::size_t EndSignalCount = std::size(EndSignals);
+
+volatile std::sig_atomic_t Arrived[EndSignalCount];
+struct sigaction OldActions[EndSignalCount];
+int Guards = 0;
+
+void Keep(int signal) {
+  for (std::size_t i = 0; i < EndSignalCount; ++i) {
+    if (EndSignals[i] == signal) Arrived[i] = 1;
+  }
+}
+
+void HoldBack(std::size_t i) {
+  struct sigaction keep {};
+  keep.sa_handler = Keep;
+  keep.sa_flags = SA_RESTART;
+  ::sigemptyset(&keep.sa_mask);
+  Arrived[i] = 0;
+  ::sigaction(EndSignals[i], nullptr, &OldActions[i]);
+  if (OldActions[i].sa_handler != SIG_IGN) ::sigaction(EndSignals[i], &keep, nullptr);
+}
+
+void LetGo(std::size_t i) {
+  ::sigaction(EndSignals[i], &OldActions[i], nullptr);
+  if (Arrived[i] != 0) ::raise(EndSignals[i]);
+}
+
+}  // namespace
+
+void IgnoreFileSizeSignal() { static_cast<void>(std::signal(SIGXFSZ, SIG_IGN)); }
+
+EndSignalGuard::EndSignalGuard() {
+  if (Guards++ > 0) return;
+  for (std::size_t i = 0; i < EndSignalCount; ++i) HoldBack(i);
+}
+
+EndSignalGuard::~EndSignalGuard() {
+  if (--Guards > 0) return;
+  for (std::size_t i = 0; i < EndSignalCount; ++i) LetGo(i);
+}
+
+}  // namespace corvane

@@ -1,0 +1,32 @@
+#include "base/Signals.h"
+
+#include <windows.h>
+
+namespace corvane {
+namespace {
+
+int Guards = 0;
+bool Arrived = false;
+
+BOOL WINAPI Keep(DWORD event) {
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) return FALSE;
+  Arrived = true;
+  return TRUE;
+}
+
+}  // namespace
+
+void IgnoreFileSizeSignal() {}  // no such signal here
+
+EndSignalGuard::EndSignalGuard() {
+  if (Guards++ == 0) ::SetConsoleCtrlHandler(Keep, TRUE);
+}
+
+EndSignalGuard::~EndSignalGuard() {
+  if (--Guards > 0) return;
+  ::SetConsoleCtrlHandler(Keep, FALSE);
+  if (Arrived) ::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
+  Arrived = false;
+}
+
+}  // namespace corvane
