@@ -4,17 +4,12 @@
 #include <array>
 #include <utility>
 
+#include "Look.h"
 #include "services/FormView.h"
 #include "services/Gestures.h"
 
 namespace corvane {
 namespace {
-
-// A frame has its caption on its top border, within its place; a combo box drops a list below it.
-constexpr char Look[] =
-    "QGroupBox { border: 1px solid palette(mid); border-radius: 3px; margin-top: 6px }"
-    "QGroupBox::title { subcontrol-origin: margin; left: 7px; padding: 0 3px }"
-    "QComboBox { combobox-popup: 0 }";
 
 QRect PlaceOf(const Control& control) {
   const Place& at = control.At;
@@ -23,7 +18,7 @@ QRect PlaceOf(const Control& control) {
 
 // The font, narrowed until the text is whole in the room it has.
 QFont Narrowed(const QString& text, const QSize& room, int flags) {
-  QFont font = QApplication::font();
+  QFont font = PlainFont();
   const auto fits = [&] {
     const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
     return needed.width() <= room.width() && needed.height() <= room.height();
@@ -31,30 +26,6 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
   for (int stretch = 100; !fits() && stretch >= 44; stretch -= 4) font.setStretch(stretch);
   return font;
 }
-
-class SlimStyle : public QProxyStyle {
- public:
-  SlimStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
-
-  int pixelMetric(PixelMetric metric, const QStyleOption* option,
-                  const QWidget* widget) const override {
-    return metric == PM_DefaultFrameWidth ? 1 : QProxyStyle::pixelMetric(metric, option, widget);
-  }
-
-  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
-                       const QWidget* widget) const override {
-    const QRect& box = option->rect;
-    if (control == CC_ComboBox && part == SC_ComboBoxArrow) {
-      return box.adjusted(box.width() - ComboArrow, 0, 0, 0);
-    }
-    if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
-      return box.adjusted(2, 1, -ComboArrow, -1);
-    }
-    return QProxyStyle::subControlRect(control, option, part, widget);
-  }
-
-  static constexpr int ComboArrow = 14;
-};
 
 // Its selected row is the control's. Of the mouse it knows a row that is pressed, no more, so that
 // nothing but a pick of another row takes the selection off a row.
@@ -73,6 +44,7 @@ class RowList : public QListWidget {
   // The list view's own would make a row the current one.
   void focusInEvent(QFocusEvent* event) override {
     QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
+    viewport()->update();
   }
 
  private:
@@ -183,8 +155,8 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
   auto* box = new QComboBox(parent);
   // On Linux a reader hears the row that is shown as the name.
   box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
-  box->view()->setFont(QApplication::font());
-  const QSize room = PlaceOf(combo).size() - QSize(SlimStyle::ComboArrow + 6, 0);
+  box->view()->setFont(PlainFont());
+  const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + 6, 0);
   QObject::connect(box, &QComboBox::activated, box,
                    [&combo](int row) { PerformAt(combo, [&] { PickRow(combo, row); }); });
   return {&combo, box, [&combo, box, room] {
@@ -193,18 +165,6 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
             box->setFont(Narrowed(box->currentText(), room, Qt::TextSingleLine));
             if (newRows) box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 24);
           }};
-}
-
-// The style draws edges somewhat darker than the window's colour, which on black is black.
-void BrightenEdges() {
-  QPalette palette = QApplication::palette();
-  if (palette.color(QPalette::Window).lightness() >= 128) return;
-  const QColor text = palette.color(QPalette::WindowText);
-  palette.setColor(QPalette::Mid, text);
-  QApplication::setPalette(palette);
-  palette.setColor(QPalette::Window, text);
-  for (const char* kind : {"QLineEdit", "QAbstractScrollArea", "QComboBox", "QPushButton"})
-    QApplication::setPalette(palette, kind);
 }
 
 }  // namespace
@@ -222,16 +182,6 @@ ControlWidget MakeControlWidget(const AnyControl& any, QWidget* parent) {
     widget->setVisible(control->Visible());
   };
   return made;
-}
-
-void DressApplication() {
-  QFont font;
-  font.setFamilies({"Tahoma", "DejaVu Sans Condensed", "Liberation Sans", font.family()});
-  font.setPixelSize(11);
-  QApplication::setFont(font);
-  QApplication::setStyle(new SlimStyle);
-  BrightenEdges();
-  qApp->setStyleSheet(Look);
 }
 
 }  // namespace corvane

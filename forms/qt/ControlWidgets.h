@@ -1,4 +1,4 @@
-// The widgets that show the controls of a form, and the slim look that their places are made for.
+// The widgets that show the controls of a form.
 #pragma once
 
 #include <functional>
@@ -16,9 +16,6 @@ struct ControlWidget {
 };
 
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent);
-
-/// Gives the whole application the font and the style of the controls.
-void DressApplication();
 
 [[nodiscard]] constexpr int ToPixels(int twips) { return twips / 15; }
 

@@ -1,39 +1,106 @@
-#include "Dialogs.h"
-
 #include <QtWidgets>
 #include <algorithm>
+
+#include "Dialogs.h"
 
 namespace corvane {
 namespace {
 
-// As large as the text needs; what would not fit the screen scrolls.
-QTextEdit* MakeTextView(const QString& text, QDialog& box) {
-  const QSize screen = box.screen()->availableSize();
-  const QSize most(std::min(460, screen.width() - 80), screen.height() - 140);
-  auto* view = new QTextEdit(&box);
-  view->setReadOnly(true);
-  view->setPlainText(text);
-  view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  view->setLineWrapMode(QTextEdit::FixedPixelWidth);
-  view->setLineWrapColumnOrWidth(most.width());
-  const int height = qCeil(view->document()->size().height());
-  const bool scrolls = height > most.height();
-  const int bar = scrolls ? view->verticalScrollBar()->sizeHint().width() : 0;
-  view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  view->setFixedSize(qCeil(view->document()->idealWidth()) + bar + 2,
-                     std::min(height, most.height()));
-  if (!scrolls) {
-    view->setFrameShape(QFrame::NoFrame);
-    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view->viewport()->setAutoFillBackground(false);
-    view->setFocusPolicy(Qt::ClickFocus);
+constexpr QSize ScreenMargin(80, 140);  // pixels that a box leaves free, its buttons counted
+constexpr int ParagraphWidth = 460;     // of what is too long for one line of the screen
+constexpr int TitleButtons = 130;       // pixels that a title bar needs beside its text
+constexpr int ButtonWidth = 80;
+
+// The text, to be read, marked and copied.
+class MessageText : public QTextEdit {
+ public:
+  MessageText(const QString& text, QWidget* parent) : QTextEdit(parent) {
+    ensurePolished();  // measured in the font it is shown in
+    setReadOnly(true);
+    setPlainText(text);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setLineWrapMode(FixedPixelWidth);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   }
-  return view;
-}
+
+  void CopyMarkedOrAll() {
+    if (textCursor().hasSelection()) return copy();
+    QGuiApplication::clipboard()->setText(toPlainText());
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Copy)) return CopyMarkedOrAll();
+    QTextEdit::keyPressEvent(event);
+  }
+};
+
+// A button has the focus; what it does not take scrolls or copies the text.
+class MessageBox : public QDialog {
+ public:
+  MessageBox(QWidget* owner, const QString& text)
+      : QDialog(owner, Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint),
+        Text(new MessageText(text, this)) {
+    setWindowTitle(ProgramName);
+    setAccessibleDescription(Text->toPlainText());
+    FitText();
+  }
+
+  MessageText* const Text;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::Copy)) return Text->CopyMarkedOrAll();
+    switch (event->key()) {
+      case Qt::Key_PageUp:
+        return Scroll(QScrollBar::SliderPageStepSub);
+      case Qt::Key_PageDown:
+        return Scroll(QScrollBar::SliderPageStepAdd);
+      case Qt::Key_Home:
+        return Scroll(QScrollBar::SliderToMinimum);
+      case Qt::Key_End:
+        return Scroll(QScrollBar::SliderToMaximum);
+      default:
+        return QDialog::keyPressEvent(event);
+    }
+  }
+
+ private:
+  void Scroll(QScrollBar::SliderAction step) { Text->verticalScrollBar()->triggerAction(step); }
+
+  // The longest line that the screen has room for stays whole; longer ones wrap like a paragraph.
+  [[nodiscard]] int WrapWidth(int most) const {
+    int width = std::min(ParagraphWidth, most);
+    const int margins = qCeil(2 * Text->document()->documentMargin()) + 1;
+    for (QTextBlock line = Text->document()->begin(); line.isValid(); line = line.next()) {
+      const int needed = Text->fontMetrics().horizontalAdvance(line.text()) + margins;
+      if (needed <= most) width = std::max(width, needed);
+    }
+    return width;
+  }
+
+  // As large as the text needs; what would not fit the screen scrolls.
+  void FitText() {
+    const QSize most = screen()->availableSize() - ScreenMargin;
+    Text->setLineWrapColumnOrWidth(WrapWidth(most.width()));
+    const int height = qCeil(Text->document()->size().height());
+    const bool scrolls = height > most.height();
+    const int frame = 2 * Text->frameWidth();
+    const int bar = scrolls ? Text->verticalScrollBar()->sizeHint().width() : 0;
+    Text->setFixedSize(qCeil(Text->document()->idealWidth()) + bar + frame,
+                       std::min(height, most.height()) + frame);
+    if (scrolls) return;
+    Text->setFrameShape(QFrame::NoFrame);
+    Text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Text->viewport()->setAutoFillBackground(false);
+    Text->setFocusPolicy(Qt::ClickFocus);
+  }
+};
 
 // Its first letter alone presses it, too.
 QPushButton* AddButton(QDialog& box, QDialogButtonBox& row, const char* caption, int result) {
   QPushButton* button = row.addButton(caption, QDialogButtonBox::ActionRole);
+  button->setMinimumWidth(ButtonWidth);
   auto* letter = new QShortcut(QKeySequence(button->text().section('&', -1).left(1)), &box);
   const auto choose = [&box, result] { box.done(result); };
   QObject::connect(button, &QPushButton::clicked, &box, choose);
@@ -45,13 +112,12 @@ QPushButton* AddButton(QDialog& box, QDialogButtonBox& row, const char* caption,
 
 MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageButtons buttons) {
   const bool asks = buttons == MessageButtons::YesNo;
-  QDialog box(owner, Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
-  box.setWindowTitle(ProgramName);
-  box.setAccessibleDescription(QString::fromStdString(text));
+  MessageBox box(owner, QString::fromStdString(text));
   auto* rows = new QVBoxLayout(&box);
   auto* row = new QDialogButtonBox;
+  row->setMinimumWidth(box.fontMetrics().horizontalAdvance(box.windowTitle()) + TitleButtons);
   rows->setSizeConstraint(QLayout::SetFixedSize);
-  rows->addWidget(MakeTextView(QString::fromStdString(text), box));
+  rows->addWidget(box.Text, 0, Qt::AlignHCenter);
   rows->addWidget(row);
   row->setCenterButtons(true);
   AddButton(box, *row, asks ? "&Yes" : "OK", QDialog::Accepted)->setFocus();

@@ -4,9 +4,9 @@
 #include <QIcon>
 #include <QSettings>
 
-#include "ControlWidgets.h"
 #include "Dialogs.h"
 #include "FormWindow.h"
+#include "Look.h"
 #include "services/Display.h"
 
 namespace corvane {

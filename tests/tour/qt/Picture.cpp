@@ -7,7 +7,9 @@ namespace corvane {
 
 bool SavePicture(const std::string& file) {
   QWidget* front = QApplication::activeModalWidget();
-  if (!front) front = QApplication::activeWindow();
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (!front && window->isVisible() && !window->parentWidget()) front = window;
+  }
   return front && front->grab().save(QString::fromStdString(file));
 }
 
