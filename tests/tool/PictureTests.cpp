@@ -1,0 +1,277 @@
+#include "tool/Picture.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <set>
+
+#include "Labels.h"
+#include "SampleLayer.h"
+#include "Scene.h"
+#include "Xml.h"
+
+using namespace corvane;
+
+namespace {
+
+// Two maps side by side, each with a tile and a hotspot in it, and nothing between them.
+Layer TwoMaps() {
+  Layer layer;
+  layer.Rows = {"000 West.btd", "001 East.btd"};
+  for (int map = 0; map < MapSlotCount; ++map) {
+    for (int to = 0; to < MapSlotCount; ++to) layer.Connections(map, to) = NoConnection;
+    for (int vl = 0; vl < VLSlotCount; ++vl) layer.Destinations(map, vl) = NotAnExit;
+  }
+  layer.Tiles[0] = {.Left = 100, .Top = 200, .Width = 60, .Height = 50};
+  layer.Tiles[1] = {.Left = 500, .Top = 200, .Width = 60, .Height = 50};
+  layer.Hotspots[0] = {130, 220};
+  layer.Hotspots[1] = {530, 220};
+  return layer;
+}
+
+Xml Drawn(const Layer& layer, const Marks& found = {}) {
+  return Xml(DrawSvg({"CC4.EXE", &layer, nullptr, {}, found}));
+}
+
+struct Shape {
+  std::string Class;
+  std::string Heads;  // at its start and at its end
+  bool operator==(const Shape&) const = default;
+};
+
+void PrintTo(const Shape& shape, std::ostream* out) { *out << shape.Class << ", " << shape.Heads; }
+
+std::vector<Shape> RoadsOf(const Layer& layer) {
+  std::vector<Shape> shapes;
+  for (const XmlElement& road : Drawn(layer).All("path", "road ")) {
+    if (road["data-from"] == "(none)") continue;  // of the legend
+    const bool atStart = road["marker-start"] != "none";
+    shapes.push_back({road["class"], road["data-from"] + (atStart ? "<>" : ">") + road["data-to"]});
+  }
+  return shapes;
+}
+
+Box BoxOf(const XmlElement& rect) {
+  const int left = rect.Number("x");
+  const int top = rect.Number("y");
+  return {left, top, left + rect.Number("width"), top + rect.Number("height")};
+}
+
+std::string Named(const std::string& name) {
+  Layer layer = TwoMaps();
+  layer.Rows[0] = "000 " + name + ".btd";
+  const Xml picture = Drawn(layer);
+  EXPECT_EQ(picture.Fault, "");
+  return picture.Id("map-0")["aria-label"];
+}
+
+}  // namespace
+
+TEST(Picture, HoldsEveryTileHotspotAndArrowOfTheSampleToScale) {
+  Layer layer = LayerOf(MakeSampleGame());
+  const Xml picture = Drawn(layer);
+  ASSERT_EQ(picture.Fault, "");
+  for (int map = 0; map < MapSlotCount; ++map) {
+    const StrRect& tile = layer.Tiles[map];
+    const Box place{tile.Left, tile.Top, tile.Left + tile.Width, tile.Top + tile.Height};
+    EXPECT_EQ(BoxOf(picture.Child("map-" + std::to_string(map), "rect")), place) << map;
+  }
+  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) {
+    const StrRect& rect = layer.Arrows[arrow];
+    const Box place{rect.Left, rect.Top, rect.Left + rect.Width, rect.Top + rect.Height};
+    EXPECT_EQ(BoxOf(picture.Child("arrow-" + std::to_string(arrow), "rect")), place) << arrow;
+  }
+  const std::vector<XmlElement> spots = picture.All("circle", "spot");
+  ASSERT_EQ(spots.size(), 44U);  // and one in the legend
+  EXPECT_EQ(spots[42].Number("cx"), layer.Hotspots[42].CenterX);
+  EXPECT_EQ(spots[42].Number("cy"), layer.Hotspots[42].CenterY);
+}
+
+TEST(Picture, LeadsEachRoadOfTheSampleThroughItsArrow) {
+  Layer layer = LayerOf(MakeSampleGame());
+  std::set<std::pair<int, int>> drawn;
+  for (const XmlElement& road : Drawn(layer).All("path", "road both")) {
+    if (road["data-from"] == "(none)") continue;
+    const int from = road.Number("data-from");
+    const int to = road.Number("data-to");
+    drawn.insert({from, to});
+    if (road["marker-start"] != "none") drawn.insert({to, from});
+    const Hotspot& start = layer.Hotspots[from];
+    const Hotspot& end = layer.Hotspots[to];
+    const StrRect& arrow = layer.Arrows[layer.Connections(from, to)];
+    // A quarter of the ends and half of the point between them is the middle of the curve.
+    double x = 0;
+    double y = 0;
+    ASSERT_EQ(std::sscanf(road["d"].c_str(), "M%*d %*dQ%lf %lf", &x, &y), 2) << road["d"];
+    EXPECT_EQ(2 * x + start.CenterX + end.CenterX, 4 * arrow.Left + 2 * arrow.Width) << from;
+    EXPECT_EQ(2 * y + start.CenterY + end.CenterY, 4 * arrow.Top + 2 * arrow.Height) << from;
+  }
+  EXPECT_EQ(drawn.size(), 90U);
+}
+
+TEST(Picture, TellsKindsOfRoadsApart) {
+  struct Case {
+    std::int32_t There, Back;     // arrows
+    std::int32_t Exit, ExitBack;  // where VL0 of either map leads
+    std::vector<Shape> Roads;
+  };
+  const Case cases[] = {
+      {-1, -1, -1, -1, {}},
+      {7, 7, 1, 0, {{"road both", "0<>1"}}},
+      {7, 8, 1, 0, {{"road both", "0>1"}, {"road both", "1>0"}}},
+      {7, -1, 1, -1, {{"road one-way", "0>1"}}},
+      {-1, 0, -1, 0, {{"road one-way", "1>0"}}},
+      {7, -1, -1, -1, {{"road no-exit", "0>1"}}},
+      {7, 7, 1, -1, {{"road no-exit", "1>0"}, {"road both", "0>1"}}},
+      {7, 7, -1, -1, {{"road no-exit", "0<>1"}}},
+      {-1, -1, 1, -1, {{"road missing", "0>1"}}},
+      {81, -2, 1, 0, {{"road both", "0>1"}, {"road both", "1>0"}}},
+  };
+  for (const auto& [there, back, exit, exitBack, roads] : cases) {
+    Layer layer = TwoMaps();
+    layer.Connections(0, 1) = there;
+    layer.Connections(1, 0) = back;
+    layer.Destinations(0, 0) = exit;
+    layer.Destinations(1, 0) = exitBack;
+    EXPECT_EQ(RoadsOf(layer), roads) << there << " " << back << " " << exit << " " << exitBack;
+  }
+}
+
+TEST(Picture, TakesNoExitsFromASlotWithoutAFile) {
+  Layer layer = TwoMaps();
+  layer.Destinations(5, 0) = 0;  // as a table that no file ever filled
+  EXPECT_EQ(RoadsOf(layer), std::vector<Shape>());
+  EXPECT_EQ(Drawn(layer).Id("map-5").Name, "");
+}
+
+TEST(Picture, PointsOffTheMapAtTheNearestEdge) {
+  const std::pair<StrRect, std::string> cases[] = {
+      {{.Left = 10, .Top = 300, .Width = 60, .Height = 50}, "M10 320v10l-9-5z"},
+      {{.Left = 730, .Top = 300, .Width = 60, .Height = 50}, "M790 320v10l9-5z"},
+      {{.Left = 400, .Top = 4, .Width = 60, .Height = 50}, "M425 4h10l-5-9z"},
+      {{.Left = 400, .Top = 540, .Width = 60, .Height = 50}, "M425 590h10l-5 9z"}};
+  for (const auto& [tile, path] : cases) {
+    Layer layer = TwoMaps();
+    layer.Tiles[0] = tile;
+    layer.Destinations(0, 3) = OffMap;
+    EXPECT_EQ(Drawn(layer).All("path", "off-map")[0]["d"], path);
+  }
+}
+
+TEST(Picture, KeepsTheWildestNumbersOnTheSheet) {
+  Layer layer = TwoMaps();
+  constexpr std::int32_t Wild[] = {std::numeric_limits<std::int32_t>::min(), -1, 0, 801,
+                                   std::numeric_limits<std::int32_t>::max()};
+  const Box sheet{-SheetMargin, -SheetMargin, ScreenWidth + SheetMargin,
+                  ScreenHeight + SheetMargin};
+  for (const std::int32_t place : Wild) {
+    for (const std::int32_t size : Wild) {
+      layer.Tiles[1] = {.Left = place, .Top = place, .Width = size, .Height = size};
+      const Box box = BoxOf(Drawn(layer).Child("map-1", "rect"));
+      EXPECT_GE(box.Left, sheet.Left) << place << " " << size;
+      EXPECT_GE(box.Top, sheet.Top) << place << " " << size;
+      EXPECT_GT(box.Right, box.Left) << place << " " << size;
+      EXPECT_GT(box.Bottom, box.Top) << place << " " << size;
+      EXPECT_LE(box.Right, sheet.Right) << place << " " << size;
+      EXPECT_LE(box.Bottom, sheet.Bottom) << place << " " << size;
+    }
+  }
+}
+
+TEST(Picture, LetsLabelsMakeWayAndKeepsWhatFindsNoPlaceInTheTooltip) {
+  Layer layer = LayerOf(MakeSampleGame());
+  for (int map = 0; map < MapSlotCount; ++map) {
+    layer.Tiles[map] = {.Left = 300 + map, .Top = 300, .Width = 60, .Height = 50};
+  }
+  const Xml picture = Drawn(layer);
+  std::vector<Box> labels;
+  for (const XmlElement& label : picture.All("text", "name")) {
+    const Point start{label.Number("x"), label.Number("y")};
+    labels.push_back({start.X, start.Y - 8, start.X + TextWidth(label.Text, 9), start.Y + 1});
+  }
+  EXPECT_GE(labels.size(), 6U);
+  EXPECT_LT(labels.size(), 43U);
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    for (std::size_t k = 0; k < i; ++k) EXPECT_FALSE(Overlap(labels[i], labels[k])) << i << k;
+  }
+  for (int map = 0; map < MapSlotCount; ++map) {
+    const std::string title = picture.Child("map-" + std::to_string(map), "title").Text;
+    EXPECT_TRUE(title.starts_with(layer.Rows[static_cast<std::size_t>(map)])) << title;
+  }
+}
+
+TEST(Picture, ShowsHostileNamesAndRunsNoneOfThem) {
+  EXPECT_EQ(Named("<script>alert(1)</script>"), "Map 0 <script>alert(1)</script>");
+  EXPECT_EQ(Named("\"' onload=\"x"), "Map 0 \"' onload=\"x");
+  EXPECT_EQ(Named("&amp;]]><!--"), "Map 0 &amp;]]><!--");
+  EXPECT_EQ(Named("a\nb\x1B[31m"), "Map 0 a\\nb\\x1B[31m");
+  EXPECT_EQ(Named("\u202Egpj.\u2066x"), "Map 0 \\u202Egpj.\\u2066x");
+  EXPECT_EQ(Named("\xFF\xED\xA0\x80"), "Map 0 \\xFF\\xED\\xA0\\x80");
+  EXPECT_EQ(Named("\u05D0\u05D1 \u6771"), "Map 0 \u05D0\u05D1 \u6771");
+}
+
+TEST(Picture, NumbersFindingsAndWarningsAtTheirPlaceAndInTheList) {
+  Layer layer = TwoMaps();
+  layer.Arrows[4] = {.Left = 300, .Top = 210, .Width = 20, .Height = 20};
+  const Xml picture = Drawn(layer, {{MarkKind::Finding, "bad <tile>", 1, -1},
+                                    {MarkKind::Warning, "idle arrow", -1, 4},
+                                    {MarkKind::Warning, "too many files", -1, -1}});
+  ASSERT_EQ(picture.Fault, "");
+  EXPECT_EQ(picture.Child("at-1", "title").Text, "bad <tile>");
+  EXPECT_TRUE(Overlap(BoxOf(picture.Child("at-1", "rect")), {500, 200, 560, 250}));
+  EXPECT_TRUE(Overlap(BoxOf(picture.Child("at-2", "rect")), {300, 210, 320, 230}));
+  EXPECT_EQ(picture.Id("at-2")["class"], "badge warning");
+  EXPECT_EQ(picture.Id("at-3").Name, "");
+  EXPECT_EQ(picture.Id("map-1")["class"], "tile flawed");
+  EXPECT_EQ(picture.Id("map-0")["class"], "tile");
+  for (int number = 1; number <= 3; ++number) {
+    EXPECT_EQ(picture.Child("mark-" + std::to_string(number), "text").Text, std::to_string(number));
+  }
+}
+
+TEST(Picture, ListsHundredsOfFindingsWholeAndOnTheSheet) {
+  Layer layer = TwoMaps();
+  const std::string text = "A finding long enough to fill more than one line of the list, by far";
+  const Xml picture = Drawn(layer, Marks(554, {MarkKind::Finding, text, 0, -1}));
+  ASSERT_EQ(picture.Fault, "");
+  std::string listed;
+  const int height = picture.Elements[0].Number("height");
+  for (const XmlElement& line : picture.All("text")) {
+    if (picture.Elements[line.Parent]["class"] != "list" || line["class"] == "title") continue;
+    listed += line.Text + " ";
+    EXPECT_LT(line.Number("y"), height);
+  }
+  std::string wanted;
+  for (int i = 0; i < 554; ++i) wanted += text + " ";
+  EXPECT_EQ(listed, wanted);
+}
+
+TEST(Picture, OutlinesWhatMovedWhereItWas) {
+  const Layer before = TwoMaps();
+  Layer now = before;
+  now.Tiles[1].Left = 600;
+  const auto old = [&] {
+    return Xml(DrawSvg({"CC4.EXE", &now, &before, "old.crv", {}})).All("g", "old");
+  };
+  const Xml picture(DrawSvg({"CC4.EXE", &now, &before, "old.crv", {}}));
+  ASSERT_EQ(picture.Fault, "");
+  std::vector<Box> outlines;
+  for (const XmlElement& rect : picture.All("rect")) {
+    const XmlElement& group = picture.Elements[rect.Parent];
+    if (picture.Elements[group.Parent]["class"] == "old") outlines.push_back(BoxOf(rect));
+  }
+  EXPECT_EQ(outlines, (std::vector<Box>{{500, 200, 560, 250}}));
+  EXPECT_EQ(BoxOf(picture.Child("map-1", "rect")).Left, 600);
+  EXPECT_EQ(old().size(), 2U);  // and one in the legend
+}
+
+TEST(Picture, OutlinesConnectionsThatAreGone) {
+  Layer before = TwoMaps();
+  before.Connections(0, 1) = before.Connections(1, 0) = 3;
+  Layer now = before;
+  EXPECT_EQ(Xml(DrawSvg({"a", &now, &before, "b", {}})).All("path", "gone").size(), 0U);
+  now.Connections(1, 0) = 5;
+  EXPECT_EQ(Xml(DrawSvg({"a", &now, &before, "b", {}})).All("path", "gone").size(), 0U);
+  now.Connections(1, 0) = NoConnection;
+  EXPECT_EQ(Xml(DrawSvg({"a", &now, &before, "b", {}})).All("path", "gone").size(), 1U);
+}

@@ -1,0 +1,85 @@
+#include "Labels.h"
+
+#include <algorithm>
+
+#include "tool/Printable.h"
+
+namespace corvane {
+namespace {
+
+// In hundredths of the font's size.
+int CharacterWidth(char32_t character) {
+  constexpr std::u32string_view Narrow = U" !'(),./:;I[]fijlrt|\\-";
+  constexpr std::u32string_view Wide = U"%@MWmw";
+  if (Narrow.find(character) != Narrow.npos) return 40;
+  if (Wide.find(character) != Wide.npos) return 95;
+  if (character >= 0x1100) return 105;
+  return character >= 'A' && character <= 'Z' ? 70 : 62;
+}
+
+int Hundredths(std::string_view text) {
+  int width = 0;
+  while (!text.empty()) width += CharacterWidth(NextCharacter(text).Code);
+  return width;
+}
+
+// How many bytes of `text` are at most this wide.
+std::size_t BytesWithin(std::string_view text, int hundredths) {
+  std::string_view rest = text;
+  while (!rest.empty()) {
+    std::string_view next = rest;
+    hundredths -= CharacterWidth(NextCharacter(next).Code);
+    if (hundredths < 0) break;
+    rest = next;
+  }
+  return text.size() - rest.size();
+}
+
+constexpr int LineHeight(int size) { return size + 1; }
+
+}  // namespace
+
+bool LabelSheet::IsFree(const Box& box) const {
+  const bool onSheet = box.Left >= -SheetMargin && box.Top >= -SheetMargin &&
+                       box.Right <= ScreenWidth + SheetMargin &&
+                       box.Bottom <= ScreenHeight + SheetMargin;
+  return onSheet &&
+         std::ranges::none_of(Taken, [&box](const Box& taken) { return Overlap(box, taken); });
+}
+
+bool LabelSheet::Put(std::string_view text, int size, std::span<const Point> corners,
+                     Label& label) {
+  const int width = TextWidth(text, size);
+  for (const Point& corner : corners) {
+    const Box box{corner.X, corner.Y, corner.X + width, corner.Y + LineHeight(size)};
+    if (!IsFree(box)) continue;
+    Take(box);
+    label = {std::string(text), {corner.X, corner.Y + size - 1}};
+    return true;
+  }
+  return false;
+}
+
+int TextWidth(std::string_view text, int size) { return (Hundredths(text) * size + 99) / 100; }
+
+std::string Shortened(const std::string& text, int size, int width) {
+  const int hundredths = width * 100 / size;
+  if (Hundredths(text) <= hundredths) return text;
+  const std::string start = text.substr(0, BytesWithin(text, hundredths - 105));
+  return start.size() < 2 ? std::string() : start + "\u2026";
+}
+
+std::vector<std::string> Wrapped(std::string_view text, int size, int width) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    std::size_t bytes = std::max<std::size_t>(BytesWithin(text, width * 100 / size), 1);
+    const std::size_t blank = text.substr(0, bytes).rfind(' ');
+    if (bytes < text.size() && blank != text.npos && blank > 0) bytes = blank;
+    lines.emplace_back(text.substr(0, bytes));
+    text.remove_prefix(bytes);
+    if (text.starts_with(' ')) text.remove_prefix(1);
+  }
+  return lines;
+}
+
+}  // namespace corvane

@@ -1,0 +1,92 @@
+// The layer that a picture is held against: what differs from it stands in outline where it was.
+#include <algorithm>
+
+#include "PictureParts.h"
+
+namespace corvane {
+namespace {
+
+Point Middle(const Box& box) { return {(box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2}; }
+
+std::string Trail(Point from, Point to) {
+  return "M" + std::to_string(from.X) + " " + std::to_string(from.Y) + "L" + std::to_string(to.X) +
+         " " + std::to_string(to.Y);
+}
+
+void DrawOldBox(Markup& out, const StrRect& was, const StrRect& is, const std::string& what) {
+  const Box box = BoxOf(was);
+  out.Open("g", {});
+  out.Leaf("title", {}, what + ", where it was");
+  out.Leaf("rect", {{"x", box.Left},
+                    {"y", box.Top},
+                    {"width", box.Right - box.Left},
+                    {"height", box.Bottom - box.Top}});
+  out.Leaf("path", {{"d", Trail(Middle(box), Middle(BoxOf(is)))}});
+  out.Close();
+}
+
+bool SamePlace(const StrRect& a, const StrRect& b) {
+  return a.Left == b.Left && a.Top == b.Top && a.Width == b.Width && a.Height == b.Height;
+}
+
+void DrawOldSpot(Markup& out, Point was, const std::string& title) {
+  out.Open("circle", {{"cx", was.X}, {"cy", was.Y}, {"r", 4}});
+  out.Leaf("title", {}, "Hotspot of " + title + ", where it was");
+  out.Close();
+}
+
+void DrawOldTiles(Sheet& sheet, const Scene& before) {
+  const Layer& was = *sheet.Of.Before;
+  const Layer& is = *sheet.Of.Now;
+  for (const SceneTile& tile : before.Tiles) {
+    const int map = tile.Map;
+    const std::string title = "map " + MapTitle(before, map);
+    if (!SamePlace(was.Tiles[map], is.Tiles[map])) {
+      DrawOldBox(sheet.Out, was.Tiles[map], is.Tiles[map], "Tile of " + title);
+    }
+    if (was.Hotspots[map] != is.Hotspots[map]) DrawOldSpot(sheet.Out, tile.Spot, title);
+  }
+}
+
+void DrawOldArrows(Sheet& sheet, const Scene& before) {
+  const Layer& was = *sheet.Of.Before;
+  const Layer& is = *sheet.Of.Now;
+  for (const auto& [arrow, place] : before.Arrows) {
+    if (SamePlace(was.Arrows[arrow], is.Arrows[arrow])) continue;
+    DrawOldBox(sheet.Out, was.Arrows[arrow], is.Arrows[arrow], "Arrow " + std::to_string(arrow));
+  }
+}
+
+bool Leads(const std::vector<Road>& roads, int from, int to) {
+  return std::ranges::any_of(roads, [from, to](const Road& road) {
+    return (road.From == from && road.To == to) ||
+           (road.HeadAtBothEnds && road.From == to && road.To == from);
+  });
+}
+
+void DrawLostRoads(Sheet& sheet, const Scene& before) {
+  for (const Road& road : before.Roads) {
+    const bool lost = !Leads(sheet.Now.Roads, road.From, road.To) ||
+                      (road.HeadAtBothEnds && !Leads(sheet.Now.Roads, road.To, road.From));
+    if (!lost) continue;
+    sheet.Out.Open("path", {{"class", "gone"}, {"d", RoadPath(before, road)}});
+    sheet.Out.Leaf(
+        "title", {},
+        MapTitle(before, road.From) + " to " + MapTitle(before, road.To) + ", no longer connected");
+    sheet.Out.Close();
+  }
+}
+
+}  // namespace
+
+void DrawBefore(Sheet& sheet) {
+  if (!sheet.Of.Before) return;
+  const Scene before = MakeScene(*sheet.Of.Before);
+  sheet.Out.Open("g", {{"class", "old"}});
+  DrawLostRoads(sheet, before);
+  DrawOldTiles(sheet, before);
+  DrawOldArrows(sheet, before);
+  sheet.Out.Close();
+}
+
+}  // namespace corvane

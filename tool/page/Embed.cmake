@@ -1,0 +1,41 @@
+# embed_page_parts(HEADER FILE...): writes a header that holds the text of each file and the SHA-256
+# of that text in base64, as a content security policy names it.
+
+# Three bytes are four digits; the 32 bytes of the hash end in a group of two.
+function(hash_in_base64 text result)
+  set(digits "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
+  string(SHA256 hash "${text}")
+  set(base64 "")
+  foreach(group RANGE 10)
+    math(EXPR start "${group} * 6")
+    string(SUBSTRING "${hash}00" ${start} 6 bytes)
+    foreach(shift 18 12 6 0)
+      math(EXPR digit "(0x${bytes} >> ${shift}) & 63")
+      string(SUBSTRING "${digits}" ${digit} 1 digit)
+      string(APPEND base64 "${digit}")
+    endforeach()
+  endforeach()
+  string(SUBSTRING "${base64}" 0 43 base64)
+  set(${result} "sha256-${base64}=" PARENT_SCOPE)
+endfunction()
+
+function(embed_page_parts header)
+  set(content "#pragma once\n\n#include <string_view>\n\nnamespace corvane {\n")
+  foreach(name ${ARGN})
+    set(file ${CMAKE_CURRENT_SOURCE_DIR}/page/${name})
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    file(READ ${file} text)
+    string(REPLACE "\r\n" "\n" text "${text}")
+    string(LENGTH "${text}" length)
+    if(length GREATER 16000)
+      message(FATAL_ERROR "${name} is longer than the string literals of every compiler.")
+    endif()
+    hash_in_base64("${text}" hash)
+    string(REGEX REPLACE "^([a-z]+)\\.([a-z]+)$" "\\1_\\2" symbol ${name})
+    string(APPEND content
+      "inline constexpr std::string_view ${symbol} = R\"part(${text})part\";\n"
+      "inline constexpr std::string_view ${symbol}_hash = \"${hash}\";\n")
+  endforeach()
+  string(APPEND content "}  // namespace corvane\n")
+  file(CONFIGURE OUTPUT ${header} CONTENT "${content}" @ONLY)
+endfunction()
