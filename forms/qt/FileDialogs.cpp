@@ -7,6 +7,8 @@
 namespace corvane {
 namespace {
 
+constexpr QSize DialogSize(760, 440);  // room for names beside sizes, kinds and dates
+
 // What was chosen; a file that must exist is found in any letter case.
 QFileInfo ChosenFile(const QString& name, int flags) {
   const QFileInfo file(name);
@@ -20,10 +22,16 @@ QFileInfo ChosenFile(const QString& name, int flags) {
 class FileDialog : public QFileDialog {
  public:
   FileDialog(QWidget* owner, const QString& title, int flags)
-      : QFileDialog(owner, title), Flags(flags) {}
+      : QFileDialog(owner, title),
+        Flags(flags),
+        Typed(findChild<QLineEdit*>("fileNameEdit")),
+        Completions(Typed->completer()->popup()) {
+    Completions->installEventFilter(this);
+  }
 
  protected:
   void accept() override {
+    CleanTypedName();
     const QString name = selectedFiles().value(0);
     const QFileInfo file = ChosenFile(name, Flags);
     const char* missing = nullptr;
@@ -33,9 +41,50 @@ class FileDialog : public QFileDialog {
     ShowMessageBox(this, name.toStdString() + missing, MessageButtons::Ok);
   }
 
+  // Return takes what is typed, unless one of its completions was picked; Qt would only close them.
+  bool eventFilter(QObject* target, QEvent* event) override {
+    if (target == Completions && event->type() == QEvent::KeyPress) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+      if (enter && !Completions->currentIndex().isValid()) {
+        Completions->hide();
+        accept();
+        return true;
+      }
+    }
+    return QFileDialog::eventFilter(target, event);
+  }
+
  private:
+  // A path with "." or ".." in it the dialog would leave standing, without a word.
+  void CleanTypedName() {
+    const QString name = Typed->text();
+    if (!name.contains("..") && !name.contains("./")) return;
+    Typed->setText(QDir::cleanPath(directory().absoluteFilePath(name)));
+  }
+
   int Flags;
+  QLineEdit* Typed;
+  QAbstractItemView* Completions;
 };
+
+// The drives of the Wine prefix, where a game most likely lies.
+QList<QUrl> WineDrives() {
+  const QDir drives(QDir::homePath() + "/.wine/dosdevices");
+  QList<QUrl> places;
+  for (const QString& name : drives.entryList({"?:"}, QDir::Dirs, QDir::Name)) {
+    places.append(QUrl::fromLocalFile(drives.filePath(name)));
+  }
+  return places;
+}
+
+// Names take the room that sizes and dates leave, which are always whole.
+void LayOutColumns(const QFileDialog& dialog) {
+  auto* header = dialog.findChild<QTreeView*>("treeView")->header();
+  header->setStretchLastSection(false);
+  header->setSectionResizeMode(QHeaderView::ResizeToContents);
+  header->setSectionResizeMode(0, QHeaderView::Stretch);
+}
 
 // "description|pattern|description|pattern" as the dialog wants it: "description (pattern)".
 QStringList NameFilters(const std::string& filter) {
@@ -57,12 +106,17 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   // One behaviour everywhere; whether to overwrite is the program's own question.
   dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
   dialog.setAcceptMode(mode);
+  dialog.setFilter(dialog.filter() | QDir::Hidden);  // such as .wine
+  dialog.setSidebarUrls(dialog.sidebarUrls() + WineDrives());
+  dialog.resize(DialogSize);
+  LayOutColumns(dialog);
   dialog.setDirectory(folder.isEmpty() ? QDir::currentPath() : folder);
   dialog.setNameFilters(filters);
   dialog.selectNameFilter(filters.value(settings.FilterIndex - 1));
   dialog.setDefaultSuffix(QString::fromStdString(settings.DefaultExt));
   if (dialog.exec() != QDialog::Accepted) return;
   const QFileInfo file = ChosenFile(dialog.selectedFiles().value(0), settings.Flags);
+  QDir::setCurrent(file.absolutePath());  // where the next one starts
   settings.FileName = file.filePath().toStdString();
   settings.FileTitle = file.fileName().toStdString();
 }

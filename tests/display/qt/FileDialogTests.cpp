@@ -1,0 +1,173 @@
+#include <QtTest>
+
+#include "Screen.h"
+
+namespace corvane {
+namespace {
+
+constexpr char Filters[] = "CC4.EXE (CC4.EXE)|CC4.EXE|Corvane Patch Files (*.crv)|*.crv";
+
+// A home folder with a Wine prefix and a game in it, and a program that stands elsewhere.
+class FileDialogs : public testing::Test {
+ protected:
+  FileDialogs() {
+    qputenv("HOME", Home.path().toUtf8());
+    for (const char* folder : {".wine/dosdevices", ".wine/drive_c/Game/Maps"}) {
+      EXPECT_TRUE(QDir(Home.path()).mkpath(folder));
+    }
+    EXPECT_TRUE(QFile::link("../drive_c", Home.filePath(".wine/dosdevices/c:")));
+    EXPECT_TRUE(QFile::link("/nowhere", Home.filePath(".wine/dosdevices/d:")));
+    for (const char* name : {"cc4.exe", "other.exe", "a.crv", "B.CRV", "c.crv.txt"}) {
+      QFile file(Game.filePath(name));
+      EXPECT_TRUE(file.open(QFile::WriteOnly));
+    }
+    QDir::setCurrent(Home.path());
+  }
+  ~FileDialogs() override {
+    QDir::setCurrent(Before);
+    qputenv("HOME", HomeBefore);
+  }
+
+  // Shows the dialog and does something in it; gives back what it gave.
+  CommonDialog Show(void (CommonDialog::*show)(), const CommonDialog& settings,
+                    const std::function<void(QFileDialog&)>& act) {
+    TestForm form;
+    CommonDialog dialog = settings;
+    form.cmdOK.Click = [&] { (dialog.*show)(); };
+    PlayWhole(form, [&] {
+      WhenNext([&] { act(*qobject_cast<QFileDialog*>(QApplication::activeModalWidget())); });
+      PressAt(form.cmdOK);
+    });
+    return dialog;
+  }
+
+  QTemporaryDir Home;
+  const QDir Game{Home.filePath(".wine/drive_c/Game")};
+  const QString Before = QDir::currentPath();
+  const QByteArray HomeBefore = qgetenv("HOME");
+  const CommonDialog Open = {.Flags = FileMustExist | PathMustExist,
+                             .Filter = Filters,
+                             .InitDir = Game.path().toStdString()};
+};
+
+QStringList RowsOf(const QFileDialog& dialog) {
+  const auto* list = dialog.findChild<QTreeView*>("treeView");
+  QStringList names;
+  for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+    names.append(list->model()->index(row, 0, list->rootIndex()).data().toString());
+  }
+  names.sort();
+  return names;
+}
+
+void ExpectRows(const QFileDialog& dialog, const QStringList& rows) {
+  EXPECT_TRUE(QTest::qWaitFor([&] { return RowsOf(dialog) == rows; }))
+      << qPrintable(RowsOf(dialog).join(", "));
+}
+
+TEST_F(FileDialogs, ListTheFilesOfTheChosenFilterInAnyLetterCase) {
+  Show(&CommonDialog::ShowOpen, Open, [](QFileDialog& dialog) {
+    ExpectRows(dialog, {"Maps", "cc4.exe"});
+    dialog.selectNameFilter(dialog.nameFilters().at(1));
+    ExpectRows(dialog, {"B.CRV", "Maps", "a.crv"});
+    Strike("Esc");
+  });
+}
+
+TEST_F(FileDialogs, StartWithTheFilterOfTheirSettings) {
+  CommonDialog settings = Open;
+  settings.FilterIndex = 2;
+  Show(&CommonDialog::ShowOpen, settings, [](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.selectedNameFilter(), "Corvane Patch Files (*.crv)");
+    Strike("Esc");
+  });
+}
+
+TEST_F(FileDialogs, ListHiddenFoldersAndTheDrivesOfTheWinePrefix) {
+  CommonDialog settings = Open;
+  settings.InitDir = "";
+  Show(&CommonDialog::ShowOpen, settings, [this](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory(), QDir(Home.path()));
+    ExpectRows(dialog, {".wine"});
+    const QString drives = Home.filePath(".wine/dosdevices/");
+    EXPECT_TRUE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "c:")));
+    EXPECT_FALSE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "d:")));
+    Strike("Esc");
+  });
+}
+
+TEST_F(FileDialogs, ShowDatesWhole) {
+  Show(&CommonDialog::ShowOpen, Open, [](QFileDialog& dialog) {
+    const auto* list = dialog.findChild<QTreeView*>("treeView");
+    ExpectRows(dialog, {"Maps", "cc4.exe"});
+    const int last = list->header()->count() - 1;
+    const QModelIndex date = list->model()->index(0, last, list->rootIndex());
+    const int needed = list->fontMetrics().horizontalAdvance(date.data().toString());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->columnWidth(last) > needed; }));
+    EXPECT_GE(list->columnWidth(0), 200);
+    EXPECT_LE(list->header()->length(), list->viewport()->width());
+    Strike("Esc");
+  });
+}
+
+struct Typed {
+  const char *Name, *File;
+};
+
+TEST_F(FileDialogs, OpenWhatIsTyped) {
+  for (const Typed& row : {Typed{"CC4.EXE", "cc4.exe"}, Typed{"Maps/../cc4.exe", "cc4.exe"},
+                           Typed{"../Game/a.crv", "a.crv"}, Typed{"./B.CRV", "B.CRV"},
+                           Typed{"Maps/../../Game/other.exe", "other.exe"}}) {
+    QDir::setCurrent(Home.path());
+    const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [&](QFileDialog&) {
+      Type(row.Name);
+      Strike("Return");
+    });
+    EXPECT_EQ(chosen.FileName, Game.filePath(row.File).toStdString()) << row.Name;
+    EXPECT_EQ(chosen.FileTitle, row.File) << row.Name;
+    EXPECT_EQ(QDir::currentPath(), Game.path()) << row.Name;
+  }
+}
+
+TEST_F(FileDialogs, GiveNothingWhenTheyAreCancelled) {
+  const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [](QFileDialog&) {
+    Type("cc4.exe");
+    Strike("Esc");  // the completions
+    Strike("Esc");
+  });
+  EXPECT_EQ(chosen.FileName, "");
+  EXPECT_EQ(chosen.FileTitle, "");
+  EXPECT_EQ(QDir::currentPath(), Home.path());
+}
+
+TEST_F(FileDialogs, RefuseAFileThatIsNotThereAndStay) {
+  const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [this](QFileDialog& dialog) {
+    WhenNext([this] {
+      EXPECT_EQ(SeenMessage().Text,
+                Game.filePath("gone.exe").toStdString() + "\nFile not found.");
+      Strike("Return");
+    });
+    Type("gone.exe");
+    Strike("Return");
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.reject();
+  });
+  EXPECT_EQ(chosen.FileName, "");
+}
+
+TEST_F(FileDialogs, SaveWithoutAQuestionOfTheirOwn) {
+  const CommonDialog settings = {.Flags = PathMustExist,
+                                 .DefaultExt = ".CRV",
+                                 .Filter = "Corvane Patch Files (*.crv)|*.crv",
+                                 .InitDir = Game.path().toStdString()};
+  const CommonDialog chosen = Show(&CommonDialog::ShowSave, settings, [](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Save As");
+    ExpectRows(dialog, {"B.CRV", "Maps", "a.crv"});
+    Type("a.crv");
+    Strike("Return");
+  });
+  EXPECT_EQ(chosen.FileName, Game.filePath("a.crv").toStdString());
+}
+
+}  // namespace
+}  // namespace corvane
