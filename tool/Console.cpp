@@ -1,5 +1,6 @@
 #include "tool/Console.h"
 
+#include <algorithm>
 #include <string>
 
 #include "tool/Printable.h"

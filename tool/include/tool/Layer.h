@@ -15,9 +15,9 @@ namespace corvane {
 struct MapFile {
   std::string Name;          // as the folder lists it
   std::uint64_t Length = 0;  // bytes of the whole file
-  BtdHeader Header;
+  BtdHeader Header{};
   VictoryLocations VLs{};
-  BtdText Text;
+  BtdText Text{};
 };
 
 struct Layer {
@@ -26,17 +26,17 @@ struct Layer {
   ConnectionTable Connections;
   HotspotTable Hotspots;
   DestinationTable Destinations;
-  std::vector<std::string> Rows;  // the catalogue: the position of a row is its map slot
-  std::vector<MapFile> Files;     // the file of each row
-  bool FilesLeftOut = false;      // the folder holds more files than there are map slots
+  std::vector<std::string> Rows{};  // the catalogue: the position of a row is its map slot
+  std::vector<MapFile> Files{};     // the file of each row
+  bool FilesLeftOut = false;        // the folder holds more files than there are map slots
 };
 
 /// The tables and the catalogue of the process, with the map files read whole. For each file that
 /// cannot be read, `faults` gets a sentence, and the layer a blank record.
 [[nodiscard]] Layer CaptureLayer(std::vector<std::string>& faults);
 
-/// Makes the four tables of a layer those of the process.
-void InstallTables(const Layer& layer);
+/// The four tables alone, as the files hold them.
+[[nodiscard]] GameTables TablesOf(const Layer& layer);
 
 /// The row of a map slot, or its three digits where it has no row.
 [[nodiscard]] std::string MapLabel(const Layer& layer, int map);

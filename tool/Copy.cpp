@@ -1,0 +1,139 @@
+#include <optional>
+#include <span>
+
+#include "Paths.h"
+#include "base/FileRanges.h"
+#include "base/FolderScan.h"
+#include "data/TableImages.h"
+#include "tool/Json.h"
+#include "tool/Printable.h"
+#include "tool/Sources.h"
+#include "tool/Text.h"
+#include "tool/Verbs.h"
+#include "tool/Warnings.h"
+#include "tool/WholeFile.h"
+
+namespace corvane {
+namespace {
+
+struct Target {
+  std::string Path;  // in the letter case in which the file stands there
+  SourceKind Kind = SourceKind::Other;
+  bool Exists = false;
+};
+
+Target TargetAt(const std::string& path) {
+  const std::string title(FileTitle(path));
+  const std::string found = NameInFolder(FolderOf(path), title);
+  Target target{path.substr(0, path.size() - title.size()) + found, KindOfSource(path)};
+  target.Exists = OrdinaryFileExists(target.Path);
+  return target;
+}
+
+// Why the one cannot go into the other, whatever they hold; empty if it can.
+std::string Mismatch(const Source& from, const Target& to) {
+  if (to.Kind == SourceKind::Other)
+    return to.Path + " is no CC4.EXE, patch file (.crv), BTD file (.btd) or JSON file (.json).";
+  if (to.Kind == SourceKind::Json || from.IsBtd == (to.Kind == SourceKind::Btd)) return {};
+  return from.IsBtd ? from.Path + " is a BTD file and holds no tables for " + to.Path + "."
+                    : from.Path + " holds tables and no BTD record for " + to.Path + ".";
+}
+
+// The folder of the maps that the tables will have to agree with: those of the game that gets them.
+std::string GameToCheck(const CopyOptions& options, const Target& to) {
+  if (options.Game.empty() && to.Kind == SourceKind::GameExe) return FolderOf(to.Path);
+  return options.Game;
+}
+
+// The status with which an unsound copy ends; nothing if it may go on.
+std::optional<int> Refusal(const CopyOptions& options, const Target& to, const Console& console) {
+  const auto checked = ReadSource(options.From, GameToCheck(options, to), MapsWanted::Yes);
+  if (!checked.Done()) return Fail(console, checked.Reason());
+  for (const std::string& fault : checked->Faults) ComplainOf(console, fault);
+  if (!checked->Faults.empty()) return StatusFailed;
+  if (checked->IsBtd) return std::nullopt;
+  const Marks findings = FindingsOf(checked->Tables);
+  for (const Mark& finding : findings) ComplainOf(console, finding.Text);
+  if (findings.empty()) return std::nullopt;
+  ComplainOf(console, "Nothing was copied: the tables do not pass the check.");
+  return StatusNegative;
+}
+
+bool NeedsForce(const Target& to) {
+  return to.Exists && (to.Kind == SourceKind::Patch || to.Kind == SourceKind::Json);
+}
+
+void PrintChanges(const Source& from, const Target& to, const std::optional<Source>& old,
+                  const Console& console) {
+  const std::string name = Printable(to.Path);
+  if (!to.Exists) return console.Print(name + ": new file\n");
+  if (!old || old->IsBtd != from.IsBtd) return console.Print(name + ": replaced\n");
+  const Lines lines =
+      from.IsBtd ? BtdDifferences(old->Btd, from.Btd) : TableDifferences(old->Tables, from.Tables);
+  for (const std::string& line : lines) console.Print(line + "\n");
+  if (lines.empty()) console.Print(name + ": no change\n");
+}
+
+std::string Reason(const Result<>& saved) {
+  return saved.Done() ? std::string() : FailureMessage(saved.Error());
+}
+
+std::string Write(const Source& from, const Target& to) {
+  if (to.Kind == SourceKind::Json)
+    return WriteWhole(to.Path, from.IsBtd ? BtdToJson(from.Btd) : TablesToJson(from.Tables));
+  if (to.Kind == SourceKind::Btd) {
+    const std::string image = BtdImage(from.Btd);
+    const WriteRange whole{0, std::as_bytes(std::span(image))};
+    return Reason(SaveInPlace(to.Path, {&whole, 1}, IfMissing::Create));
+  }
+  const GameTables tables = TablesOf(from.Tables);
+  return Reason(to.Kind == SourceKind::GameExe ? WriteGameTables(to.Path, tables)
+                                               : WritePatchTables(to.Path, tables));
+}
+
+// What stands in the target, as far as a copy replaces it. JSON files that are no document count as
+// empty, so that they can be replaced, too.
+Outcome<std::optional<Source>> ReadTarget(const Target& to) {
+  using Read = Outcome<std::optional<Source>>;
+  if (!to.Exists && to.Kind != SourceKind::GameExe) return Read(std::nullopt);
+  Outcome<Source> source = ReadSource(to.Path, {}, MapsWanted::No);
+  if (source.Done()) return Read(std::move(*source));
+  if (to.Kind == SourceKind::Json) return Read(std::nullopt);
+  return Read::Failed(source.Reason());
+}
+
+bool IsSame(const std::optional<Source>& old, const std::optional<Source>& now) {
+  if (!old || !now) return old.has_value() == now.has_value();
+  return TablesOf(old->Tables) == TablesOf(now->Tables) && BtdImage(old->Btd) == BtdImage(now->Btd);
+}
+
+}  // namespace
+
+int Copy(const CopyOptions& options, const Console& console) {
+  const Outcome<Source> from = ReadSource(options.From, {}, MapsWanted::No);
+  if (!from.Done()) return Fail(console, from.Reason());
+  const Target to = TargetAt(options.To);
+  if (const std::string mismatch = Mismatch(*from, to); !mismatch.empty())
+    return Fail(console, mismatch);
+  if (!options.Unchecked) {
+    if (const std::optional<int> refused = Refusal(options, to, console)) return *refused;
+  }
+  if (NeedsForce(to) && !options.Force) {
+    ComplainOf(console, to.Path + " exists already. --force replaces it.");
+    return StatusNegative;
+  }
+  const auto old = ReadTarget(to);
+  if (!old.Done()) return Fail(console, old.Reason());
+  PrintChanges(*from, to, *old, console);
+  if (options.DryRun) return StatusDone;
+  const auto now = ReadTarget(to);
+  if (now.Done() && !IsSame(*old, *now)) {
+    ComplainOf(console, "The file " + to.Path +
+                            " was changed by another program meanwhile. Nothing was copied.");
+    return StatusNegative;
+  }
+  const std::string failure = Write(*from, to);
+  return failure.empty() ? StatusDone : Fail(console, failure);
+}
+
+}  // namespace corvane

@@ -1,0 +1,44 @@
+#include <algorithm>
+
+#include "tool/Sources.h"
+#include "tool/Text.h"
+#include "tool/Verbs.h"
+
+namespace corvane {
+namespace {
+
+// A patch or JSON file has no maps of its own; beside a CC4.EXE, those of some other game would
+// only lend the maps their names.
+bool HasOwnMaps(const Source& source) { return source.Kind == SourceKind::GameExe; }
+
+Lines AllDifferences(const Source& before, const Source& after) {
+  if (before.IsBtd) return BtdDifferences(before.Btd, after.Btd);
+  Lines lines = TableDifferences(before.Tables, after.Tables);
+  if (HasOwnMaps(before) && HasOwnMaps(after)) {
+    std::ranges::move(FileDifferences(before.Tables, after.Tables, before.Path, after.Path),
+                      std::back_inserter(lines));
+  }
+  return lines;
+}
+
+}  // namespace
+
+int Diff(const DiffOptions& options, const Console& console) {
+  const Outcome<Source> before = ReadSource(options.Before, options.Game, MapsWanted::IfThere);
+  if (!before.Done()) return Fail(console, before.Reason());
+  const Outcome<Source> after = ReadSource(options.After, options.Game, MapsWanted::IfThere);
+  if (!after.Done()) return Fail(console, after.Reason());
+  if (before->IsBtd != after->IsBtd)
+    return Fail(console, "A BTD file can be compared with another BTD file only.");
+  const Lines lines = AllDifferences(*before, *after);
+  for (const std::string& line : lines) console.Print(line + "\n");
+  bool complete = true;
+  for (const Source* source : {&*before, &*after}) {
+    for (const std::string& fault : source->Faults) ComplainOf(console, fault);
+    complete = complete && source->Faults.empty();
+  }
+  if (!complete) return StatusFailed;
+  return lines.empty() ? StatusDone : StatusNegative;
+}
+
+}  // namespace corvane

@@ -1,0 +1,135 @@
+#include "tool/Sources.h"
+
+#include <algorithm>
+#include <optional>
+#include <span>
+
+#include "Paths.h"
+#include "base/FileRanges.h"
+#include "base/LetterCase.h"
+#include "data/GameFolder.h"
+#include "data/MapCatalogue.h"
+#include "data/TableImages.h"
+#include "tool/Json.h"
+
+namespace corvane {
+namespace {
+
+constexpr char NoGame[] =
+    "The game is not installed on this machine, so its maps are not known. Name its folder with "
+    "--game.";
+
+// A failure as its sentence; empty if all went well.
+template <class Value>
+std::string Reason(const Result<Value>& result) {
+  return result.Done() ? std::string() : FailureMessage(result.Error());
+}
+
+// As the program starts.
+void ForgetTables() {
+  Tables = {};
+  VLDest = {};
+  GamePath.clear();
+  OpenedFile.clear();
+  MapRows.clear();
+}
+
+std::string TakeTables(const Result<GameTables>& read) {
+  if (read.Done()) Tables = *read;
+  return Reason(read);
+}
+
+std::string ReadJsonText(const std::string& path, std::string& text) {
+  text.resize(static_cast<std::size_t>(std::min<std::uint64_t>(FileLength(path), MaxJsonSize + 1)));
+  const ReadRange whole{0, std::as_writable_bytes(std::span(text))};
+  return Reason(ReadRanges(path, {&whole, 1}));
+}
+
+std::string ReadJsonFile(Source& source) {
+  std::string text;
+  if (std::string failure = ReadJsonText(source.Path, text); !failure.empty()) return failure;
+  Outcome<JsonDocument> document = ParseJson(text);
+  if (!document.Done()) return source.Path + " could not be read: " + document.Reason() + ".";
+  source.IsBtd = document->IsBtd;
+  source.Btd = document->Btd;
+  Tables = TablesOf(document->Tables);
+  return {};
+}
+
+std::string ReadBtdSource(Source& source) {
+  const Result<BtdFile> read = ReadBtd(source.Path);
+  source.IsBtd = true;
+  if (read.Done())
+    source.Btd = {std::string(FileTitle(source.Path)), FileLength(source.Path), read->Header,
+                  read->VLs, read->Text};
+  return Reason(read);
+}
+
+std::string ReadContents(Source& source) {
+  switch (source.Kind) {
+    case SourceKind::GameExe:
+      return TakeTables(ReadGameTables(source.Path));
+    case SourceKind::Patch:
+      return TakeTables(ReadPatchTables(source.Path));
+    case SourceKind::Json:
+      return ReadJsonFile(source);
+    case SourceKind::Btd:
+      return ReadBtdSource(source);
+    case SourceKind::Other:
+      break;
+  }
+  return source.Path + " is no CC4.EXE, patch file (.crv), BTD file (.btd) or JSON file (.json).";
+}
+
+// The folder of the maps that go with a source.
+std::optional<std::string> GameFolderOf(const Source& source, const std::string& game) {
+  if (!game.empty()) return game;
+  return source.Kind == SourceKind::GameExe ? FolderOf(source.Path) : ReadInstallPath();
+}
+
+void ReadMaps(Source& source, const std::string& folder) {
+  GamePath = folder;
+  const CatalogueReport report = LoadMapCatalogue();
+  source.HasMaps = report.FoundFiles;
+  source.MapsFolder = report.Folder;
+  for (const Failure& failure : report.Failures) {
+    if (source.HasMaps || failure.Reason != std::errc::no_such_file_or_directory)
+      source.Faults.push_back(FailureMessage(failure));
+  }
+}
+
+}  // namespace
+
+SourceKind KindOfSource(std::string_view path) {
+  const std::string title = ToUpper(FileTitle(path));
+  switch (KindOfFile(title)) {
+    case FileKind::GameExeFile:
+      return SourceKind::GameExe;
+    case FileKind::PatchFile:
+      return SourceKind::Patch;
+    default:
+      break;
+  }
+  if (title.ends_with(".JSON")) return SourceKind::Json;
+  return title.ends_with(".BTD") ? SourceKind::Btd : SourceKind::Other;
+}
+
+Outcome<Source> ReadSource(const std::string& path, const std::string& game, MapsWanted maps) {
+  Source source{.Path = path, .Kind = KindOfSource(path)};
+  ForgetTables();
+  if (std::string failure = ReadContents(source); !failure.empty())
+    return Outcome<Source>::Failed(std::move(failure));
+  if (source.IsBtd) return source;
+  if (maps != MapsWanted::No) {
+    const std::optional<std::string> folder = GameFolderOf(source, game);
+    if (folder) ReadMaps(source, *folder);
+    if (maps == MapsWanted::Yes && !folder) return Outcome<Source>::Failed(NoGame);
+    if (maps == MapsWanted::Yes && !source.HasMaps)
+      return Outcome<Source>::Failed("No map files were found in the folder " + source.MapsFolder +
+                                     ".");
+  }
+  source.Tables = CaptureLayer(source.Faults);
+  return source;
+}
+
+}  // namespace corvane

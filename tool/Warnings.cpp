@@ -1,0 +1,316 @@
+#include "tool/Warnings.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <span>
+#include <utility>
+
+#include "Paths.h"
+#include "base/LetterCase.h"
+#include "data/MapCatalogue.h"
+#include "rules/ConsistencyCheck.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::int64_t ScreenWidth = 800;
+constexpr std::int64_t ScreenHeight = 600;
+
+// Where a rectangle ends; as 64-bit numbers, since those of a file may be anything.
+struct Edges {
+  explicit Edges(const StrRect& rect)
+      : Left(rect.Left), Top(rect.Top), Right(Left + rect.Width), Bottom(Top + rect.Height) {}
+  [[nodiscard]] bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
+  [[nodiscard]] bool FitsOnScreen() const {
+    return Left >= 0 && Top >= 0 && Right <= ScreenWidth && Bottom <= ScreenHeight;
+  }
+  [[nodiscard]] bool Holds(const Hotspot& spot) const {
+    return spot.CenterX >= Left && spot.CenterX < Right && spot.CenterY >= Top &&
+           spot.CenterY < Bottom;
+  }
+  [[nodiscard]] bool Overlaps(const Edges& other) const {
+    return !IsEmpty() && !other.IsEmpty() && Left < other.Right && other.Left < Right &&
+           Top < other.Bottom && other.Top < Bottom;
+  }
+  std::int64_t Left, Top, Right, Bottom;
+};
+
+// Texts of a BTD file with the names that warnings give them, as far as they lack their NUL.
+void AppendUnended(std::vector<std::string>& texts, const MapFile& file) {
+  const auto check = [&](const std::string& name, std::string_view field) {
+    if (field.find('\0') == field.npos) texts.push_back("no NUL ends " + name);
+  };
+  const auto view = [](const auto& field) { return std::string_view(field.data(), field.size()); };
+  check("the base name", view(file.Text.BaseName));
+  check("the Allied briefing", view(file.Text.AlliedBrief));
+  check("the Axis briefing", view(file.Text.AxisBrief));
+  for (std::size_t vl = 0; vl < file.VLs.size(); ++vl)
+    check("the name of VL" + std::to_string(vl), view(file.VLs[vl].Name));
+}
+
+bool IsKnownKind(VLKind kind) {
+  return kind == VLKind::Unused || kind == VLKind::Exit || kind == VLKind::MinorObjective ||
+         kind == VLKind::MajorObjective;
+}
+
+void AppendVLWarnings(std::vector<std::string>& texts, const VictoryLocation& vl,
+                      std::size_t slot) {
+  const std::string name = "VL" + std::to_string(slot);
+  if (!IsKnownKind(vl.Kind))
+    texts.push_back(name + " is of the unknown kind " +
+                    std::to_string(static_cast<std::int32_t>(vl.Kind)));
+  if (vl.Kind == VLKind::Exit && !IsMapSlot(vl.Destination) && vl.Destination != OffMap)
+    texts.push_back("the exit " + name + " leads to " + std::to_string(vl.Destination) +
+                    ", which is no map");
+}
+
+bool IsNamedAsItsFile(const MapFile& file) {
+  const std::string title = ToUpper(FileTitle(file.Name));
+  return title == ToUpper(FieldText(file.Text.BaseName)) + ".BTD";
+}
+
+std::vector<std::string> FileWarnings(const MapFile& file) {
+  std::vector<std::string> texts;
+  if (file.Length < BtdSize)
+    texts.push_back("only " + std::to_string(file.Length) + " bytes long, not " +
+                    std::to_string(BtdSize));
+  if (file.Header.Magic != BtdMagic)
+    texts.push_back("the magic number is " + std::to_string(file.Header.Magic) + ", not " +
+                    std::to_string(BtdMagic));
+  if (!IsMapSlot(file.Header.MapIndex))
+    texts.push_back("the map number is " + std::to_string(file.Header.MapIndex) +
+                    ", which is no map slot");
+  if (!file.Name.empty() && !IsNamedAsItsFile(file))
+    texts.push_back("the base name inside is " + FieldText(file.Text.BaseName));
+  for (std::size_t vl = 0; vl < file.VLs.size(); ++vl) AppendVLWarnings(texts, file.VLs[vl], vl);
+  AppendUnended(texts, file);
+  return texts;
+}
+
+class Judge {
+ public:
+  explicit Judge(const Layer& layer) : TheLayer(layer) {}
+
+  Marks Found;
+
+  void JudgeMap(int map) {
+    if (IsInUse(map)) {
+      JudgeTile(map);
+      JudgeHotspot(map);
+      JudgeOverlaps(map);
+    }
+    for (int to = 0; to < MapSlotCount; ++to) JudgeConnection(map, to);
+    if (HasRow(map)) {
+      JudgeExits(map);
+      JudgeNumber(map);
+      const MapFile& file = TheLayer.Files[static_cast<std::size_t>(map)];
+      for (const std::string& text : FileWarnings(file)) Warn(map, text);
+    }
+    if (IsInUse(map) && !IsReached(map)) Warn(map, "no other map leads to it");
+  }
+
+  void JudgeArrow(int arrow) {
+    const Edges edges(TheLayer.Arrows[arrow]);
+    if (!edges.IsEmpty() && !edges.FitsOnScreen())
+      WarnOfArrow(arrow, "it reaches beyond 800 x 600");
+    const auto& users = Users[arrow];
+    if (users.empty()) WarnOfArrow(arrow, "no connection uses it");
+    if (users.size() > 1) WarnOfArrow(arrow, "unrelated connections use it: " + Names(users));
+  }
+
+  void JudgeFolder() {
+    if (TheLayer.FilesLeftOut)
+      Add({MarkKind::Warning, "the Maps folder holds more than 43 BTD files; some are left out"});
+    int last = -1;
+    for (const MapFile& file : TheLayer.Files) last = std::max<int>(last, file.Header.MapIndex);
+    for (int number = 0; number < std::min(last, MapSlotCount); ++number) {
+      const auto has = [=](const MapFile& file) { return file.Header.MapIndex == number; };
+      if (std::ranges::none_of(TheLayer.Files, has))
+        Add({MarkKind::Warning, "no BTD file has the map number " + std::to_string(number),
+             number});
+    }
+  }
+
+ private:
+  using Pair = std::pair<int, int>;  // of maps, the lower first
+
+  void Add(Mark mark) { Found.push_back(std::move(mark)); }
+  void Warn(int map, const std::string& text) {
+    Add({MarkKind::Warning, "map " + MapLabel(TheLayer, map) + ": " + text, map});
+  }
+  void WarnOfArrow(int arrow, const std::string& text) {
+    Add({MarkKind::Warning, "arrow " + ThreeDigits(arrow) + ": " + text, -1, arrow});
+  }
+
+  [[nodiscard]] bool HasRow(int map) const {
+    return static_cast<std::size_t>(map) < TheLayer.Rows.size();
+  }
+  // Without a catalogue, nothing tells which slots are not in use.
+  [[nodiscard]] bool IsInUse(int map) const { return TheLayer.Rows.empty() || HasRow(map); }
+  [[nodiscard]] bool Connects(int from, int to) const {
+    return TheLayer.Connections(from, to) != NoConnection;
+  }
+  [[nodiscard]] bool HasExitTo(int map, int to) const {
+    for (int vl = 0; vl < VLSlotCount; ++vl)
+      if (TheLayer.Destinations(map, vl) == to) return true;
+    return false;
+  }
+  [[nodiscard]] bool IsReached(int map) const {
+    for (int from = 0; from < MapSlotCount; ++from)
+      if (from != map && Connects(from, map)) return true;
+    return false;
+  }
+
+  // Behind a finding of the check, the same in other words says nothing new.
+  void JudgeTile(int map) {
+    const StrRect& tile = TheLayer.Tiles[map];
+    const Edges edges(tile);
+    if (!edges.IsEmpty() && !edges.FitsOnScreen()) Warn(map, "its tile reaches beyond 800 x 600");
+  }
+
+  void JudgeHotspot(int map) {
+    const Hotspot& spot = TheLayer.Hotspots[map];
+    if (spot.CenterX < 0 || spot.CenterX >= ScreenWidth || spot.CenterY < 0 ||
+        spot.CenterY >= ScreenHeight) {
+      Warn(map, "its hotspot lies beyond 800 x 600");
+    } else if (!Edges(TheLayer.Tiles[map]).Holds(spot)) {
+      Warn(map, "its hotspot lies outside its tile");
+    }
+  }
+
+  void JudgeOverlaps(int map) {
+    const Edges edges(TheLayer.Tiles[map]);
+    for (int other = map + 1; other < MapSlotCount; ++other) {
+      if (IsInUse(other) && edges.Overlaps(Edges(TheLayer.Tiles[other])))
+        Warn(map, "its tile overlaps that of map " + MapLabel(TheLayer, other));
+    }
+  }
+
+  void JudgeConnection(int from, int to) {
+    if (!Connects(from, to)) return;
+    const std::string name = "the connection to map " + MapLabel(TheLayer, to);
+    const std::int32_t arrow = TheLayer.Connections(from, to);
+    if (arrow < 0 || arrow >= ArrowSlotCount) {
+      Warn(from, name + " has the number " + std::to_string(arrow) + ", which is no arrow");
+    } else {
+      AddUser(arrow, {std::min(from, to), std::max(from, to)});
+    }
+    if (from == to) Warn(from, "it is joined to itself");
+    if (!Connects(to, from)) Warn(from, name + " has no way back");
+    if (HasRow(from) && !HasExitTo(from, to)) Warn(from, "no exit leads along " + name);
+  }
+
+  void JudgeExits(int map) {
+    for (int vl = 0; vl < VLSlotCount; ++vl) {
+      const std::int32_t to = TheLayer.Destinations(map, vl);
+      if (!IsMapSlot(to)) continue;
+      const std::string name = "the exit VL" + std::to_string(vl);
+      if (to == map) Warn(map, name + " leads to the map itself");
+      if (!TheLayer.Rows.empty() && !HasRow(to))
+        Warn(map, name + " leads to map " + ThreeDigits(to) + ", which has no BTD file");
+      if (Connects(map, to) && !Connects(to, map))
+        Warn(map, name + " leads to map " + MapLabel(TheLayer, to) +
+                      ", from where no connection leads back");
+    }
+  }
+
+  void JudgeNumber(int map) {
+    const int number = TheLayer.Files[static_cast<std::size_t>(map)].Header.MapIndex;
+    if (number != map)
+      Warn(map, "its file has the map number " + std::to_string(number) + ", but stands in row " +
+                    std::to_string(map));
+    const auto next = static_cast<std::size_t>(map) + 1;
+    if (next < TheLayer.Files.size() && TheLayer.Files[next].Header.MapIndex == number)
+      Warn(map, "its map number is also that of " + TheLayer.Files[next].Name);
+  }
+
+  void AddUser(int arrow, Pair maps) {
+    auto& users = Users[arrow];
+    if (std::ranges::find(users, maps) == users.end()) users.push_back(maps);
+  }
+
+  static std::string Names(const std::vector<Pair>& users) {
+    constexpr std::size_t MostNames = 4;
+    std::string names;
+    for (const auto& [from, to] : std::span(users).first(std::min(MostNames, users.size()))) {
+      if (!names.empty()) names += ", ";
+      names += ThreeDigits(from) + " - " + ThreeDigits(to);
+    }
+    if (users.size() > MostNames)
+      names += " and " + std::to_string(users.size() - MostNames) + " more";
+    return names;
+  }
+
+  const Layer& TheLayer;
+  std::map<int, std::vector<Pair>> Users;  // by arrow
+};
+
+// The map that a finding is about: the first that it names, by its row or by its number.
+int MapOf(std::string_view finding, const Layer& layer) {
+  for (const std::string_view start :
+       {"No STRARROW defined for BTD link from ",
+        "No reciprocating BTD link defined for connection from map "}) {
+    if (!finding.starts_with(start)) continue;
+    const std::string_view rest = finding.substr(start.size());
+    for (std::size_t map = 0; map < layer.Rows.size(); ++map)
+      if (rest.starts_with(layer.Rows[map] + " to map ")) return static_cast<int>(map);
+  }
+  return -1;
+}
+
+int NumberBehind(std::string_view finding, std::string_view words) {
+  const std::size_t at = finding.find(words);
+  if (at == finding.npos) return -1;
+  int number = -1;
+  for (const char c : finding.substr(at + words.size())) {
+    if (c < '0' || c > '9') break;
+    number = std::max(number, 0) * 10 + (c - '0');
+  }
+  return number;
+}
+
+Mark MarkOf(std::string_view finding, const Layer& layer) {
+  Mark mark{MarkKind::Finding, std::string(finding)};
+  if (finding.starts_with("Invalid ")) {
+    mark.Map = NumberBehind(finding, " for STRMAP ");
+    mark.Arrow = NumberBehind(finding, " for STRARROW ");
+  } else if (finding.starts_with("No reciprocating STRARROW ")) {
+    mark.Map = NumberBehind(finding, " link from ");
+  } else {
+    mark.Map = MapOf(finding, layer);
+  }
+  return mark;
+}
+
+}  // namespace
+
+Marks FindingsOf(const Layer& layer) {
+  constexpr std::string_view LineBreak = "\r\n";
+  Marks marks;
+  const std::string text = CheckTables();
+  for (std::string_view rest = text; !rest.empty();) {
+    rest.remove_prefix(LineBreak.size());
+    const std::string_view line = rest.substr(0, rest.find(LineBreak));
+    marks.push_back(MarkOf(line, layer));
+    rest.remove_prefix(line.size());
+  }
+  return marks;
+}
+
+Marks WarningsOf(const Layer& layer) {
+  Judge judge(layer);
+  for (int map = 0; map < MapSlotCount; ++map) judge.JudgeMap(map);
+  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) judge.JudgeArrow(arrow);
+  judge.JudgeFolder();
+  return std::move(judge.Found);
+}
+
+Marks WarningsOf(const MapFile& file) {
+  Marks marks;
+  for (const std::string& text : FileWarnings(file))
+    marks.push_back({MarkKind::Warning, text, -1, -1});
+  return marks;
+}
+
+}  // namespace corvane

@@ -1,0 +1,70 @@
+#include "Words.h"
+
+#include "base/AnsiText.h"
+#include "data/BtdFile.h"
+#include "tool/Printable.h"
+
+namespace corvane {
+
+std::string MapName(const Layer& layer, int map) {
+  return "map " + Printable(MapLabel(layer, map));
+}
+
+std::string KindName(std::int32_t kind) {
+  switch (VLKind{kind}) {
+    case VLKind::Unused:
+      return "not in use";
+    case VLKind::Exit:
+      return "exit";
+    case VLKind::MinorObjective:
+      return "minor objective";
+    case VLKind::MajorObjective:
+      return "major objective";
+  }
+  return "kind " + std::to_string(kind);
+}
+
+std::string HexBytes(std::span<const std::uint8_t> bytes) {
+  std::string hex;
+  for (const std::uint8_t byte : bytes) {
+    if (!hex.empty()) hex += ' ';
+    hex += "0123456789ABCDEF"[byte >> 4];
+    hex += "0123456789ABCDEF"[byte & 0xF];
+  }
+  return hex;
+}
+
+std::string HexBytes(std::span<const char> bytes) {
+  const std::vector<std::uint8_t> numbers(bytes.begin(), bytes.end());
+  return HexBytes(numbers);
+}
+
+std::string_view BehindNul(std::span<const char> field) {
+  const std::string_view bytes(field.data(), field.size());
+  const std::size_t nul = bytes.find('\0');
+  const std::size_t end = bytes.find_last_not_of('\0') + 1;
+  return nul < end ? bytes.substr(nul, end - nul) : std::string_view();
+}
+
+std::string QuotedField(std::span<const char> field) {
+  const std::string_view behind = BehindNul(field);
+  const std::string text = Quoted(FieldText(field));
+  return behind.empty() ? text : text + " and the bytes " + HexBytes(behind);
+}
+
+Lines BriefLines(std::span<const char> field) {
+  constexpr std::string_view LineEnd = "\r\n";
+  Lines lines;
+  const std::string text = FieldText(field);
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t end = rest.find(LineEnd);
+    const bool ended = end != rest.npos;
+    lines.push_back(Quoted(rest.substr(0, end)) + (ended ? "" : " without a line end"));
+    rest.remove_prefix(ended ? end + LineEnd.size() : rest.size());
+  }
+  if (const std::string_view behind = BehindNul(field); !behind.empty())
+    lines.push_back("bytes behind the text: " + HexBytes(behind));
+  return lines;
+}
+
+}  // namespace corvane

@@ -1,0 +1,27 @@
+// The lossless text form of the tables and of a BTD file. docs/json-format.md describes it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "tool/Layer.h"
+#include "tool/Outcome.h"
+
+namespace corvane {
+
+constexpr std::size_t MaxJsonSize = std::size_t{1} << 20;  // bytes; ten times what is ever needed
+
+[[nodiscard]] std::string TablesToJson(const Layer& layer);  // the four tables, no map files
+[[nodiscard]] std::string BtdToJson(const MapFile& file);
+
+struct JsonDocument {
+  bool IsBtd = false;
+  Layer Tables;  // unless it is a BTD file
+  MapFile Btd;
+};
+
+/// Reads either form. The reason of a failure begins with the place of the fault as a JSON pointer.
+[[nodiscard]] Outcome<JsonDocument> ParseJson(std::string_view text);
+
+}  // namespace corvane

@@ -1,0 +1,52 @@
+#include <cstdlib>
+#include <string_view>
+
+#include "StandardStreams.h"
+#include "base/Failure.h"
+#include "tool/CommandLine.h"
+
+using namespace corvane;
+
+namespace {
+
+// Results go out in few large pieces. What could not be written is told once, at the end.
+std::string Pending;
+std::error_code OutputError;
+
+void Flush() {
+  if (!OutputError) OutputError = WriteStream(Stream::Output, Pending);
+  Pending.clear();
+}
+
+void Print(std::string_view text) {
+  constexpr std::size_t PieceSize = 64 * 1024;
+  Pending += text;
+  if (Pending.size() >= PieceSize) Flush();
+}
+
+// Behind the results so far, so that a terminal shows both in order.
+void Complain(std::string_view text) {
+  Flush();
+  static_cast<void>(WriteStream(Stream::Errors, text));  // there is nobody left to tell
+}
+
+bool IsSet(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr && *value != '\0';
+}
+
+bool WantsColour() {
+  const char* terminal = std::getenv("TERM");
+  const bool dumb = terminal != nullptr && std::string_view(terminal) == "dumb";
+  return !IsSet("NO_COLOR") && !dumb && KnowsColour(Stream::Output);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const Console console{Print, Complain, WantsColour()};
+  const int status = RunTool(ProgramArguments(count, arguments), console);
+  Flush();
+  if (!OutputError) return status;
+  return Fail(console, "standard output could not be written: " + ReasonText(OutputError) + ".");
+}
