@@ -4,15 +4,15 @@
 
 #include "Shown.h"
 
-int main(int count, char** words) {
-  QApplication application(count, words);
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
   QMainWindow window;
-  const bool word = count == 2 && std::strcmp(words[1], "word") == 0;
-  if (word) window.setCentralWidget(new QLabel(words[1]));
+  const bool word = argc == 2 && std::strcmp(argv[1], "word") == 0;
+  if (word) window.setCentralWidget(new QLabel(argv[1]));
   window.resize(447, 341);
   window.show();
   while (!window.windowHandle()->isExposed()) QApplication::processEvents();
-  if (count == 1 || word) std::_Exit(0);
+  if (argc == 1 || word) std::_Exit(0);
   const auto place = [ground = new QWidget](auto* widget, const QRect& at) {
     widget->setParent(ground);
     widget->setGeometry(at);

@@ -96,7 +96,7 @@ ControlWidget Make(TextBox& box, HWND parent) {
             DWORD caret = 0;
             SendMessageW(edit, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
             const std::string before = WideToText(held.substr(0, caret));
-            PerformAt(box, [&] { EditText(box, FindEdit(box, WideToText(held), before)); });
+            EditText(box, FindEdit(box, WideToText(held), before));
           }};
 }
 
@@ -116,7 +116,7 @@ ControlWidget Make(Button& button, HWND parent) {
   const DWORD style = isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
   return {&button, MakeWidget(button, parent, WC_BUTTONW, style), [] {},
           [&button](int code) {
-            if (code == BN_CLICKED) PerformAt(button, [&] { Press(button); });
+            if (code == BN_CLICKED) Press(button);
           }};
 }
 
@@ -162,8 +162,8 @@ ControlWidget Make(ListBox& list, HWND parent) {
   return {&list, widget, [&list, widget] { MirrorRows(widget, OfListBox, list); },
           [&list, widget](int code) {
             const auto row = static_cast<int>(Send(widget, LB_GETCURSEL));
-            if (code == LBN_SELCHANGE) PerformAt(list, [&] { PickRow(list, row); });
-            if (code == LBN_DBLCLK) PerformAt(list, [&] { DoubleClick(list, row); });
+            if (code == LBN_SELCHANGE) PickRow(list, row);
+            if (code == LBN_DBLCLK) DoubleClick(list, row);
           }};
 }
 
@@ -183,8 +183,10 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
           [&combo, widget](int code) {
             const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
             // An arrow key in rows that have dropped is not yet a choice, and may be taken back.
-            if (code == CBN_SELENDOK) PerformAt(combo, [&] { PickRow(combo, row); });
-            if (code == CBN_CLOSEUP) PerformAt(combo, [] {});
+            if (code == CBN_SELENDOK) PickRow(combo, row);
+            if (code != CBN_CLOSEUP) return;
+            combo.Redraw();
+            ShowChanges();
           }};
 }
 
