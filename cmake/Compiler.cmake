@@ -24,7 +24,9 @@ if(WIN32)
   # One file that needs nothing installed.
   set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
   if(MINGW)
-    target_link_options(corvane_compiler INTERFACE -static $<$<CONFIG:Release>:-s>)
+    # No time stamp, so that the same sources make the same program.
+    target_link_options(corvane_compiler INTERFACE
+      -static -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
   endif()
 endif()
 

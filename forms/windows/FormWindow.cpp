@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "Fonts.h"
 #include "base/WideText.h"
 #include "services/Gestures.h"
 
@@ -69,11 +70,12 @@ void FormWindow::MakeWindow() {
   kind.hInstance = GetModuleHandleW(nullptr);
   kind.hIcon = LoadIconW(kind.hInstance, L"Corvane");
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  kind.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   kind.lpszClassName = L"CorvaneForm";
   RegisterClassW(&kind);  // which the first window has done
   const bool fixed = Shown.BorderKind == Border::FixedDialog;
-  const DWORD style = fixed ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_OVERLAPPEDWINDOW;
+  const DWORD style =
+      WS_CLIPCHILDREN | (fixed ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_OVERLAPPEDWINDOW);
   Window = CreateWindowExW(fixed ? WS_EX_DLGMODALFRAME : 0, kind.lpszClassName,
                            TextToWide(Shown.Caption).c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
                            400, 400, Owner, nullptr, kind.hInstance, nullptr);
@@ -100,7 +102,7 @@ void FormWindow::SetFrame() {
   WINDOWINFO now{};
   now.cbSize = sizeof now;
   GetWindowInfo(Window, &now);
-  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = ScreenArea(Window);
+  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = WorkArea(Window);
   const LONG width =
       pixels(Shown.ClientWidth) + whole.right - client.right + client.left - whole.left;
   const LONG height =
@@ -115,9 +117,7 @@ void FormWindow::SetFrame() {
   MoveWindow(Window, left, top, width, height, FALSE);
 }
 
-void FormWindow::ApplyLayoutAll(int dpi) {
-  for (const ControlWidget& widget : Widgets) Dress(widget, dpi);
-}
+void FormWindow::ApplyLayoutAll(int dpi) { ApplyLayout(Widgets, dpi); }
 
 void FormWindow::Run() {
   EnableWindow(Owner, FALSE);
