@@ -1,6 +1,6 @@
-// The program up to its first window. With a game's file it opens that; with a word more it
+// The program up to its first window. Its argument is a game's file to open; with "select" it
 // measures the selection of maps.
-#include "Shown.h"
+#include "SelectTime.h"
 #include "forms/Form1.h"
 #include "services/Program.h"
 
