@@ -79,6 +79,71 @@ TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   EXPECT_TRUE(PressKey(f, Key::Tab));
 }
 
+TEST(Gestures, EnterBreaksALineOnlyWithCtrlInSeveralLines) {
+  TestForm f;
+  f.Open();
+  const Modifiers ctrl = {.Ctrl = true};
+  const struct {
+    Control& In;
+    Modifiers With;
+    const char* Events;
+    bool Taken;
+  } rows[] = {{f.txtLines, {}, "ok ", true},
+              {f.txtLines, ctrl, "", false},  // the box has it
+              {f.txtName, ctrl, "ok ", true},
+              {f.cmdHelp, ctrl, "help ", true}};
+  for (const auto& [in, with, events, taken] : rows) {
+    EXPECT_TRUE(MoveFocus(in));
+    EXPECT_EQ(PressKey(f, {Key::Enter, with}), taken) << in.Name;
+    EXPECT_EQ(f.Told(), events) << in.Name;
+  }
+}
+
+TEST(Gestures, TabSelectsAllOfASingleLine) {
+  TestForm f;
+  f.txtNumber.SetText("12");
+  f.txtLines.SetText("lines");
+  f.Open();
+  for (int press = 0; press < 3; ++press) PressKey(f, Key::Tab);
+  EXPECT_EQ(f.Focused, &f.txtNumber);
+  EXPECT_TRUE(f.txtNumber.SelectionSet);
+  EXPECT_EQ(f.txtNumber.SelLength, 2);
+  for (int press = 0; press < 2; ++press) PressKey(f, Key::Tab);
+  EXPECT_EQ(f.Focused, &f.txtLines);
+  EXPECT_FALSE(f.txtLines.SelectionSet);
+}
+
+TEST(Gestures, TheWheelTurnsAComboBoxOnlyWithTheFocus) {
+  TestForm f;
+  f.Open();
+  EXPECT_TRUE(AllowWheel(f, &f.lstRows));
+  EXPECT_TRUE(AllowWheel(f, &f.txtLines));
+  EXPECT_FALSE(AllowWheel(f, &f.cboRows));
+  EXPECT_FALSE(AllowWheel(f, nullptr));
+  EXPECT_TRUE(MoveFocus(f.cboRows));
+  EXPECT_TRUE(AllowWheel(f, &f.cboRows));
+}
+
+TEST(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
+  TestForm f;
+  f.Open();
+  EXPECT_TRUE(MoveFocus(f.txtNumber));
+  EXPECT_TRUE(AllowPress(f, nullptr));
+  EXPECT_FALSE(AllowPress(f, &f.lblNote));
+  EXPECT_FALSE(AllowPress(f, &f.cmdOff));
+  EXPECT_EQ(f.Told(), "");
+  f.txtNumber.SetText("x");
+  EXPECT_FALSE(AllowPress(f, &f.txtName));
+  FollowFocus(f.txtName);
+  EXPECT_EQ(f.Told(), "refuse refuse ");
+  EXPECT_EQ(f.Focused, &f.txtNumber);
+  f.txtNumber.SetText("");
+  FollowFocus(f.txtName);
+  FollowFocus(f.txtName);
+  EXPECT_EQ(f.Told(), "accept ");
+  EXPECT_EQ(f.Focused, &f.txtName);
+}
+
 TEST(Controls, SpeakAndAreDrawnAnewOnChangeAlone) {
   TestForm f;
   ListBox& list = f.lstFew;
