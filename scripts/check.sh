@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 need check
 for preset in asan clang; do
   echo "== $preset"
-  build "$preset" -- --quiet
+  build "$preset"
   ctest --preset "$preset" -j "$(nproc)" --no-tests=error
 done
 

@@ -8,8 +8,8 @@ cd "$(dirname "$0")/.."
 
 need build
 need windows
-build release --target corvane_tour -- --quiet
-build windows --target corvane_tour -- --quiet
+build release --target corvane_tour
+build windows --target corvane_tour
 . scripts/wine.sh
 
 folder=build/together

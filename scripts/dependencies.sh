@@ -1,30 +1,30 @@
 # Sourced by the other scripts: puts the system's packages in place, and builds presets.
 #
-#   need build|test|package|check|fuzz|benchmark|outside|browser|windows
+#   need build|test|package|check|fuzz|benchmark|outside|windows
 #
 # installs what is missing on Debian and Ubuntu, as root or through sudo; elsewhere it names the
 # packages and stops when CMake, Ninja or a compiler is not there.
 
-packages_tool="libcli11-dev nlohmann-json3-dev"
-packages_build="g++ cmake ninja-build qt6-base-dev fonts-dejavu-core $packages_tool"
+packages_build="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-dejavu-core
+  libutf8proc-dev libcli11-dev nlohmann-json3-dev"
 packages_test="$packages_build libgtest-dev strace"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
-packages_browser="$packages_build chromium chromium-driver python3"
 packages_fuzz="$packages_test clang libclang-rt-dev"
 packages_outside="$packages_test"
 packages_benchmark="$packages_test libbenchmark-dev"
+packages_roots="debootstrap debian-archive-keyring git util-linux"
 packages_package="$packages_build dpkg-dev file desktop-file-utils appstream lintian"
-packages_windows="$packages_tool cmake ninja-build g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest
-  wine wine64
-  xvfb xauth zip fonts-wine"
+packages_windows="cmake ninja-build libcli11-dev nlohmann-json3-dev g++-mingw-w64-x86-64
+  g++-mingw-w64-i686 googletest wine wine64 xvfb xauth zip fonts-wine"
 
 name_packages() {
   cat >&2 <<'END'
 This script installs packages on Debian and Ubuntu only. Please install what stands here for your
 system, and start it again:
-  Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel gtest-devel dejavu-sans-fonts
+  Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel utf8proc-devel cli11-devel json-devel
+             gtest-devel strace dejavu-sans-fonts
              clang clang-tools-extra (for the checks), google-benchmark-devel (to measure)
-  Arch:      gcc cmake ninja qt6-base gtest ttf-dejavu
+  Arch:      gcc cmake ninja qt6-base libutf8proc cli11 nlohmann-json gtest strace ttf-dejavu
              clang (for the checks), benchmark (to measure)
 END
 }
@@ -52,7 +52,9 @@ need() {
     done
     return 0
   fi
-  for package in ${!list}; do
+  local compiler=
+  [[ ${CXX:-} != *clang* ]] || compiler=clang
+  for package in ${!list} $compiler; do
     installed "$package" || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return 0
@@ -76,14 +78,16 @@ need_wine32() {
   return 1
 }
 
-# build PRESET [ARGUMENT...]: configures a preset and builds it. Configured anew each time, since a
-# library may have come that was not there before.
+# build PRESET [ARGUMENT...]: configures a preset and builds it, with progress on a terminal only.
+# Configured anew each time, since a library may have come that was not there before.
 build() {
-  local preset=$1 log
+  local preset=$1 log quiet=()
   shift
   log=$(mktemp)
   cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; rm -rf "$log" "build/$preset"; return 1; }
   grep -i -A3 warning "$log" || true
   rm "$log"
-  cmake --build --preset "$preset" "$@"
+  # Ninja of Ubuntu 22.04 does not know this option.
+  if ! [ -t 1 ] && ninja --help 2>&1 | grep -q -e --quiet; then quiet=(-- --quiet); fi
+  cmake --build --preset "$preset" "$@" "${quiet[@]}"
 }

@@ -11,7 +11,7 @@ if [ $# -eq 2 ]; then
 else
   . scripts/dependencies.sh
   need outside
-  build release --target corvane_fault_program corvane-sample -- --quiet
+  build release --target corvane_fault_program corvane-sample
   built=build/release/tests/corvane_fault_program sample=build/release/samples/corvane-sample
 fi
 

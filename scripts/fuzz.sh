@@ -8,7 +8,8 @@ cd "$(dirname "$0")/.."
 seconds=${1:-}
 [[ $seconds =~ ^[1-9][0-9]*$ ]] || { echo "usage: scripts/fuzz.sh SECONDS" >&2; exit 2; }
 need fuzz
-build fuzz -- --quiet
+export ASAN_OPTIONS=detect_stack_use_after_return=1
+build fuzz
 
 # In memory where that is possible, and deep enough for a base name that climbs.
 memory=/dev/shm

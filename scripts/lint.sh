@@ -5,6 +5,6 @@ cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 
 need check
-build clang -- --quiet
+build clang
 git ls-files '*.cpp' | grep -Ev '^(tests|fuzz|benchmarks|tour)/|/windows/' |
   xargs -P "$(nproc)" -n 4 clang-tidy -p build/clang --quiet --warnings-as-errors='*'

@@ -5,8 +5,8 @@ cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 
 need package
-build release --target corvane -- --quiet
-cmake --build --preset release --target package -- --quiet
+build release --target corvane
+cmake --build --preset release --target package >/dev/null
 desktop-file-validate packaging/*.desktop
 appstreamcli validate --no-net build/release/packaging/*.metainfo.xml
 lintian --fail-on error,warning build/release/packages/*.deb

@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 
 need build
-build release --target corvane corvane-sample corvane_tour -- --quiet
+build release --target corvane corvane-sample corvane_tour
 
 game=build/sample-game
 [ -e "$game" ] || build/release/samples/corvane-sample "$game"

@@ -5,6 +5,6 @@ cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 
 need test
-build release -- --quiet
+build release
 [ -x build/release/tests/corvane_tests ] || { echo "The tests were not built." >&2; exit 1; }
 ctest --preset release -j "$(nproc)" --no-tests=error

@@ -45,16 +45,7 @@ void RowControl::Clear() {
 }
 
 void RowControl::AddItem(std::string_view text) {
-  const auto place = Order == RowOrder::ByText
-                         ? std::ranges::upper_bound(Rows, text, LessIgnoringCase) - Rows.begin()
-                         : std::ssize(Rows);
-  InsertItem(static_cast<int>(place), text);
-}
-
-void RowControl::InsertItem(int ahead, std::string_view text) {
-  ahead = std::clamp(ahead, 0, ListCount());
-  if (ahead <= Selected) ++Selected;
-  Rows.emplace(Rows.begin() + ahead, text);
+  Rows.emplace_back(text);
   Redraw();
 }
 
@@ -77,26 +68,29 @@ void RowControl::SetListIndex(int row) {
   Click();
 }
 
-ListBox::ListBox(Form& owner, const ControlRow& row, RowOrder order)
-    : RowControl(owner, row, order) {
+ListBox::ListBox(Form& owner, const ControlRow& row, bool sorted)
+    : RowControl(owner, row), Sorted(sorted) {
   owner.Controls.emplace_back(this);
 }
 
-ComboBox::ComboBox(Form& owner, const ControlRow& row) : RowControl(owner, row, RowOrder::AsAdded) {
+void ListBox::AddItem(std::string_view text) {
+  if (!Sorted) return RowControl::AddItem(text);
+  const auto at = std::ranges::upper_bound(Rows, text, LessIgnoringCase);
+  if (at - Rows.begin() <= Selected) ++Selected;
+  Rows.emplace(at, text);
+  Redraw();
+}
+
+ComboBox::ComboBox(Form& owner, const ControlRow& row) : RowControl(owner, row) {
   owner.Controls.emplace_back(this);
 }
 
-TextBox::TextBox(Form& owner, const ControlRow& row, int typedLimit, TextLines lines)
-    : Control(owner, row), TypedLimit(typedLimit), MultiLine(lines == TextLines::Several) {
+TextBox::TextBox(Form& owner, const ControlRow& row, int typedLimit, bool multiLine)
+    : Control(owner, row), TypedLimit(typedLimit), MultiLine(multiLine) {
   owner.Controls.emplace_back(this);
 }
 
 void TextBox::SetText(std::string_view text) {
-  History = {};
-  ReplaceText(text);
-}
-
-void TextBox::ReplaceText(std::string_view text) {
   if (Content == text) return;
   Content = text;
   SelStart = 0;

@@ -78,10 +78,10 @@ TEST_F(SaveFault, OfTheTables) {
 }
 
 TEST_F(SaveFault, OfABtdFile) {
+  bool closes = false;
   session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtFileName, "new");
-    bool closes = false;
-    dialog.QueryUnload = [&] { return closes = true, false; };
+    dialog.QueryUnload = [&](bool& cancel) { closes = cancel = true; };
     for (const std::size_t length : {0U, 5U, 8526U, 8527U}) {
       FailEveryStep("Maps/new.btd", std::string(length, '#'), [&] {
         closes = false;

@@ -5,8 +5,10 @@
 
 namespace corvane {
 
+struct Form1;
+
 struct dlgAddConnection : Form {
-  explicit dlgAddConnection(int fromMap);
+  explicit dlgAddConnection(Form1& owner);
 
   // Controls: name, caption, place {left, top, width, height}, tab index, parent, accessible name.
   // clang-format off
@@ -24,7 +26,7 @@ struct dlgAddConnection : Form {
   void CancelButton_Click();
 
  private:
-  const int From;
+  Form1& Main;
 };
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// How both windows measure the selection of maps.
+// What both measured windows do alike.
 #pragma once
 
 #include <unistd.h>
@@ -6,8 +6,7 @@
 #include <QtWidgets>
 #include <cstdio>
 
-/// Prints the median time of a selection and its painting, in microseconds, going from map 0 to 42
-/// and back.
+/// Prints the microseconds of a selection, painted; the median on ways from map 0 to 42 and back.
 template <class Select>
 void PrintSelectTime(const Select& select) {
   std::vector<double> times;

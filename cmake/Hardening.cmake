@@ -1,0 +1,17 @@
+# Hardening of the Linux program: position independent, read-only after relocation, with checked
+# stacks, buffers and branches where the compiler offers that.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+foreach(option -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+  string(MAKE_C_IDENTIFIER CORVANE_HAS${option} has)
+  check_cxx_compiler_flag(${option} ${has})
+  target_compile_options(corvane_compiler INTERFACE $<$<BOOL:${${has}}>:${option}>)
+endforeach()
+
+# Some systems define it themselves; it needs an optimizing build.
+target_compile_options(corvane_compiler INTERFACE
+  $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE>
+  $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)
+target_link_options(corvane_compiler INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
