@@ -1,5 +1,5 @@
-// Rows of one table: a job as the program does it beside its floor, the least that the same job can
-// cost. Both are measured by turns, and only their ratio is judged: a busy machine slows both.
+// Rows of one table: a job of the program beside its floor, the least that the same job can cost.
+// The two take turns, and only their ratio is judged: a busy machine slows both.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -13,17 +13,17 @@
 
 namespace corvane {
 
-/// Does its work and gives back what that cost, in the unit that its row's name tells.
+/// Does its work and returns what that cost, in the unit that its row names.
 using Job = std::function<double()>;
 
-/// Ends the run if what was to be measured did not happen.
+/// Ends the run if the work to be measured did not happen.
 inline void Require(bool happened, const char* what) {
   if (happened) return;
   std::fprintf(stderr, "not measured: %s\n", what);
   std::exit(2);
 }
 
-/// Microseconds of one `work`, on average of so many.
+/// The average time of `work` in microseconds.
 template <class Work>
 double Micros(int times, const Work& work) {
   const auto start = std::chrono::steady_clock::now();
@@ -37,11 +37,12 @@ inline double Quartile(std::vector<double> values, std::size_t quarter) {
   return values[(values.size() - 1) * quarter / 4];
 }
 
+/// Adds a row that runs that many rounds and prints itself.
 inline void AddRow(const char* what, const Job& ours, const char* floor, const Job& least,
-                   double atMost, int rounds) {
+                   double maxRatio, int rounds) {
   const auto measure = [=](benchmark::State& state) {
     std::vector<double> costs, floors, ratios;
-    least();  // neither side pays for what is done once
+    least();  // first calls, so that neither side pays for one-time work
     ours();
     for ([[maybe_unused]] auto round : state) {
       const bool first = ratios.size() % 2 == 0;
@@ -50,11 +51,11 @@ inline void AddRow(const char* what, const Job& ours, const char* floor, const J
       if (!first) costs.push_back(ours());
       ratios.push_back(costs.back() / floors.back());
     }
-    // Over where three rounds in four were; a median alone may be noise.
-    const bool over = Quartile(ratios, 1) > atMost;
-    const char* verdict = over ? "OVER" : Quartile(ratios, 2) > atMost ? "unsure" : "holds";
+    // Only a row with three rounds in four above its limit is over: a median alone can be noise.
+    const bool over = Quartile(ratios, 1) > maxRatio;
+    const char* verdict = over ? "OVER" : Quartile(ratios, 2) > maxRatio ? "unsure" : "holds";
     std::printf("| %s | %.1f | %s | %.1f | %.2f | %.2f | %s |\n", what, Quartile(costs, 2), floor,
-                Quartile(floors, 2), Quartile(ratios, 2), atMost, verdict);
+                Quartile(floors, 2), Quartile(ratios, 2), maxRatio, verdict);
     std::fflush(stdout);
   };
   benchmark::RegisterBenchmark(what, measure)->Iterations(rounds);

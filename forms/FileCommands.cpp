@@ -59,7 +59,7 @@ void Form1::mnuFileOpen_Click() {
       Tell(
           "Error reading registry settings. You must have CC4 installed on the machine to use "
           "this utility.");
-      return TheDisplay.EndProgram();
+      return EndProgram();
   }
 }
 

@@ -91,7 +91,7 @@ void Form1::ShowMapRows() {
     if (map < lstMaps.ListCount()) {
       lstMaps.SetList(map, MapRow(map));
     } else {
-      lstMaps.RowControl::AddItem(MapRow(map));
+      lstMaps.InsertItem(lstMaps.ListCount(), MapRow(map));
     }
   }
 }
@@ -171,7 +171,7 @@ void Form1::cmdAddConnection_Click() {
     Tell("You already have the maximum number of connections for one map.");
     return;
   }
-  dlgAddConnection dialog(*this);
+  dlgAddConnection dialog(lstMaps.ListIndex());
   dialog.ShowModal();
   lstMaps_Click();
 }
@@ -186,7 +186,7 @@ void Form1::cmdDeleteConnection_Click() {
 
 void Form1::cmdEditBTD_Click() {
   if (lstMaps.ListIndex() < 0) return;
-  dlgEditBTD dialog(*this);
+  dlgEditBTD dialog(lstMaps.ListIndex());
   dialog.ShowModal();
   ShowCatalogue();
 }
@@ -215,8 +215,6 @@ void Form1::cmdDelete_Click() {
   lstMaps_Click();
 }
 
-void Form1::Form_QueryUnload(bool& cancel) {
-  if (TablesDirty && !Ask("Quit without saving changes?")) cancel = true;
-}
+bool Form1::Form_QueryUnload() { return !TablesDirty || Ask("Quit without saving changes?"); }
 
 }  // namespace corvane

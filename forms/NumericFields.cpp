@@ -3,10 +3,10 @@
 namespace corvane {
 
 void BindField(TextBox& box, const NumericField& field, const RowControl& rows) {
-  box.Validate = [&box, &field, &rows](bool& cancel) {
-    if (EnterField(field, rows.ListIndex(), box.Text())) return;
-    box.SelectAll();
-    cancel = true;
+  box.Validate = [&box, &field, &rows] {
+    const bool stored = EnterField(field, rows.ListIndex(), box.Text());
+    if (!stored) box.SelectAll();
+    return stored;
   };
 }
 

@@ -1,27 +1,26 @@
 #include "forms/dlgAddConnection.h"
 
-#include "forms/Form1.h"
+#include "data/MapCatalogue.h"
 #include "rules/ConnectionEditing.h"
+#include "services/Display.h"
 
 namespace corvane {
 
-dlgAddConnection::dlgAddConnection(Form1& owner)
+dlgAddConnection::dlgAddConnection(int fromMap)
     : Form({"Add Connection", 5490, 1575, Border::FixedDialog, Place{2760, 3750, 0, 0}}),
-      Main(owner) {
+      From(fromMap) {
   Load = [this] { Form_Load(); };
   OKButton.Click = [this] { OKButton_Click(); };
   CancelButton.Click = [this] { CancelButton_Click(); };
 }
 
 void dlgAddConnection::Form_Load() {
-  for (int map = 0; map < Main.lstMaps.ListCount(); ++map) {
-    cboLstMaps.AddItem(Main.lstMaps.List(map));
-  }
+  for (const std::string& row : MapRows) cboLstMaps.AddItem(row);
 }
 
 void dlgAddConnection::OKButton_Click() {
   if (cboLstMaps.ListIndex() < 0) return Tell("Please choose a destination map.");
-  if (!AddConnection(Main.lstMaps.ListIndex(), cboLstMaps.ListIndex())) {
+  if (!AddConnection(From, cboLstMaps.ListIndex())) {
     return Tell("You can not link a map to itself.");
   }
   Unload();

@@ -5,7 +5,7 @@
 #include "HelpTexts.h"
 #include "NumericFields.h"
 #include "data/MapCatalogue.h"
-#include "forms/Form1.h"
+#include "services/Display.h"
 
 namespace corvane {
 namespace {
@@ -41,9 +41,9 @@ constexpr NumericField VLY{MaxByte, false, [](int vl, std::int32_t number) {
 
 }  // namespace
 
-dlgEditBTD::dlgEditBTD(Form1& owner)
+dlgEditBTD::dlgEditBTD(int map)
     : Form({"Edit Map BTD File", 8355, 4965, Border::FixedDialog, Place{2760, 3750, 0, 0}}),
-      Main(owner) {
+      Map(map) {
   EnterButton = &OKButton;
   EscapeButton = &CancelButton;
   Wire();
@@ -51,6 +51,7 @@ dlgEditBTD::dlgEditBTD(Form1& owner)
 
 void dlgEditBTD::Wire() {
   Load = [this] { Form_Load(); };
+  QueryEndSession = [this] { return Form_QueryEndSession(); };
   lstVLs.Click = [this] { lstVLs_Click(); };
   txtVLName.Change = [this] { txtVLName_Change(); };
   BindField(txtVLX, VLX, lstVLs);
@@ -62,8 +63,8 @@ void dlgEditBTD::Wire() {
   cmdHelp.Click = [] { cmdHelp_Click(); };
 }
 
-// The BTD file that the selected row names.
-std::string dlgEditBTD::ListedFile() const { return RowFileName(Main.lstMaps.Text()); }
+// The BTD file that the row of the map names.
+std::string dlgEditBTD::ListedFile() const { return RowFileName(MapRow(Map)); }
 
 VictoryLocation& dlgEditBTD::SelectedVL() const { return EditedVL(lstVLs.ListIndex()); }
 
@@ -79,11 +80,13 @@ void dlgEditBTD::Form_Load() {
   txtAlliedBrief.SetText(FieldText(VLText.AlliedBrief));
   txtAxisBrief.SetText(FieldText(VLText.AxisBrief));
   ShowVLs();
+  OpenedVLs = VLTable;
+  OpenedText = TextOfBoxes();
 }
 
 void dlgEditBTD::FillLists() {
   for (const KindRow& row : KindRows) cboVLType.AddItem(row.Text);
-  for (int map = 0; map < MapSlotCount; ++map) cboVLDest.AddItem(Main.lstMaps.List(map));
+  for (int map = 0; map < MapSlotCount; ++map) cboVLDest.AddItem(MapRow(map));
   cboVLDest.AddItem("254 OFF MAP");
   cboVLDest.SetEnabled(false);
 }
@@ -143,16 +146,28 @@ void dlgEditBTD::cboVLDest_Click() {
 void dlgEditBTD::OKButton_Click() {
   const std::string path = BtdPath(txtFileName.Text() + ".btd", ListedFile());
   if (BtdExists(path) && !Ask("Replace existing " + path + "?")) return;
+  const BtdText text = TextOfBoxes();
+  const auto written = WriteBtd(path, static_cast<std::uint8_t>(Map), VLTable, text);
+  if (!written.Done()) return Tell("Error: " + FailureMessage(written.Error()));
+  VLText = text;
+  SetDestinations(Map, VLTable);
+  Unload();
+}
+
+BtdText dlgEditBTD::TextOfBoxes() const {
   BtdText text;
   SetField(text.BaseName, txtFileName.Text());
   SetField(text.AlliedBrief, txtAlliedBrief.Text());
   SetField(text.AxisBrief, txtAxisBrief.Text());
-  const int map = Main.lstMaps.ListIndex();
-  const auto written = WriteBtd(path, static_cast<std::uint8_t>(map), VLTable, text);
-  if (!written.Done()) return Tell("Error: " + FailureMessage(written.Error()));
-  VLText = text;
-  SetDestinations(map, VLTable);
-  Unload();
+  return text;
+}
+
+// The close box drops the edits, as the user wants it to; the end of a session may come unwanted.
+bool dlgEditBTD::Form_QueryEndSession() const {
+  const bool edited = VLTable != OpenedVLs || TextOfBoxes() != OpenedText ||
+                      txtVLX.Text() != std::to_string(SelectedVL().TileX) ||  // being typed
+                      txtVLY.Text() != std::to_string(SelectedVL().TileY);
+  return !edited || Ask("Quit without saving the changes to the BTD file?");
 }
 
 void dlgEditBTD::CancelButton_Click() { Unload(); }

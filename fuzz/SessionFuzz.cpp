@@ -47,9 +47,12 @@ struct Player : Session {
   void Play(Form& form) {
     while (form.IsOpen() && !Ended && Input.remaining_bytes() > 0) {
       const int gesture = UpTo(15);
-      if (gesture == 0) PressKey(form, static_cast<Key>(UpTo(3)));
+      if (gesture == 0)
+        PressKey(form, {static_cast<Key>(UpTo(5)), {UpTo(1) == 1, UpTo(1) == 1, UpTo(1) == 1}});
       if (gesture == 1) FaultAt = Steps + UpTo(60);
-      if (gesture == 2) UpTo(3) == 0 ? CloseWindow(form) : PressShortcut(form, Shortcut::CtrlS);
+      if (gesture == 2)
+        UpTo(3) == 0 ? CloseWindow(form)
+                     : static_cast<void>(PressKey(form, {"SZYH" [UpTo(3)], { .Ctrl = true }}));
       if (gesture == 3 && !form.Menus.empty()) Menu(*Pick(Pick(form.Menus)->Items));
       if (gesture == 4 && &form == &Main)
         UpTo(1) == 0 ? Main.cmdNewBTD_Click() : Main.cmdDelete_Click();

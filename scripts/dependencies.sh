@@ -1,6 +1,6 @@
 # Sourced by the other scripts: puts the system's packages in place, and builds presets.
 #
-#   need build|test|package|check|fuzz|benchmark|outside|windows
+#   need build|test|package|check|fuzz|benchmark|outside|browser|windows
 #
 # installs what is missing on Debian and Ubuntu, as root or through sudo; elsewhere it names the
 # packages and stops when CMake, Ninja or a compiler is not there.
@@ -9,6 +9,7 @@ packages_build="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-dejavu-
   libutf8proc-dev libcli11-dev nlohmann-json3-dev"
 packages_test="$packages_build libgtest-dev strace"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
+packages_browser="$packages_build chromium chromium-driver python3"
 packages_fuzz="$packages_test clang libclang-rt-dev"
 packages_outside="$packages_test"
 packages_benchmark="$packages_test libbenchmark-dev"

@@ -31,6 +31,16 @@ for preset in windows windows32; do
   # Twice at most: as a window comes up, the screen may take back a key that is held down already.
   run_tests "$preset" -E corvane_tests --repeat until-pass:2
 done
+
+# Linked twice, the program is the same to the byte.
+for preset in windows windows32; do
+  first=$(sha256sum <"build/$preset/Corvane.exe")
+  rm "build/$preset/Corvane.exe"
+  build "$preset" --target corvane
+  [ "$first" = "$(sha256sum <"build/$preset/Corvane.exe")" ] ||
+    { echo "$preset: the same sources made another program" >&2; exit 1; }
+done
+
 rm -f build/Corvane-windows.zip
 zip -qj build/Corvane-windows.zip build/windows/Corvane.exe README.md
 

@@ -32,14 +32,15 @@ struct TestForm : Form {
     lstRows.DblClick = [this] { Log += "double" + lstRows.Text() + " "; };
     cboRows.Click = [this] { Log += "combo" + cboRows.Text() + " "; };
     txtName.Change = [this] { Log += "name" + txtName.Text() + " "; };
-    txtNumber.Validate = [this](bool& cancel) {
-      cancel = txtNumber.Text() == "x";
-      Log += cancel ? "refuse " : "accept ";
-      if (cancel) txtNumber.SelectAll();
+    txtNumber.Validate = [this] {
+      const bool refused = txtNumber.Text() == "x";
+      Log += refused ? "refuse " : "accept ";
+      if (refused) txtNumber.SelectAll();
+      return !refused;
     };
-    QueryUnload = [this](bool& cancel) {
+    QueryUnload = [this] {
       Log += "unload ";
-      cancel = true;
+      return false;
     };
   }
   // The events since the last call.
@@ -52,11 +53,11 @@ struct TestForm : Form {
   Button   cmdHelp  {*this, {"cmdHelp",   "&Help",  {2760, 3840, 1215,  375},  8}};
   Frame    Holder   {*this, {"Holder",    "Holder", { 120,  360, 2400, 4980}, 20}};
   ListBox  lstRows  {*this, {"lstRows",   "",       { 120,  240, 2055, 1005},  0, &Holder}};
-  ListBox  lstFew   {*this, {"lstFew",    "",       { 120, 1440, 2055,  990},  1, &Holder}, true};
+  ListBox  lstFew   {*this, {"lstFew",    "",       { 120, 1440, 2055,  990},  1, &Holder}, RowOrder::ByText};
   ComboBox cboRows  {*this, {"cboRows",   "",       { 120, 2640,  975,  315},  2, &Holder}};
   TextBox  txtNumber{*this, {"txtNumber", "",       {2760,  360,  615,  285},  3}};
   TextBox  txtName  {*this, {"txtName",   "",       {2760,  720, 1455,  285},  4}, 5};
-  TextBox  txtLines {*this, {"txtLines",  "",       {2760, 1200, 3600, 1335},  5}, 0, true};
+  TextBox  txtLines {*this, {"txtLines",  "",       {2760, 1200, 3600, 1335},  5}, 0, TextLines::Several};
   Label    lblNote  {*this, {"lblNote",   "Note",   {4200, 2880, 1215,  255}, 10}, Alignment::Left};
   MenuEntry mnuFile {*this,   "mnuFile", "&File"};
   MenuItem  mnuSave {mnuFile, "mnuSave", "&Save", Shortcut::CtrlS};

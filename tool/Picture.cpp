@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 #include "PageParts.h"
 #include "PictureParts.h"
@@ -135,11 +136,18 @@ std::string PointInHalves(Point point) { return InHalves(point.X) + " " + InHalv
 
 std::string Place(Point point) { return std::to_string(point.X) + " " + std::to_string(point.Y); }
 
-// From a map to itself, around the arrow or, without one, above the hotspot.
+// From a map to itself: a loop whose far end, three quarters of the way to its two control points,
+// is `middle` (in halves).
 std::string LoopPath(Point spot, Point middle) {
-  const Point left{2 * middle.X - 2 * spot.X - 40, 2 * middle.Y - 2 * spot.Y};
-  const Point right{left.X + 80, left.Y};
-  return "M" + Place(spot) + "c" + PointInHalves(left) + " " + PointInHalves(right) + " 0 0";
+  constexpr int Wide = 40;
+  const Point far{(middle.X - 2 * spot.X) * 4 / 3, (middle.Y - 2 * spot.Y) * 4 / 3};
+  return "M" + Place(spot) + "c" + PointInHalves({far.X - Wide, far.Y}) + " " +
+         PointInHalves({far.X + Wide, far.Y}) + " 0 0";
+}
+
+bool IsOnSheet(Point halves) {
+  return std::abs(halves.X - ScreenWidth) <= ScreenWidth + 2 * SheetMargin &&
+         std::abs(halves.Y - ScreenHeight) <= ScreenHeight + 2 * SheetMargin;
 }
 
 std::string RoadTitle(const Scene& scene, const Road& road) {
@@ -325,13 +333,18 @@ std::string RoadPath(const Scene& scene, const Road& road) {
   const Point to = SpotOf(scene, road.To);
   const auto arrow = std::ranges::find(scene.Arrows, road.Arrow, &SceneArrow::Arrow);
   const bool hasArrow = arrow != scene.Arrows.end();
-  Point middle{from.X + to.X, from.Y + to.Y};
-  if (hasArrow)
-    middle = {arrow->Place.Left + arrow->Place.Right, arrow->Place.Top + arrow->Place.Bottom};
-  if (road.From == road.To)
-    return LoopPath(from, hasArrow ? middle : Point{2 * from.X, 2 * from.Y - 60});
-  if (!hasArrow) return "M" + Place(from) + "L" + Place(to);
-  return "M" + Place(from) + "Q" + PointInHalves(Bend(from, to, middle)) + " " + Place(to);
+  Point middle{from.X + to.X, from.Y + to.Y - (road.From == road.To ? 60 : 0)};
+  if (hasArrow) {
+    const Box& place = arrow->Place;
+    middle = {place.Left + place.Right, place.Top + place.Bottom};
+  }
+  if (road.From == road.To) return LoopPath(from, middle);
+  const std::string start = "M" + Place(from);
+  if (!hasArrow) return start + "L" + Place(to);
+  const Point bend = Bend(from, to, middle);
+  // A curve that would swing off the sheet has a corner at its arrow instead.
+  if (!IsOnSheet(bend)) return start + "L" + PointInHalves(middle) + "L" + Place(to);
+  return start + "Q" + PointInHalves(bend) + " " + Place(to);
 }
 
 std::string DrawSvg(const Picture& picture) {

@@ -57,18 +57,22 @@ void DrawOldArrows(Sheet& sheet, const Scene& before) {
   }
 }
 
-bool Leads(const std::vector<Road>& roads, int from, int to) {
+bool Connects(const std::vector<Road>& roads, int from, int to) {
   return std::ranges::any_of(roads, [from, to](const Road& road) {
+    if (road.Kind == RoadKind::Missing) return false;
     return (road.From == from && road.To == to) ||
            (road.HeadAtBothEnds && road.From == to && road.To == from);
   });
 }
 
+bool IsLost(const std::vector<Road>& now, const Road& road) {
+  return !Connects(now, road.From, road.To) ||
+         (road.HeadAtBothEnds && !Connects(now, road.To, road.From));
+}
+
 void DrawLostRoads(Sheet& sheet, const Scene& before) {
   for (const Road& road : before.Roads) {
-    const bool lost = !Leads(sheet.Now.Roads, road.From, road.To) ||
-                      (road.HeadAtBothEnds && !Leads(sheet.Now.Roads, road.To, road.From));
-    if (!lost) continue;
+    if (road.Kind == RoadKind::Missing || !IsLost(sheet.Now.Roads, road)) continue;
     sheet.Out.Open("path", {{"class", "gone"}, {"d", RoadPath(before, road)}});
     sheet.Out.Leaf(
         "title", {},

@@ -13,8 +13,8 @@ namespace {
 constexpr int BadgeHeight = 10;
 constexpr int ListSize = 9;  // of letters, in pixels
 constexpr int LineHeight = 12;
-constexpr int ColumnWidth = 288;
-constexpr int ColumnPitch = 300;
+constexpr int ColumnWidth = 284;
+constexpr int ColumnPitch = 296;
 constexpr int ListColumns = 4;  // one beside the map and, below all, three more
 constexpr int FirstColumn = ScreenWidth + SheetMargin + 20;
 

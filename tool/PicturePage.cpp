@@ -164,13 +164,18 @@ void WriteMark(Markup& out, const Mark& mark, std::size_t number) {
   out.Open("li",
            {{"id", "found-" + std::to_string(number)}, {"class", finding ? "finding" : "warning"}});
   out.Leaf("span", {{"class", "kind"}}, finding ? "Finding: " : "Warning: ");
-  out.Leaf("a",
-           {{"href", mark.Map >= 0 ? "#map-" + std::to_string(mark.Map)
-                                   : "#arrow-" + std::to_string(mark.Arrow)},
-            {"data-mark", number},
-            {"data-map", mark.Map},
-            {"data-arrow", mark.Arrow}},
-           mark.Text);
+  if (mark.Map < 0 && mark.Arrow < 0) {
+    out.Text(mark.Text);
+  } else {
+    const std::string place =
+        mark.Map >= 0 ? "#map-" + std::to_string(mark.Map) : "#arrow-" + std::to_string(mark.Arrow);
+    out.Leaf("a",
+             {{"href", place},
+              {"data-mark", number},
+              {"data-map", mark.Map},
+              {"data-arrow", mark.Arrow}},
+             mark.Text);
+  }
   out.Close();
 }
 

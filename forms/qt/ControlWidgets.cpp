@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "Look.h"
-#include "services/FormView.h"
 #include "services/Gestures.h"
 
 namespace corvane {
@@ -39,7 +38,7 @@ class RowList : public QListWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override { Do(*event, DoubleClick); }
   void keyPressEvent(QKeyEvent* event) override {
     QListWidget::keyPressEvent(event);
-    PerformAt(Shown, [this] { PickRow(Shown, currentRow()); });
+    PickRow(Shown, currentRow());
   }
   // The list view's own would make a row the current one.
   void focusInEvent(QFocusEvent* event) override {
@@ -51,7 +50,7 @@ class RowList : public QListWidget {
   void Do(const QMouseEvent& event, void (*gesture)(ListBox&, int row)) {
     const int row = indexAt(event.position().toPoint()).row();
     if (row < 0 || !(event.buttons() & Qt::LeftButton)) return;
-    PerformAt(Shown, [&] { gesture(Shown, row); });
+    gesture(Shown, row);
   }
 
   ListBox& Shown;
@@ -84,7 +83,7 @@ ControlWidget MakeEdit(TextBox& box, Edit* edit) {
   QObject::connect(edit, &Edit::textChanged, edit, [&box, edit] {
     const QString held = TextOf(*edit);
     const std::string beforeCaret = held.left(CaretOf(*edit)).toStdString();
-    PerformAt(box, [&] { EditText(box, FindEdit(box, held.toStdString(), beforeCaret)); });
+    EditText(box, FindEdit(box, held.toStdString(), beforeCaret));
   });
   return {&box, edit, [&box, edit] {
             const QSignalBlocker quiet(edit);
@@ -121,9 +120,9 @@ ControlWidget Make(Button& button, QWidget* parent) {
   auto* widget = new QPushButton(QString::fromUtf8(button.Caption), parent);
   const QSize room = PlaceOf(button).size() - QSize(6, 0);
   widget->setFont(Narrowed(widget->text(), room, Qt::TextShowMnemonic));
+  widget->setShortcut({});                                  // the form knows its mnemonics
   widget->setDefault(button.Owner.EnterButton == &button);  // its look; Enter is a gesture
-  QObject::connect(widget, &QPushButton::clicked, widget,
-                   [&button] { PerformAt(button, [&] { Press(button); }); });
+  QObject::connect(widget, &QPushButton::clicked, widget, [&button] { Press(button); });
   return {&button, widget, [] {}};
 }
 
@@ -157,8 +156,7 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
   box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
   box->view()->setFont(PlainFont());
   const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + 6, 0);
-  QObject::connect(box, &QComboBox::activated, box,
-                   [&combo](int row) { PerformAt(combo, [&] { PickRow(combo, row); }); });
+  QObject::connect(box, &QComboBox::activated, box, [&combo](int row) { PickRow(combo, row); });
   return {&combo, box, [&combo, box, room] {
             const bool newRows = MirrorRows(combo, *box->model());
             box->setCurrentIndex(combo.ListIndex());

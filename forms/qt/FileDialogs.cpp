@@ -2,28 +2,17 @@
 
 #include <QtWidgets>
 
-#include "base/FolderScan.h"
-
 namespace corvane {
 namespace {
 
 constexpr QSize DialogSize(760, 440);  // room for names beside sizes, kinds and dates
 
-// What was chosen; a file that must exist is found in any letter case.
-QFileInfo ChosenFile(const QString& name, int flags) {
-  const QFileInfo file(name);
-  if (!(flags & FileMustExist)) return file;
-  const std::string folder = file.path().toStdString();
-  return QFileInfo(file.dir(),
-                   QString::fromStdString(NameInFolder(folder, file.fileName().toStdString())));
-}
-
-// Refuses what its flags refuse, and stays open.
+// Refuses what its settings refuse, and stays open.
 class FileDialog : public QFileDialog {
  public:
-  FileDialog(QWidget* owner, const QString& title, int flags)
+  FileDialog(QWidget* owner, const QString& title, const CommonDialog& settings)
       : QFileDialog(owner, title),
-        Flags(flags),
+        Settings(settings),
         Typed(findChild<QLineEdit*>("fileNameEdit")),
         Completions(Typed->completer()->popup()) {
     Completions->installEventFilter(this);
@@ -32,13 +21,10 @@ class FileDialog : public QFileDialog {
  protected:
   void accept() override {
     CleanTypedName();
-    const QString name = selectedFiles().value(0);
-    const QFileInfo file = ChosenFile(name, Flags);
-    const char* missing = nullptr;
-    if ((Flags & PathMustExist) && !file.dir().exists()) missing = "\r\nPath does not exist.";
-    if ((Flags & FileMustExist) && !file.exists()) missing = "\r\nFile not found.";
-    if (name.isEmpty() || !missing) return QFileDialog::accept();
-    ShowMessageBox(this, name.toStdString() + missing, MessageButtons::Ok);
+    const std::string name = selectedFiles().value(0).toStdString();
+    const std::string refusal = Settings.Refusal(name);
+    if (name.empty() || refusal.empty()) return QFileDialog::accept();
+    ShowMessageBox(this, refusal, MessageButtons::Ok);
   }
 
   // Return takes what is typed, unless one of its completions was picked; Qt would only close them.
@@ -63,7 +49,7 @@ class FileDialog : public QFileDialog {
     Typed->setText(QDir::cleanPath(directory().absoluteFilePath(name)));
   }
 
-  int Flags;
+  const CommonDialog& Settings;
   QLineEdit* Typed;
   QAbstractItemView* Completions;
 };
@@ -100,7 +86,7 @@ QStringList NameFilters(const std::string& filter) {
 }  // namespace
 
 void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptMode mode) {
-  FileDialog dialog(owner, mode == QFileDialog::AcceptSave ? "Save As" : "Open", settings.Flags);
+  FileDialog dialog(owner, mode == QFileDialog::AcceptSave ? "Save As" : "Open", settings);
   const QStringList filters = NameFilters(settings.Filter);
   const QString folder = QString::fromStdString(settings.InitDir);
   // One behaviour everywhere; whether to overwrite is the program's own question.
@@ -113,9 +99,8 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   dialog.setDirectory(folder.isEmpty() ? QDir::currentPath() : folder);
   dialog.setNameFilters(filters);
   dialog.selectNameFilter(filters.value(settings.FilterIndex - 1));
-  dialog.setDefaultSuffix(QString::fromStdString(settings.DefaultExt));
   if (dialog.exec() != QDialog::Accepted) return;
-  const QFileInfo file = ChosenFile(dialog.selectedFiles().value(0), settings.Flags);
+  const QFileInfo file(dialog.selectedFiles().value(0));
   QDir::setCurrent(file.absolutePath());  // where the next one starts
   settings.FileName = file.filePath().toStdString();
   settings.FileTitle = file.fileName().toStdString();

@@ -1,19 +1,39 @@
 #include "FormWindow.h"
 
 #include <QtWidgets>
-#include <algorithm>
-#include <map>
 
 #include "services/Gestures.h"
 
 namespace corvane {
 namespace {
 
-const std::map<int, Key> WindowKeys = {{Qt::Key_Tab, Key::Tab},
-                                       {Qt::Key_Backtab, Key::BackTab},
-                                       {Qt::Key_Return, Key::Enter},
-                                       {Qt::Key_Enter, Key::Enter},
-                                       {Qt::Key_Escape, Key::Escape}};
+Key KeyOf(int key) {
+  switch (key) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return Key::Tab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return Key::Enter;
+    case Qt::Key_Escape:
+      return Key::Escape;
+    case Qt::Key_Backspace:
+      return Key::Backspace;
+    default:
+      return Key::Other;
+  }
+}
+
+KeyStroke StrokeOf(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers held = event.modifiers();
+  const Modifiers with = {
+      .Ctrl = held.testFlag(Qt::ControlModifier),
+      .Shift = held.testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab,
+      .Alt = held.testFlag(Qt::AltModifier)};
+  const bool letter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+  return letter ? KeyStroke(static_cast<char>(event.key()), with)
+                : KeyStroke(KeyOf(event.key()), with);
+}
 
 }  // namespace
 
@@ -25,9 +45,10 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
   SetFrame();
   create();
   qApp->installEventFilter(this);  // the window's events: ahead of any widget, and of the focus
-  MirrorAll();
-  connect(qApp, &QApplication::focusChanged, this,
-          [this](QWidget*, const QWidget* now) { FollowFocus(now); });
+  MirrorEverything();
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
+    if (Control* control = ControlOf(now)) FollowFocus(*control);
+  });
 }
 
 FormWindow::~FormWindow() { qApp->disconnect(this); }  // the focus leaves widgets that go
@@ -35,10 +56,10 @@ FormWindow::~FormWindow() { qApp->disconnect(this); }  // the focus leaves widge
 void FormWindow::AddControls() {
   for (const AnyControl& any : Shown.Controls) {  // a frame ahead of what it holds
     const Control* frame = std::visit([](auto* control) { return control->Parent; }, any);
-    const auto holder = std::ranges::find(Widgets, frame, &ControlWidget::Shown);
-    QWidget* parent = holder == Widgets.end() ? centralWidget() : holder->Widget;
-    Widgets.push_back(MakeControlWidget(any, parent));
-    Widgets.back().Shown->Redraw();
+    void* const holder = WidgetOf(frame);
+    const ControlWidget made =
+        MakeControlWidget(any, holder ? static_cast<QWidget*>(holder) : centralWidget());
+    AddView({made.Shown, made.Widget, made.Mirror});
   }
 }
 
@@ -46,17 +67,16 @@ void FormWindow::AddMenu(MenuEntry& entry) {
   menuBar()->setNativeMenuBar(false);
   QMenu* menu = menuBar()->addMenu(QString::fromUtf8(entry.Caption));
   menu->setObjectName(entry.Name);
-  connect(menu, &QMenu::aboutToShow, this, [&entry] { Perform([&] { OpenMenu(entry); }); });
+  connect(menu, &QMenu::aboutToShow, this, [&entry] { OpenMenu(entry); });
   for (MenuItem* item : entry.Items) {
     QAction* action = menu->addAction(QString::fromUtf8(item->Caption));
     action->setObjectName(item->Name);
     connect(menu, &QMenu::aboutToShow, action, [=] { action->setEnabled(item->Enabled); });
-    connect(action, &QAction::triggered, this, [=] { Perform([=] { Choose(*item); }); });
+    connect(action, &QAction::triggered, this, [=] { Choose(*item); });
     if (item->Key == Shortcut::None) continue;
-    // Not the action's own shortcut: a greyed item has to be asked whether it is available now.
-    action->setText(action->text() + "\tCtrl+S");
-    connect(new QShortcut(QKeySequence("Ctrl+S"), this), &QShortcut::activated, this,
-            [this] { Perform([this] { PressShortcut(Shown, Shortcut::CtrlS); }); });
+    // Shown and told to screen readers; the stroke itself is the form's.
+    action->setShortcut(QKeySequence("Ctrl+S"));
+    action->setShortcutContext(Qt::WidgetShortcut);
   }
 }
 
@@ -84,32 +104,22 @@ void FormWindow::Close() {
   if (!Below) QApplication::exit();  // leaves every nested loop, too
 }
 
-void FormWindow::Mirror(const std::set<const Control*>& changed) {
-  for (const ControlWidget& widget : Widgets) {
-    if (changed.contains(widget.Shown)) widget.Mirror();
-  }
+void FormWindow::MirrorFocus(void* widget) {
   if (KeyboardInMenu()) return;  // the menu gives it back
-  const auto focused = std::ranges::find(Widgets, Shown.Focused, &ControlWidget::Shown);
-  QWidget* now = focusWidget();
-  if (focused == Widgets.end()) {
-    if (now) now->clearFocus();
-  } else if (focused->Widget != now) {
-    focused->Widget->setFocus(MovesFor);
+  auto* const wanted = static_cast<QWidget*>(widget);
+  if (wanted == focusWidget()) return;
+  if (wanted) {
+    wanted->setFocus(MovesFor);
+  } else {
+    focusWidget()->clearFocus();
   }
-}
-
-// The focus may come from elsewhere, such as a screen reader.
-void FormWindow::FollowFocus(const QWidget* now) {
-  const auto at = std::ranges::find(Widgets, now, &ControlWidget::Widget);
-  if (at == Widgets.end() || at->Shown == Shown.Focused) return;
-  Perform([&] { static_cast<void>(MoveFocus(*at->Shown)); });
 }
 
 bool FormWindow::KeyboardInMenu() const { return menuWidget() && focusWidget() == menuWidget(); }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // unloading the form closes the window, or does not
-  Perform([this] { CloseWindow(Shown); });
+  CloseWindow(Shown);
 }
 
 bool FormWindow::eventFilter(QObject* target, QEvent* event) {
@@ -118,47 +128,39 @@ bool FormWindow::eventFilter(QObject* target, QEvent* event) {
   }
   if (target != windowHandle() || QApplication::activePopupWidget()) return false;
   switch (event->type()) {
-    case QEvent::MouseButtonPress:
-      PressRefused = RefusesPress(static_cast<QMouseEvent*>(event)->position().toPoint());
+    case QEvent::MouseButtonPress:  // ahead of the focus, which moves before the widget reacts
+      PressRefused =
+          !AllowPress(Shown, ControlAt(static_cast<QMouseEvent*>(event)->position().toPoint()));
       return PressRefused;
     case QEvent::MouseButtonDblClick:  // comes right behind its second press
       return PressRefused;
     case QEvent::KeyPress:  // the rows of a combo box close before this comes
       return KeyInPopup || TakesKey(*static_cast<QKeyEvent*>(event));
-    case QEvent::Wheel: {  // over a combo box without the focus it would pick a row there
-      QWidget* under = childAt(static_cast<QWheelEvent*>(event)->position().toPoint());
-      return qobject_cast<QComboBox*>(under) && under != focusWidget();
-    }
+    case QEvent::Wheel:
+      return !AllowWheel(Shown, ControlAt(static_cast<QWheelEvent*>(event)->position().toPoint()));
     default:
       return false;
   }
 }
 
-// Asks whether the focus may go to the control under a press, before anything reacts to that.
-bool FormWindow::RefusesPress(const QPoint& at) {
-  for (QWidget* under = childAt(at); under; under = under->parentWidget()) {
-    const auto pressed = std::ranges::find(Widgets, under, &ControlWidget::Widget);
-    if (pressed == Widgets.end()) continue;
-    if (under->focusPolicy() == Qt::NoFocus || !under->isEnabled()) return false;
-    return !Attempt([&] { return MoveFocus(*pressed->Shown); });
+Control* FormWindow::ControlAt(const QPoint& at) const {
+  for (const QWidget* under = childAt(at); under; under = under->parentWidget()) {
+    if (Control* control = ControlOf(under)) return control;
   }
-  return false;
+  return nullptr;
 }
 
 bool FormWindow::TakesKey(const QKeyEvent& event) {
-  const auto key = WindowKeys.find(event.key());
-  if (key == WindowKeys.end() || KeyboardInMenu()) return false;
-  auto* lines = qobject_cast<QPlainTextEdit*>(focusWidget());
-  if (lines && key->second == Key::Enter && event.modifiers() & Qt::ControlModifier) {
-    lines->insertPlainText("\n");
-    lines->ensureCursorVisible();
-    return true;
-  }
-  const bool tab = key->second == Key::Tab || key->second == Key::BackTab;
-  MovesFor = tab ? Qt::TabFocusReason : Qt::OtherFocusReason;
-  const bool taken = Attempt([&] { return PressKey(Shown, key->second); });
+  if (KeyboardInMenu()) return false;
+  const KeyStroke stroke = StrokeOf(event);
+  MovesFor = stroke.Pressed == Key::Tab ? Qt::TabFocusReason : Qt::OtherFocusReason;
+  const bool taken = PressKey(Shown, stroke);
   MovesFor = Qt::OtherFocusReason;
-  return taken || tab;
+  auto* lines = qobject_cast<QPlainTextEdit*>(focusWidget());
+  if (taken || stroke.Pressed != Key::Enter || !lines) return taken;
+  lines->insertPlainText("\n");  // with Ctrl the widget would not
+  lines->ensureCursorVisible();
+  return true;
 }
 
 }  // namespace corvane

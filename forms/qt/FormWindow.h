@@ -4,8 +4,6 @@
 
 #include <QEventLoop>
 #include <QMainWindow>
-#include <set>
-#include <vector>
 
 #include "ControlWidgets.h"
 #include "services/FormView.h"
@@ -24,7 +22,7 @@ class FormWindow : public QMainWindow, public FormView {
   [[nodiscard]] static FormWindow* Top() { return static_cast<FormWindow*>(FormView::Top()); }
 
  protected:
-  void Mirror(const std::set<const Control*>& changed) override;
+  void MirrorFocus(void* widget) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* target, QEvent* event) override;
   bool focusNextPrevChild(bool) override { return true; }  // the form moves the focus, no one else
@@ -34,11 +32,9 @@ class FormWindow : public QMainWindow, public FormView {
   void AddMenu(MenuEntry& entry);
   void SetFrame();
   [[nodiscard]] bool KeyboardInMenu() const;
-  void FollowFocus(const QWidget* now);
-  bool RefusesPress(const QPoint& at);
+  [[nodiscard]] Control* ControlAt(const QPoint& at) const;  // or nullptr
   bool TakesKey(const QKeyEvent& event);
 
-  std::vector<ControlWidget> Widgets;
   QEventLoop Loop;
   bool PressRefused = false;  // the last one was
   bool KeyInPopup = false;    // the last one began there

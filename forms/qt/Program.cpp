@@ -7,6 +7,7 @@
 #include "Dialogs.h"
 #include "FormWindow.h"
 #include "Look.h"
+#include "SessionEnd.h"
 #include "services/Display.h"
 
 namespace corvane {
@@ -29,6 +30,7 @@ int RunProgram(int argc, char** argv, Form& form) {
   TheDisplay.ShowSaveDialog = [](CommonDialog& file) {
     ShowFileDialog(FormWindow::Top(), file, QFileDialog::AcceptSave);
   };
+  const SessionEnd sessionEnd;
   form.ShowModal();
   TheDisplay = {};
   return 0;

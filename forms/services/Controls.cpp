@@ -45,7 +45,16 @@ void RowControl::Clear() {
 }
 
 void RowControl::AddItem(std::string_view text) {
-  Rows.emplace_back(text);
+  const auto place = Order == RowOrder::ByText
+                         ? std::ranges::upper_bound(Rows, text, LessIgnoringCase) - Rows.begin()
+                         : std::ssize(Rows);
+  InsertItem(static_cast<int>(place), text);
+}
+
+void RowControl::InsertItem(int ahead, std::string_view text) {
+  ahead = std::clamp(ahead, 0, ListCount());
+  if (ahead <= Selected) ++Selected;
+  Rows.emplace(Rows.begin() + ahead, text);
   Redraw();
 }
 
@@ -68,29 +77,26 @@ void RowControl::SetListIndex(int row) {
   Click();
 }
 
-ListBox::ListBox(Form& owner, const ControlRow& row, bool sorted)
-    : RowControl(owner, row), Sorted(sorted) {
+ListBox::ListBox(Form& owner, const ControlRow& row, RowOrder order)
+    : RowControl(owner, row, order) {
   owner.Controls.emplace_back(this);
 }
 
-void ListBox::AddItem(std::string_view text) {
-  if (!Sorted) return RowControl::AddItem(text);
-  const auto at = std::ranges::upper_bound(Rows, text, LessIgnoringCase);
-  if (at - Rows.begin() <= Selected) ++Selected;
-  Rows.emplace(at, text);
-  Redraw();
-}
-
-ComboBox::ComboBox(Form& owner, const ControlRow& row) : RowControl(owner, row) {
+ComboBox::ComboBox(Form& owner, const ControlRow& row) : RowControl(owner, row, RowOrder::AsAdded) {
   owner.Controls.emplace_back(this);
 }
 
-TextBox::TextBox(Form& owner, const ControlRow& row, int typedLimit, bool multiLine)
-    : Control(owner, row), TypedLimit(typedLimit), MultiLine(multiLine) {
+TextBox::TextBox(Form& owner, const ControlRow& row, int typedLimit, TextLines lines)
+    : Control(owner, row), TypedLimit(typedLimit), MultiLine(lines == TextLines::Several) {
   owner.Controls.emplace_back(this);
 }
 
 void TextBox::SetText(std::string_view text) {
+  History = {};
+  ReplaceText(text);
+}
+
+void TextBox::ReplaceText(std::string_view text) {
   if (Content == text) return;
   Content = text;
   SelStart = 0;

@@ -1,17 +1,115 @@
 #include "services/Display.h"
 
+#include <algorithm>
+#include <filesystem>
+
+#include "base/FolderScan.h"
+#include "base/LetterCase.h"
+#include "services/FormView.h"
+
 namespace corvane {
+namespace {
 
-void CommonDialog::ShowOpen() { TheDisplay.ShowOpenDialog(*this); }
+int Boxes = 0;  // message boxes and file dialogs that stand
 
-void CommonDialog::ShowSave() { TheDisplay.ShowSaveDialog(*this); }
-
-void Tell(const std::string& text) {
-  static_cast<void>(TheDisplay.ShowMessage(text, MessageButtons::Ok));
+// Shows a box or dialog over windows that are up to date, and counts it meanwhile.
+template <class Show>
+void StandOver(const Show& show) {
+  if (TheDisplay.HasEnded) return;
+  ShowChanges();
+  ++Boxes;
+  show();
+  --Boxes;
 }
 
+MessageAnswer ShowBox(const std::string& text, MessageButtons buttons) {
+  MessageAnswer answer = MessageAnswer::No;
+  StandOver([&] { answer = TheDisplay.ShowMessage(text, buttons); });
+  return answer;
+}
+
+// Paths in the program are UTF-8 on every system.
+std::filesystem::path PathOf(const std::string& text) {
+  return {std::u8string(text.begin(), text.end())};
+}
+
+std::size_t NameStart(const std::string& path) {
+  const std::size_t separator = path.find_last_of(std::string("/") + Separator);
+  return separator == path.npos ? 0 : separator + 1;
+}
+
+bool EndsIn(const std::string& name, const std::string& extension) {
+  return ToUpper(name).ends_with(ToUpper(extension));
+}
+
+// The patterns of a filter are its every second part, "*.crv" or "*.a;*.b".
+bool EndsAsFiltered(const std::string& name, const std::string& filter) {
+  bool pattern = false;
+  for (std::size_t at = 0; at <= filter.size(); pattern = !pattern) {
+    const std::size_t end = std::min(filter.find('|', at), filter.size());
+    while (pattern && at < end) {
+      const std::size_t next = std::min(filter.find(';', at), end);
+      if (filter[at] == '*' && EndsIn(name, filter.substr(at + 1, next - at - 1))) return true;
+      at = next + 1;
+    }
+    at = end + 1;
+  }
+  return false;
+}
+
+// The folder of a path, as NameInFolder takes it.
+std::string FolderOf(const std::string& path) {
+  const std::size_t start = NameStart(path);
+  return path.substr(0, start > 1 ? start - 1 : start);
+}
+
+// The path with the name that stands there but for its letter case.
+std::string Existing(const std::string& path) {
+  const std::size_t start = NameStart(path);
+  return path.substr(0, start) + NameInFolder(FolderOf(path), path.substr(start));
+}
+
+void Settle(CommonDialog& dialog, const std::string& path) {
+  if (path.empty()) return;
+  dialog.FileName = Existing(path);
+  dialog.FileTitle = dialog.FileName.substr(NameStart(dialog.FileName));
+}
+
+}  // namespace
+
+void CommonDialog::ShowOpen() {
+  StandOver([this] { TheDisplay.ShowOpenDialog(*this); });
+  Settle(*this, FileName);
+}
+
+void CommonDialog::ShowSave() {
+  StandOver([this] { TheDisplay.ShowSaveDialog(*this); });
+  const bool complete = FileName.empty() || EndsAsFiltered(FileName, Filter);
+  Settle(*this, complete ? FileName : FileName + DefaultExt);
+}
+
+std::string CommonDialog::Refusal(const std::string& path) const {
+  std::error_code ignored;  // what cannot be asked about is not there
+  if ((Flags & PathMustExist) && !std::filesystem::is_directory(PathOf(FolderOf(path)), ignored)) {
+    return path + "\r\nPath does not exist.";
+  }
+  if ((Flags & FileMustExist) && !std::filesystem::exists(PathOf(Existing(path)), ignored)) {
+    return path + "\r\nFile not found.";
+  }
+  return {};
+}
+
+void Tell(const std::string& text) { static_cast<void>(ShowBox(text, MessageButtons::Ok)); }
+
 bool Ask(const std::string& text) {
-  return TheDisplay.ShowMessage(text, MessageButtons::YesNo) == MessageAnswer::Yes;
+  return ShowBox(text, MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+bool BoxStands() { return Boxes > 0; }
+
+void EndProgram() {
+  TheDisplay.HasEnded = true;
+  TheDisplay.EndProgram();
 }
 
 }  // namespace corvane

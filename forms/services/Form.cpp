@@ -1,28 +1,20 @@
 #include "services/Form.h"
 
 #include <algorithm>
-#include <type_traits>
 
 #include "services/Display.h"
+#include "services/FormView.h"
 
 namespace corvane {
 namespace {
 
-// The control as one that can take the focus, or nothing for labels and frames.
-Control* FocusTaker(const AnyControl& any) {
-  return std::visit(
-      [](auto* control) -> Control* {
-        using Kind = std::remove_pointer_t<decltype(control)>;
-        if constexpr (std::is_same_v<Kind, Label> || std::is_same_v<Kind, Frame>) {
-          return nullptr;
-        } else {
-          return control;
-        }
-      },
-      any);
-}
+std::vector<Form*> Stack;  // from the main window to the topmost one
 
 }  // namespace
+
+std::vector<Form*> OpenForms() { return {Stack.rbegin(), Stack.rend()}; }
+
+Form* TopForm() { return Stack.empty() ? nullptr : Stack.back(); }
 
 MenuItem::MenuItem(MenuEntry& under, const char* name, const char* caption, Shortcut key)
     : Under(under), Name(name), Caption(caption), Key(key) {
@@ -34,8 +26,11 @@ MenuEntry::MenuEntry(Form& owner, const char* name, const char* caption)
   owner.Menus.push_back(this);
 }
 
+Form::~Form() { std::erase(Stack, this); }
+
 void Form::Open() {
-  Opened = true;
+  std::erase(Stack, this);
+  Stack.push_back(this);
   Load();
   const std::vector<Control*> order = TabOrder();
   Focused = order.empty() ? nullptr : order.front();
@@ -43,22 +38,24 @@ void Form::Open() {
 
 void Form::ShowModal() {
   Open();
-  if (Opened) TheDisplay.ShowModal(*this);
+  if (!IsOpen() || TheDisplay.HasEnded) return;
+  ShowChanges();  // of the window that this one will stand on
+  TheDisplay.ShowModal(*this);
 }
 
 void Form::Unload() {
-  bool cancel = false;
-  QueryUnload(cancel);
-  if (cancel) return;
-  Opened = false;
+  if (!QueryUnload()) return;
+  std::erase(Stack, this);
   TheDisplay.Close(*this);
 }
+
+bool Form::IsOpen() const { return std::ranges::find(Stack, this) != Stack.end(); }
 
 std::vector<Control*> Form::TabOrder() const {
   std::vector<Control*> order;
   for (const AnyControl& any : Controls) {
-    Control* control = FocusTaker(any);
-    if (control && control->Enabled() && control->Visible()) order.push_back(control);
+    Control* control = std::visit([](auto* it) -> Control* { return it; }, any);
+    if (control->TakesFocus() && control->Enabled() && control->Visible()) order.push_back(control);
   }
   std::ranges::sort(order, {}, [](const Control* control) { return control->TabIndex; });
   return order;

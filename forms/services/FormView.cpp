@@ -2,64 +2,67 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace corvane {
 namespace {
 
-std::vector<FormView*> Views;  // from the main window to the topmost dialog
-bool Ended = false;            // handlers that are still under way open nothing any more
+std::vector<FormView*> Windows;  // from the main window to the topmost dialog
 
 }  // namespace
 
-FormView::FormView(Form& form) : Shown(form), Below(Top()) { Views.push_back(this); }
+FormView::FormView(Form& form) : Shown(form), Below(Top()) { Windows.push_back(this); }
 
-FormView::~FormView() { std::erase(Views, this); }
+FormView::~FormView() { std::erase(Windows, this); }
 
-FormView* FormView::Top() {
-  MirrorAll();
-  return Views.empty() ? nullptr : Views.back();
+FormView* FormView::Top() { return Windows.empty() ? nullptr : Windows.back(); }
+
+void FormView::AddView(const ControlView& view) {
+  Views.push_back(view);
+  Changed.insert(view.Shown);
 }
 
-void FormView::MirrorAll() {
-  for (FormView* view : Views) view->Mirror(std::exchange(view->Changed, {}));
+void FormView::MirrorEverything() {
+  for (const ControlView& view : Views) Changed.insert(view.Shown);
+  MirrorChanges();
 }
 
-void Perform(const std::function<void()>& gesture) {
-  gesture();
-  FormView::MirrorAll();
+void* FormView::WidgetOf(const Control* control) const {
+  const auto at = std::ranges::find(Views, control, &ControlView::Shown);
+  return at == Views.end() ? nullptr : at->Widget;
 }
 
-bool Attempt(const std::function<bool()>& gesture) {
-  const bool done = gesture();
-  FormView::MirrorAll();
-  return done;
+Control* FormView::ControlOf(const void* widget) const {
+  const auto at = std::ranges::find(Views, widget, &ControlView::Widget);
+  return at == Views.end() ? nullptr : at->Shown;
 }
 
-void PerformAt(Control& control, const std::function<void()>& gesture) {
-  control.Redraw();
-  Perform(gesture);
+void FormView::MirrorChanges() {
+  const std::set<const Control*> changed = std::exchange(Changed, {});
+  for (const ControlView& view : Views) {
+    if (changed.contains(view.Shown)) view.Mirror();
+  }
+  MirrorFocus(WidgetOf(Shown.Focused));
+}
+
+void ShowChanges() {
+  for (FormView* window : Windows) window->MirrorChanges();
 }
 
 Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show) {
-  const auto viewOf = [](const Form& form) {
-    const auto at = std::ranges::find(Views, &form, [](FormView* view) { return &view->Shown; });
-    return at == Views.end() ? nullptr : *at;
+  const auto windowOf = [](const Form& form) {
+    const auto at = std::ranges::find(Windows, &form, [](FormView* view) { return &view->Shown; });
+    return at == Windows.end() ? nullptr : *at;
   };
-  Ended = false;
   Display display;
-  display.ShowModal = [show = std::move(show)](Form& form) {
-    if (!Ended) show(form)->Run();
+  display.ShowModal = [show = std::move(show)](Form& form) { show(form)->Run(); };
+  display.Close = [windowOf](Form& form) {
+    if (FormView* window = windowOf(form)) window->Close();
   };
-  display.Close = [viewOf](Form& form) {
-    if (FormView* view = viewOf(form)) view->Close();
-  };
-  display.Redraw = [viewOf](Control& control) {
-    if (FormView* view = viewOf(control.Owner)) view->Changed.insert(&control);
+  display.Redraw = [windowOf](Control& control) {
+    if (FormView* window = windowOf(control.Owner)) window->Changed.insert(&control);
   };
   display.EndProgram = [] {
-    Ended = true;
-    for (FormView* view : Views) view->Close();
+    for (FormView* window : Windows) window->Close();
   };
   return display;
 }

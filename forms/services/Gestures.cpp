@@ -1,112 +1,149 @@
 #include "services/Gestures.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
-#include <variant>
 
 #include "base/LetterCase.h"
+#include "services/Display.h"
+#include "services/FormView.h"
 
 namespace corvane {
 namespace {
 
+// Does what a person did, unless the form is blocked, and shows the result.
+bool Perform(const Form& form, const std::function<bool()>& act) {
+  const bool done = Hears(form) && act();
+  ShowChanges();
+  return done;
+}
+
+// The same at a control, whose widget goes back to the control's state in any case.
+bool PerformAt(Control& control, const std::function<bool()>& act) {
+  control.Redraw();
+  return Perform(control.Owner, act);
+}
+
 // Asks the field that has the focus whether the focus may go.
 bool ValidateFocused(const Form& form) {
-  for (const AnyControl& any : form.Controls) {
-    TextBox* const* box = std::get_if<TextBox*>(&any);
-    if (!box || *box != form.Focused) continue;
-    bool cancel = false;
-    (*box)->Validate(cancel);
-    return !cancel;
-  }
-  return true;
+  const auto* box = dynamic_cast<TextBox*>(form.Focused);
+  return !box || box->Validate();
 }
 
-Button* FocusedButton(const Form& form) {
-  for (const AnyControl& any : form.Controls) {
-    if (Button* const* button = std::get_if<Button*>(&any); button && *button == form.Focused) {
-      return *button;
-    }
-  }
-  return nullptr;
+bool IsUsable(const Control* control) {
+  return control && control->TakesFocus() && control->Enabled() && control->Visible();
 }
 
-bool Usable(const Button* button) { return button && button->Enabled() && button->Visible(); }
-
-bool PressEnter(Form& form) {
-  if (Button* focused = FocusedButton(form)) {
-    focused->Click();
-    return true;
-  }
-  if (!Usable(form.EnterButton)) return false;
-  if (ValidateFocused(form)) form.EnterButton->Click();
-  return true;
-}
-
-bool PressTab(const Form& form, int step) {
-  const std::vector<Control*> order = form.TabOrder();
-  const auto at = std::ranges::find(order, form.Focused);
-  if (at == order.end()) return false;
-  const auto count = static_cast<int>(order.size());
-  const int next = (static_cast<int>(at - order.begin()) + step + count) % count;
-  static_cast<void>(MoveFocus(*order[static_cast<std::size_t>(next)]));  // refused: it stays
-  return true;
-}
-
-bool PressEscape(const Form& form) {
-  if (!Usable(form.EscapeButton)) return false;
-  form.EscapeButton->Click();
-  return true;
-}
-
-}  // namespace
-
-bool MoveFocus(Control& to) {
+bool Focus(Control& to) {
   Form& form = to.Owner;
-  if (std::ranges::count(form.TabOrder(), &to) == 0) return false;
+  if (!IsUsable(&to)) return false;
   if (form.Focused == &to) return true;
   if (!ValidateFocused(form)) return false;
+  if (auto* box = dynamic_cast<TextBox*>(form.Focused)) box->History.EndTyping();
   form.Focused = &to;
   return true;
 }
 
-void PickRow(ListBox& list, int row) {
-  if (row >= 0 && row < list.ListCount() && MoveFocus(list)) list.SetListIndex(row);
+bool Pick(ListBox& list, int row) {
+  if (row < 0 || row >= list.ListCount() || !Focus(list)) return false;
+  list.SetListIndex(row);
+  return true;
 }
 
-void PickRow(ComboBox& combo, int row) {
-  if (row < 0 || row >= combo.ListCount() || !MoveFocus(combo)) return;
-  if (row == combo.ListIndex()) return combo.Click();
-  combo.SetListIndex(row);
+bool Pick(ComboBox& combo, int row) {
+  if (row < 0 || row >= combo.ListCount() || !Focus(combo)) return false;
+  if (row == combo.ListIndex()) {
+    combo.Click();
+  } else {
+    combo.SetListIndex(row);
+  }
+  return true;
 }
 
-void DoubleClick(ListBox& list, int row) {
-  PickRow(list, row);
-  if (list.Owner.Focused == &list && list.ListIndex() == row) list.DblClick();
+bool Click(Button& button) {
+  if (!Focus(button)) return false;
+  button.Click();
+  return true;
 }
 
-void EditText(TextBox& box, const TextEdit& edit) {
-  if (!MoveFocus(box)) return;
+bool IsTyped(const TextEdit& edit) {
+  return edit.Removed == 0 && edit.Inserted != "\n" && CharacterCount(edit.Inserted) == 1;
+}
+
+bool Edit(TextBox& box, const TextEdit& edit) {
+  if (!Focus(box)) return false;
   const int behind = CharacterCount(ShownText(box)) - edit.Start - edit.Removed;
-  box.SetText(EditedText(box, edit));
+  const std::string after = EditedText(box, edit);
+  if (after != box.Text()) {
+    const EditHistory::State before{box.Text(), edit.Start + edit.Removed};
+    IsTyped(edit) ? box.History.AddTyped(before) : box.History.Add(before);
+  }
+  box.ReplaceText(after);
   box.SelStart = std::max(0, CharacterCount(ShownText(box)) - behind);
   box.SelLength = 0;
   box.Redraw();  // what the display shows may differ from what was accepted
+  return true;
 }
 
-void Press(Button& button) {
-  if (MoveFocus(button)) button.Click();
+using HistoryStep = std::optional<EditHistory::State> (EditHistory::*)(EditHistory::State);
+
+bool StepThrough(TextBox& box, HistoryStep step) {
+  if (!Focus(box)) return false;
+  const auto state = (box.History.*step)({box.Text(), box.SelStart});
+  if (!state) return false;
+  box.ReplaceText(state->Text);
+  box.SelStart = state->Caret;
+  box.SelLength = 0;
+  box.SelectionSet = true;
+  box.Redraw();
+  return true;
 }
 
-bool PressKey(Form& form, Key key) {
-  switch (key) {
-    case Key::Tab:
-      return PressTab(form, 1);
-    case Key::BackTab:
-      return PressTab(form, -1);
-    case Key::Enter:
-      return PressEnter(form);
-    case Key::Escape:
-      return PressEscape(form);
+bool PressEnter(Form& form, Modifiers with) {
+  const auto* box = dynamic_cast<TextBox*>(form.Focused);
+  if (box && box->MultiLine && with.Ctrl) return false;  // breaks the line
+  if (auto* focused = dynamic_cast<Button*>(form.Focused)) {
+    focused->Click();
+    return true;
+  }
+  if (!IsUsable(form.EnterButton)) return false;
+  if (ValidateFocused(form)) form.EnterButton->Click();
+  return true;
+}
+
+bool PressTab(const Form& form, Modifiers with) {
+  const std::vector<Control*> order = form.TabOrder();
+  const auto at = std::ranges::find(order, form.Focused);
+  if (at == order.end()) return true;
+  const auto count = static_cast<int>(order.size());
+  const int step = with.Shift ? -1 : 1;
+  const int next = (static_cast<int>(at - order.begin()) + step + count) % count;
+  const bool moved = Focus(*order[static_cast<std::size_t>(next)]);
+  auto* box = dynamic_cast<TextBox*>(form.Focused);
+  if (moved && box && !box->MultiLine) box->SelectAll();
+  return true;
+}
+
+bool PressEscape(const Form& form) {
+  if (!IsUsable(form.EscapeButton)) return false;
+  form.EscapeButton->Click();
+  return true;
+}
+
+bool ChooseAvailable(const MenuItem& item) {
+  if (item.Enabled) item.Click();
+  return item.Enabled;
+}
+
+// The menu's Click comes first, so a greyed item is asked whether it is available now.
+bool PressShortcut(const Form& form, Shortcut key) {
+  for (const MenuEntry* menu : form.Menus) {
+    for (const MenuItem* item : menu->Items) {
+      if (item->Key != key) continue;
+      menu->Click();
+      ChooseAvailable(*item);
+      return true;
+    }
   }
   return false;
 }
@@ -115,30 +152,141 @@ bool PressMnemonic(const Form& form, char letter) {
   const std::string mnemonic = ToUpper(std::string{'&', letter});
   for (const AnyControl& any : form.Controls) {
     Button* const* button = std::get_if<Button*>(&any);
-    if (!button || !Usable(*button)) continue;
+    if (!button || !IsUsable(*button)) continue;
     if (ToUpper((*button)->Caption).find(mnemonic) == std::string::npos) continue;
-    Press(**button);
+    Click(**button);
     return true;
   }
   return false;
 }
 
-void OpenMenu(MenuEntry& menu) { menu.Click(); }
+bool StepThroughFocused(const Form& form, HistoryStep step) {
+  auto* box = dynamic_cast<TextBox*>(form.Focused);
+  if (box) StepThrough(*box, step);
+  return box != nullptr;
+}
+
+bool PressLetter(const Form& form, char letter, Modifiers with) {
+  const char key = ToUpper({&letter, 1})[0];
+  if (with == Modifiers{.Alt = true}) return PressMnemonic(form, letter);
+  if (with == Modifiers{.Ctrl = true} && key == 'S') return PressShortcut(form, Shortcut::CtrlS);
+  if (with == Modifiers{.Ctrl = true} && key == 'Z') {
+    return StepThroughFocused(form, &EditHistory::Undo);
+  }
+  const bool again = with == Modifiers{.Ctrl = true, .Shift = true} && key == 'Z';
+  if (again || (with == Modifiers{.Ctrl = true} && key == 'Y')) {
+    return StepThroughFocused(form, &EditHistory::Redo);
+  }
+  return false;
+}
+
+bool PressBackspace(const Form& form, Modifiers with) {
+  if (with == Modifiers{.Alt = true}) return StepThroughFocused(form, &EditHistory::Undo);
+  if (with == Modifiers{.Shift = true, .Alt = true}) {
+    return StepThroughFocused(form, &EditHistory::Redo);
+  }
+  return false;
+}
+
+bool Stroke(Form& form, const KeyStroke& stroke) {
+  switch (stroke.Pressed) {
+    case Key::Other:
+      return false;  // the widget's own
+    case Key::Letter:
+      return PressLetter(form, stroke.Letter, stroke.With);
+    case Key::Tab:
+      return PressTab(form, stroke.With);
+    case Key::Enter:
+      return PressEnter(form, stroke.With);
+    case Key::Escape:
+      return PressEscape(form);
+    case Key::Backspace:
+      return PressBackspace(form, stroke.With);
+  }
+  return false;
+}
+
+}  // namespace
+
+bool Hears(const Form& form) { return !BoxStands() && TopForm() == &form; }
+
+bool MoveFocus(Control& to) {
+  return Perform(to.Owner, [&] { return Focus(to); });
+}
+
+void FollowFocus(Control& now) {
+  if (now.Owner.Focused != &now) static_cast<void>(MoveFocus(now));
+}
+
+bool AllowPress(Form& form, Control* under) {
+  return Perform(form, [&] { return !under || Focus(*under); });
+}
+
+// Over a combo box without the focus it would pick a row there.
+bool AllowWheel(const Form& form, const Control* under) {
+  if (!under || !Hears(form)) return false;
+  return form.Focused == under || !dynamic_cast<const ComboBox*>(under);
+}
+
+void PickRow(ListBox& list, int row) {
+  PerformAt(list, [&] { return Pick(list, row); });
+}
+
+void PickRow(ComboBox& combo, int row) {
+  PerformAt(combo, [&] { return Pick(combo, row); });
+}
+
+void DoubleClick(ListBox& list, int row) {
+  PerformAt(list, [&] {
+    if (!Pick(list, row) || !Hears(list.Owner)) return false;  // the pick may have ended in a box
+    if (list.Owner.Focused == &list && list.ListIndex() == row) list.DblClick();
+    return true;
+  });
+}
+
+void EditText(TextBox& box, const TextEdit& edit) {
+  PerformAt(box, [&] { return Edit(box, edit); });
+}
+
+void Undo(TextBox& box) {
+  PerformAt(box, [&] { return StepThrough(box, &EditHistory::Undo); });
+}
+
+void Redo(TextBox& box) {
+  PerformAt(box, [&] { return StepThrough(box, &EditHistory::Redo); });
+}
+
+void Press(Button& button) {
+  PerformAt(button, [&] { return Click(button); });
+}
+
+bool PressKey(Form& form, const KeyStroke& stroke) {
+  if (!Hears(form)) return true;
+  return Perform(form, [&] { return Stroke(form, stroke); });
+}
+
+void OpenMenu(MenuEntry& menu) {
+  Perform(menu.Owner, [&] { return menu.Click(), true; });
+}
 
 void Choose(MenuItem& item) {
-  if (item.Enabled) item.Click();
+  Perform(item.Under.Owner, [&] { return ChooseAvailable(item); });
 }
 
-void PressShortcut(Form& form, Shortcut key) {
-  for (MenuEntry* menu : form.Menus) {
-    for (MenuItem* item : menu->Items) {
-      if (item->Key != key) continue;
-      OpenMenu(*menu);
-      Choose(*item);
-    }
+void CloseWindow(Form& form) {
+  Perform(form, [&] { return form.Unload(), true; });
+}
+
+bool QueryEndSession() {
+  if (BoxStands()) return false;  // which has to be answered first
+  for (const Form* form : OpenForms()) {
+    if (!form->QueryEndSession() || !form->QueryUnload()) return false;
   }
+  return true;
 }
 
-void CloseWindow(Form& form) { form.Unload(); }
+void EndSession() {
+  if (QueryEndSession()) EndProgram();
+}
 
 }  // namespace corvane

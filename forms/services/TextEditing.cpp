@@ -58,7 +58,16 @@ std::string Shown(std::string_view text, bool multiLine, std::string_view lineBr
 // What a typed or pasted piece brings in.
 std::string Accepted(std::string_view piece) {
   const bool endsTheText = piece == std::string_view("\0", 1);
-  return endsTheText || IsLineBreak(piece) ? std::string() : AnsiToText(TextToAnsi(piece));
+  return endsTheText ? std::string() : AnsiToText(TextToAnsi(piece));
+}
+
+// The pieces of a typed or pasted text. The break behind a single line is no part of the line.
+Pieces InsertedPieces(std::string_view text, bool multiLine) {
+  Pieces pieces = ShownPieces(text, true);
+  if (!multiLine && std::ranges::count_if(pieces, IsLineBreak) == 1 && IsLineBreak(pieces.back())) {
+    pieces.pop_back();
+  }
+  return pieces;
 }
 
 }  // namespace
@@ -113,7 +122,7 @@ std::string EditedText(const TextBox& box, const TextEdit& edit) {
     return moved == end ? std::string("\r\n") : std::string(*moved++);
   };
   int room = box.TypedLimit - CharacterCount(before) - CharacterCount(after);
-  for (const std::string_view piece : ShownPieces(edit.Inserted, true)) {
+  for (const std::string_view piece : InsertedPieces(edit.Inserted, box.MultiLine)) {
     const bool breaks = box.MultiLine && IsLineBreak(piece);
     const std::string accepted = breaks ? lineBreak() : Accepted(piece);
     room -= CharacterCount(accepted);

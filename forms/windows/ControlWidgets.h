@@ -1,35 +1,38 @@
-// The widgets that show the controls of a form, and the font that their places are made for. A
-// widget is a window of one of the system's own classes.
+// The widgets that show the controls of a form, and its place. A widget is a window of one of
+// the system's own classes.
 #pragma once
 
 #include <windows.h>
 
 #include <functional>
-#include <string>
+#include <span>
 
 #include "services/Controls.h"
 
 namespace corvane {
 
-constexpr int FontHeight = 160;  // twips: 8 points
+enum class Layer { Front, Labels, Frames };  // from front to back
 
 struct ControlWidget {
   Control* Shown;
   HWND Widget;
+  Layer In = Layer::Front;
   // Shows the control's present state; what is alike stays untouched.
   std::function<void()> Mirror = [] {};
   std::function<void(int code)> Notice = [](int) {};  // hears what was done to the widget
+  // Gives a widget in its place the font for a resolution.
+  std::function<void(int dpi)> SetFont = [](int) {};
+  // How far below its top its one line of text stands; 0 without such a line.
+  std::function<int()> LineTop = [] { return 0; };
 };
 
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, HWND parent);
 
-/// Gives a widget its place in pixels, a font in which its caption is whole there, and its state.
-void Dress(const ControlWidget& widget, int dpi);
+/// Gives all widgets of a window their places in pixels, fonts in which their captions are whole
+/// there, and their states.
+void ApplyLayout(std::span<const ControlWidget> widgets, int dpi);
 
-/// The pixels of a text in letters of that height; wrapped, if a width is given.
-[[nodiscard]] SIZE RoomFor(const std::wstring& text, int letters, int width = 0);
-[[nodiscard]] int DpiOf(HWND window);
-[[nodiscard]] RECT ScreenArea(HWND window);  // of its screen, without the task bar
-[[nodiscard]] constexpr int ToPixels(int twips, int dpi) { return (twips * dpi + 720) / 1440; }
+/// Forgets what screen readers were told of a widget that goes.
+void ReleaseWidget(const ControlWidget& widget);
 
 }  // namespace corvane

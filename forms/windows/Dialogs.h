@@ -1,5 +1,5 @@
-// What asks the user: the message box, the system's own or one that scrolls for a text too long for
-// that, and the open and the save dialog, as the settings ask for them.
+// What asks the user: the message box, and the open and the save dialog as the settings ask for
+// them.
 #pragma once
 
 #include <windows.h>
@@ -12,6 +12,8 @@
 
 namespace corvane {
 
+/// A box of our own, which scrolls a text that is too long for the screen. Esc and the close box
+/// answer No.
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons);
 void ShowFileDialog(HWND owner, CommonDialog& settings, BOOL(WINAPI* choose)(OPENFILENAMEW*));
 

@@ -13,7 +13,6 @@ void ShowFileDialog(HWND owner, CommonDialog& settings, BOOL(WINAPI* choose)(OPE
   std::wstring filters = TextToWide(settings.Filter) + L'|';
   std::ranges::replace(filters, L'|', L'\0');
   const std::wstring folder = TextToWide(settings.InitDir);
-  const std::wstring extension = TextToWide(settings.DefaultExt).erase(0, 1);  // point
   OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
@@ -22,7 +21,6 @@ void ShowFileDialog(HWND owner, CommonDialog& settings, BOOL(WINAPI* choose)(OPE
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = LongestPath;
   dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-  dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
   // Beside the settings' own only how it looks. The folder of a choice becomes the current one.
   dialog.Flags = static_cast<DWORD>(settings.Flags) | OFN_EXPLORER | OFN_HIDEREADONLY;
   const bool chosen = choose(&dialog) != 0;

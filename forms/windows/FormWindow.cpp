@@ -3,8 +3,8 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <map>
 
+#include "Fonts.h"
 #include "base/WideText.h"
 #include "services/Gestures.h"
 
@@ -13,13 +13,29 @@ namespace {
 
 constexpr UINT Presses[] = {WM_LBUTTONDOWN,   WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,
                             WM_RBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK};
-const std::map<WPARAM, Key> WindowKeys = {
-    {VK_TAB, Key::Tab}, {VK_RETURN, Key::Enter}, {VK_ESCAPE, Key::Escape}};
 
 bool IsHeld(int key) { return GetKeyState(key) < 0; }
-bool IsDropped(HWND widget) { return SendMessageW(widget, CB_GETDROPPEDSTATE, 0, 0) != 0; }
-bool HasLines(HWND widget) {
-  return (SendMessageW(widget, WM_GETDLGCODE, 0, 0) & DLGC_WANTALLKEYS) != 0;
+
+Key KeyOf(WPARAM key) {
+  switch (key) {
+    case VK_TAB:
+      return Key::Tab;
+    case VK_RETURN:
+      return Key::Enter;
+    case VK_ESCAPE:
+      return Key::Escape;
+    case VK_BACK:
+      return Key::Backspace;
+    default:
+      return Key::Other;
+  }
+}
+
+KeyStroke StrokeOf(WPARAM key) {
+  const Modifiers with = {
+      .Ctrl = IsHeld(VK_CONTROL), .Shift = IsHeld(VK_SHIFT), .Alt = IsHeld(VK_MENU)};
+  const bool letter = key >= 'A' && key <= 'Z';  // whose key numbers are those of the letters
+  return letter ? KeyStroke(static_cast<char>(key), with) : KeyStroke(KeyOf(key), with);
 }
 
 // Below the last row of a list box, where the system would take that row.
@@ -35,23 +51,31 @@ bool IsBelowRows(HWND widget, LPARAM at) {
 FormWindow::FormWindow(Form& form)
     : FormView(form), Owner(Below ? static_cast<FormWindow*>(Below)->Window : nullptr) {
   MakeWindow();
-  for (const AnyControl& any : form.Controls) Widgets.push_back(MakeControlWidget(any, Window));
+  MakeControls();
   if (!form.Menus.empty()) SetMenu(Window, MakeMenuBar());
   SetFrame();
-  DressAll(DpiOf(Window));
+  ApplyLayoutAll(DpiOf(Window));
+}
+
+void FormWindow::MakeControls() {
+  for (const AnyControl& any : Shown.Controls) {
+    const ControlWidget& made = Widgets.emplace_back(MakeControlWidget(any, Window));
+    AddView({made.Shown, made.Widget, made.Mirror});
+  }
 }
 
 void FormWindow::MakeWindow() {
   WNDCLASSW kind{};
-  kind.lpfnWndProc = Receive;
+  kind.lpfnWndProc = WindowProc;
   kind.hInstance = GetModuleHandleW(nullptr);
   kind.hIcon = LoadIconW(kind.hInstance, L"Corvane");
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  kind.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   kind.lpszClassName = L"CorvaneForm";
   RegisterClassW(&kind);  // which the first window has done
   const bool fixed = Shown.BorderKind == Border::FixedDialog;
-  const DWORD style = fixed ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_OVERLAPPEDWINDOW;
+  const DWORD style =
+      WS_CLIPCHILDREN | (fixed ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_OVERLAPPEDWINDOW);
   Window = CreateWindowExW(fixed ? WS_EX_DLGMODALFRAME : 0, kind.lpszClassName,
                            TextToWide(Shown.Caption).c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
                            400, 400, Owner, nullptr, kind.hInstance, nullptr);
@@ -78,7 +102,7 @@ void FormWindow::SetFrame() {
   WINDOWINFO now{};
   now.cbSize = sizeof now;
   GetWindowInfo(Window, &now);
-  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = ScreenArea(Window);
+  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = WorkArea(Window);
   const LONG width =
       pixels(Shown.ClientWidth) + whole.right - client.right + client.left - whole.left;
   const LONG height =
@@ -93,20 +117,19 @@ void FormWindow::SetFrame() {
   MoveWindow(Window, left, top, width, height, FALSE);
 }
 
-void FormWindow::DressAll(int dpi) {
-  for (const ControlWidget& widget : Widgets) Dress(widget, dpi);
-}
+void FormWindow::ApplyLayoutAll(int dpi) { ApplyLayout(Widgets, dpi); }
 
 void FormWindow::Run() {
   EnableWindow(Owner, FALSE);
   ShowWindow(Window, Owner ? SW_SHOW : SW_SHOWDEFAULT);
   MSG message;
   while (Running && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    if (!Takes(message)) {
+    if (!PreTranslate(message)) {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
-    FollowFocus();
+    // Not only mouse and keyboard move the real focus: a screen reader can, too.
+    if (Control* now = ControlOf(GetFocus())) FollowFocus(*now);
   }
   Close();
 }
@@ -123,111 +146,118 @@ HWND FormWindow::Top() {
   return top ? static_cast<const FormWindow*>(top)->Window : nullptr;
 }
 
-void FormWindow::Mirror(const std::set<const Control*>& changed) {
-  for (const ControlWidget& widget : Widgets) {
-    if (changed.contains(widget.Shown)) widget.Mirror();
-  }
-  const auto focused = std::ranges::find(Widgets, Shown.Focused, &ControlWidget::Shown);
-  const HWND wanted = focused == Widgets.end() ? Window : focused->Widget;
+void FormWindow::MirrorFocus(void* widget) {
+  const HWND wanted = widget ? static_cast<HWND>(widget) : Window;
   if (GetActiveWindow() == Window && GetFocus() != wanted) SetFocus(wanted);
 }
 
-// Not only mouse and keyboard move the real focus: a screen reader can, too.
-void FormWindow::FollowFocus() {
-  const ControlWidget* now = WidgetOf(GetFocus());
-  if (!now || now->Shown == Shown.Focused) return;
-  static_cast<void>(Attempt([&] { return MoveFocus(*now->Shown); }));
-}
-
-const ControlWidget* FormWindow::WidgetOf(HWND window) const {
-  const auto at = std::ranges::find(Widgets, window, &ControlWidget::Widget);
-  return at == Widgets.end() ? nullptr : &*at;
-}
-
-LRESULT FormWindow::Receive(HWND window, UINT message, WPARAM first, LPARAM second) {
+LRESULT FormWindow::WindowProc(HWND window, UINT message, WPARAM first, LPARAM second) {
   auto* form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!form) return DefWindowProcW(window, message, first, second);  // not yet one of ours
+  return form->OnMessage(message, first, second);
+}
+
+LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   const auto* at = reinterpret_cast<const RECT*>(second);
-  switch (form ? message : WM_NULL) {
+  switch (message) {
     case WM_COMMAND:
-      form->Obey(LOWORD(first), HIWORD(first), reinterpret_cast<HWND>(second));
+      OnCommand(LOWORD(first), HIWORD(first), reinterpret_cast<HWND>(second));
       return 0;
     case WM_INITMENUPOPUP:
-      if (HIWORD(second) == 0) form->DropMenu(reinterpret_cast<HMENU>(first), LOWORD(second));
+      if (HIWORD(second) == 0) OnMenuDrop(reinterpret_cast<HMENU>(first), LOWORD(second));
       return 0;
     case WM_SETFOCUS:
-      MirrorAll();
+      ShowChanges();
       return 0;
     case WM_DPICHANGED:
-      MoveWindow(window, at->left, at->top, at->right - at->left, at->bottom - at->top, TRUE);
-      form->DressAll(HIWORD(first));
+      MoveWindow(Window, at->left, at->top, at->right - at->left, at->bottom - at->top, TRUE);
+      ApplyLayoutAll(HIWORD(first));
       return 0;
     case WM_CLOSE:  // unloading the form closes the window, or does not
-      Perform([&] { CloseWindow(form->Shown); });
+      CloseWindow(Shown);
       return 0;
-    case WM_QUERYENDSESSION:  // the session may go on for all that
-      return Attempt(
-          [form, cancel = false]() mutable { return form->Shown.QueryUnload(cancel), !cancel; });
+    case WM_QUERYENDSESSION:
+      return OnQueryEndSession();
+    case WM_ENDSESSION:
+      if (first) EndProgram();
+      return 0;
     default:
-      return DefWindowProcW(window, message, first, second);
+      return DefWindowProcW(Window, message, first, second);
   }
 }
 
-void FormWindow::Obey(WORD command, WORD code, HWND from) {
-  if (const ControlWidget* widget = WidgetOf(from)) return widget->Notice(code);
+void FormWindow::OnCommand(WORD command, WORD code, HWND from) {
+  const auto widget = std::ranges::find(Widgets, from, &ControlWidget::Widget);
+  if (from && widget != Widgets.end()) return widget->Notice(code);
   if (from || command == 0 || command > Commands.size()) return;
-  Perform([&] { Choose(*Commands[command - 1U]); });
+  Choose(*Commands[command - 1U]);
 }
 
-void FormWindow::DropMenu(HMENU menu, WORD entry) {
-  Perform([&] { OpenMenu(*Shown.Menus[entry]); });
+void FormWindow::OnMenuDrop(HMENU menu, WORD entry) {
+  OpenMenu(*Shown.Menus[entry]);
   for (UINT at = 0; const MenuItem* item : Shown.Menus[entry]->Items) {
     EnableMenuItem(menu, at++, MF_BYPOSITION | (item->Enabled ? MF_ENABLED : MF_GRAYED));
   }
 }
 
-// Looks at a message before the widget that it is for. True: it gets nothing of it.
-bool FormWindow::Takes(MSG& message) {
+// Every window is asked; the main window answers for all.
+LRESULT FormWindow::OnQueryEndSession() {
+  if (Below) return TRUE;
+  ShutdownBlockReasonCreate(Window, TextToWide(EndSessionReason).c_str());
+  const bool agreed = QueryEndSession();
+  ShutdownBlockReasonDestroy(Window);
+  return agreed;
+}
+
+bool FormWindow::PreTranslate(MSG& message) {
   if (message.hwnd != Window && !IsChild(Window, message.hwnd)) return false;
   if (std::ranges::count(Presses, message.message) > 0) return RefusesPress(message);
-  if (message.message == WM_MOUSEWHEEL) return LosesWheel(message);
-  // The press was refused, but an edit would take the focus for its menu.
-  if (message.message == WM_RBUTTONUP) return WidgetOf(message.hwnd) && message.hwnd != GetFocus();
-  if (message.message == WM_KEYDOWN) return TakesKey(message.wParam);
-  if (message.message == WM_CHAR && message.wParam == 0x7F) return true;  // Ctrl+Backspace: a box
-  if (message.message != WM_SYSCHAR || message.wParam > 0x7F) return false;
-  return Attempt([&] { return PressMnemonic(Shown, static_cast<char>(message.wParam)); });
-}
-
-// Asks whether the focus may go to the control under a press, before anything reacts to that.
-bool FormWindow::RefusesPress(const MSG& press) {
-  const ControlWidget* pressed = WidgetOf(press.hwnd);
-  if (!pressed) return false;
-  const bool moved = Attempt([&] { return MoveFocus(*pressed->Shown); });
-  return !moved || (press.message >= WM_MOUSEFIRST && IsBelowRows(press.hwnd, press.lParam));
-}
-
-bool FormWindow::TakesKey(WPARAM key) {
-  const HWND focused = GetFocus();
-  if (IsDropped(focused) && key != VK_TAB) return false;
-  if (key == 'S' && IsHeld(VK_CONTROL) && !IsHeld(VK_SHIFT) && !IsHeld(VK_MENU)) {
-    Perform([this] { PressShortcut(Shown, Shortcut::CtrlS); });
-    return true;
+  switch (message.message) {
+    case WM_MOUSEWHEEL:
+      return LosesWheel(message);
+    case WM_RBUTTONUP:  // the press was refused, but an edit would take the focus for its menu
+      return ControlOf(message.hwnd) && message.hwnd != GetFocus();
+    case WM_KEYDOWN:
+      return TakesKey(message);
+    case WM_SYSKEYDOWN:
+      // The system has to see that a key came with Alt, or Alt going up would open the menu.
+      return message.wParam == VK_BACK && TakesKey(message) &&
+             DefWindowProcW(Window, message.message, message.wParam, message.lParam) == 0;
+    case WM_SYSCHAR:
+      return message.wParam < 0x80 &&
+             PressKey(Shown, {static_cast<char>(message.wParam), {.Alt = true}});
+    case WM_CHAR:
+      return message.wParam == 0x7F;  // Ctrl+Backspace would type a box
+    default:
+      return false;
   }
-  const auto known = WindowKeys.find(key);
-  const bool breaksLine = key == VK_RETURN && IsHeld(VK_CONTROL) && HasLines(focused);
-  if (known == WindowKeys.end() || breaksLine) return false;
-  const bool back = key == VK_TAB && IsHeld(VK_SHIFT);
-  Perform([&] { PressKey(Shown, back ? Key::BackTab : known->second); });
-  if (key == VK_TAB && !HasLines(GetFocus())) SendMessageW(GetFocus(), EM_SETSEL, 0, -1);
-  return true;
 }
 
-// The wheel is for what is under it. A combo box picks a row by it, even one without the focus.
+// Asks before anything reacts to the press.
+bool FormWindow::RefusesPress(const MSG& press) {
+  Control* pressed = ControlOf(press.hwnd);
+  if (!AllowPress(Shown, pressed)) return true;
+  const bool list = dynamic_cast<ListBox*>(pressed) && press.message >= WM_MOUSEFIRST;
+  return list && IsBelowRows(press.hwnd, press.lParam);
+}
+
+// Those of the combo box that has the focus.
+bool FormWindow::RowsAreDropped() const {
+  const HWND focused = GetFocus();
+  return dynamic_cast<ComboBox*>(ControlOf(focused)) &&
+         SendMessageW(focused, CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+bool FormWindow::TakesKey(const MSG& key) {
+  if (RowsAreDropped() && key.wParam != VK_TAB) return false;
+  return PressKey(Shown, StrokeOf(key.wParam));
+}
+
+// The wheel is for what is under it.
 bool FormWindow::LosesWheel(MSG& turn) const {
-  if (IsDropped(GetFocus())) return false;
+  if (RowsAreDropped()) return false;
   turn.hwnd = WindowFromPoint({GET_X_LPARAM(turn.lParam), GET_Y_LPARAM(turn.lParam)});
-  if (!WidgetOf(turn.hwnd)) return true;  // it may belong to a program that does not answer
-  return SendMessageW(turn.hwnd, CB_GETITEMHEIGHT, 0, 0) > 0 && turn.hwnd != GetFocus();
+  return !AllowWheel(Shown, ControlOf(turn.hwnd));  // it may be a program's that does not answer
 }
 
 }  // namespace corvane

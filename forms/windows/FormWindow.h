@@ -19,27 +19,30 @@ class FormWindow : public FormView {
   void Run() override;
   void Close() override;
 
-  [[nodiscard]] static HWND Top();
+  [[nodiscard]] static HWND Top();  // the topmost window, or nullptr
 
  protected:
-  void Mirror(const std::set<const Control*>& changed) override;
+  void MirrorFocus(void* widget) override;
 
  private:
   void MakeWindow();
   HMENU MakeMenuBar();
+  void MakeControls();
   void SetFrame();
-  void DressAll(int dpi);
-  void FollowFocus();
-  [[nodiscard]] const ControlWidget* WidgetOf(HWND window) const;
+  void ApplyLayoutAll(int dpi);
 
-  static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM first, LPARAM second);
-  void Obey(WORD command, WORD code, HWND from);
-  void DropMenu(HMENU menu, WORD entry);
+  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM first, LPARAM second);
+  LRESULT OnMessage(UINT message, WPARAM first, LPARAM second);
+  void OnCommand(WORD command, WORD code, HWND from);
+  void OnMenuDrop(HMENU menu, WORD entry);
+  [[nodiscard]] LRESULT OnQueryEndSession();
 
-  bool Takes(MSG& message);
+  /// Looks at a message ahead of the widget that it is for. True: the widget gets nothing of it.
+  bool PreTranslate(MSG& message);
   bool RefusesPress(const MSG& press);
-  bool TakesKey(WPARAM key);
+  bool TakesKey(const MSG& key);
   bool LosesWheel(MSG& turn) const;
+  [[nodiscard]] bool RowsAreDropped() const;
 
   HWND Owner;
   HWND Window = nullptr;

@@ -1,43 +1,270 @@
 #include "Dialogs.h"
+//
+#include <commctrl.h>
 
-#include "ControlWidgets.h"
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "AccessibleText.h"
+#include "Fonts.h"
+#include "SystemFunction.h"
 #include "base/WideText.h"
 #include "services/TextEditing.h"
 
 namespace corvane {
 namespace {
 
-// Whether the system's box, which never scrolls, surely has its text and buttons on the screen.
-bool FitsScreen(const std::wstring& text, HWND owner) {
-  const RECT screen = ScreenArea(owner);
-  const int width = (screen.right - screen.left) / 3;
-  const SIZE room = RoomFor(text, ToPixels(FontHeight, DpiOf(owner)), width);
-  return room.cx <= width && room.cy <= (screen.bottom - screen.top) * 2 / 3;
+struct Choice {
+  int Id;
+  const wchar_t* Caption;
+};
+const std::vector<Choice> OkOnly = {{IDOK, L"OK"}};
+const std::vector<Choice> YesOrNo = {{IDYES, L"&Yes"}, {IDNO, L"&No"}};
+
+// The box lays itself out for a new resolution; the system would scale it once more.
+void DisableDialogScaling(HWND box) {
+  using Setter = BOOL(WINAPI*)(HWND, int, int);  // Windows 10 and later
+  constexpr int All = 7;                         // DDC_DISABLE_ALL and what it covers
+  const auto set = SystemFunction<Setter>(L"user32", "SetDialogDpiChangeBehavior");
+  if (set) set(box, All, All);
 }
 
-INT_PTR CALLBACK Receive(HWND box, UINT message, WPARAM first, LPARAM second) {
-  constexpr int TextOfMessage = 100;
+LONG WidthOf(const RECT& place) { return place.right - place.left; }
+LONG HeightOf(const RECT& place) { return place.bottom - place.top; }
+
+// One box for all messages. The system's own cannot scroll, and its questions ignore Esc.
+class MessageWindow {
+ public:
+  MessageWindow(std::wstring text, const std::vector<Choice>& choices)
+      : Text(std::move(text)), Choices(choices) {}
+  MessageWindow(const MessageWindow&) = delete;
+  MessageWindow& operator=(const MessageWindow&) = delete;
+  ~MessageWindow() { DeleteObject(Font); }
+
+  INT_PTR Run(HWND owner);  // the choice's Id, or IDCANCEL
+
+ private:
+  static INT_PTR CALLBACK DialogProc(HWND box, UINT message, WPARAM first, LPARAM second);
+  static LRESULT CALLBACK ChildProc(HWND child, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+                                    DWORD_PTR self);
+  INT_PTR OnMessage(UINT message, WPARAM first, LPARAM second);
+  void OnOpen();
+  bool OnKey(HWND child, WPARAM key) const;
+  void CopyText() const;
+
+  HWND MakeChild(const wchar_t* kind, const wchar_t* text, DWORD style, int id);
+  void ApplyLayout(int dpi);
+  void MakeFont(int dpi);
+  SIZE PlaceText(SIZE room);
+  void PlaceWindow(SIZE client);
+  [[nodiscard]] int TitleWidth(int dpi) const;
+
+  // Dialog units follow the font: a quarter of a letter's width, an eighth of its height.
+  [[nodiscard]] int Across(int units) const { return MulDiv(units, Letter.tmAveCharWidth, 4); }
+  [[nodiscard]] int Down(int units) const { return MulDiv(units, Letter.tmHeight, 8); }
+
+  static constexpr int Margin = 7, Gap = 4, ButtonWidth = 50, ButtonHeight = 14;
+  static constexpr int MaxTextWidth = 400;  // about 100 letters
+  static constexpr int TextId = 100;
+
+  const std::wstring Text;
+  const std::vector<Choice>& Choices;
+  HWND Box = nullptr, View = nullptr;  // the view shows the text
+  std::vector<HWND> Buttons;
+  HFONT Font = nullptr;
+  TEXTMETRICW Letter{};
+};
+
+INT_PTR MessageWindow::Run(HWND owner) {
+  struct {
+    DLGTEMPLATE Window;
+    WORD Menu, Class, Title;  // none, the usual one, none
+  } form{};
+  form.Window.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &form.Window, owner, DialogProc,
+                                 reinterpret_cast<LPARAM>(this));
+}
+
+INT_PTR CALLBACK MessageWindow::DialogProc(HWND box, UINT message, WPARAM first, LPARAM second) {
   if (message == WM_INITDIALOG) {
-    SetWindowTextW(box, TextToWide(ProgramName).c_str());
-    SetDlgItemTextW(box, TextOfMessage, reinterpret_cast<const wchar_t*>(second));
-    return TRUE;
+    SetWindowLongPtrW(box, DWLP_USER, second);
+    auto* self = reinterpret_cast<MessageWindow*>(second);
+    self->Box = box;
+    self->OnOpen();
+    return FALSE;  // the focus is set
   }
-  if (message != WM_COMMAND || first >= TextOfMessage) return FALSE;
-  EndDialog(box, static_cast<INT_PTR>(first));
-  return TRUE;
+  auto* self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(box, DWLP_USER));
+  return self ? self->OnMessage(message, first, second) : FALSE;
+}
+
+INT_PTR MessageWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_COMMAND:
+      if (LOWORD(first) == TextId || HIWORD(first) != BN_CLICKED) return FALSE;
+      EndDialog(Box, LOWORD(first));
+      return TRUE;
+    case WM_DPICHANGED:
+      ApplyLayout(HIWORD(first));
+      return TRUE;
+    case WM_SETTINGCHANGE:
+      ApplyLayout(DpiOf(Box));
+      return TRUE;
+    case WM_SYSCOLORCHANGE:
+      for (const HWND button : Buttons) SendMessageW(button, message, first, second);
+      SendMessageW(View, message, first, second);
+      return FALSE;
+    case WM_DESTROY:
+      ForgetAccessibleText(Box);
+      return FALSE;
+    default:
+      return FALSE;
+  }
+}
+
+void MessageWindow::OnOpen() {
+  SetWindowTextW(Box, TextToWide(ProgramName).c_str());
+  SetAccessibleDescription(Box, Text);
+  DisableDialogScaling(Box);
+  for (const Choice& choice : Choices) {
+    const DWORD look = Buttons.empty() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+    Buttons.push_back(MakeChild(WC_BUTTONW, choice.Caption, look | WS_TABSTOP, choice.Id));
+  }
+  SendMessageW(Box, DM_SETDEFID, static_cast<WPARAM>(Choices.front().Id), 0);
+  ApplyLayout(DpiOf(Box));
+  SetFocus(Buttons.front());
+}
+
+HWND MessageWindow::MakeChild(const wchar_t* kind, const wchar_t* text, DWORD style, int id) {
+  const HWND child = CreateWindowExW(0, kind, text, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style,
+                                     0, 0, 0, 0, Box, reinterpret_cast<HMENU>(INT_PTR{id}),
+                                     GetModuleHandleW(nullptr), nullptr);
+  SetWindowSubclass(child, ChildProc, 0, reinterpret_cast<DWORD_PTR>(this));
+  return child;
+}
+
+LRESULT CALLBACK MessageWindow::ChildProc(HWND child, UINT message, WPARAM first, LPARAM second,
+                                          UINT_PTR, DWORD_PTR self) {
+  const auto* box = reinterpret_cast<const MessageWindow*>(self);
+  if (message == WM_KEYDOWN && box->OnKey(child, first)) return 0;
+  const LRESULT result = DefSubclassProc(child, message, first, second);
+  // Its Tab, Esc, Enter and letters are the box's, as on the buttons.
+  if (message == WM_GETDLGCODE && child == box->View) return DLGC_WANTARROWS;
+  return result;
+}
+
+// True: the key has done its work.
+bool MessageWindow::OnKey(HWND child, WPARAM key) const {
+  if (GetKeyState(VK_CONTROL) < 0 && (key == 'C' || key == VK_INSERT)) {
+    CopyText();
+    return true;
+  }
+  if (child == View) return false;
+  constexpr std::pair<WPARAM, WPARAM> scrolls[] = {
+      {VK_PRIOR, SB_PAGEUP}, {VK_NEXT, SB_PAGEDOWN}, {VK_HOME, SB_TOP}, {VK_END, SB_BOTTOM}};
+  const auto* scroll = std::ranges::find(scrolls, key, &std::pair<WPARAM, WPARAM>::first);
+  if (scroll == std::end(scrolls)) return false;
+  SendMessageW(View, WM_VSCROLL, scroll->second, 0);
+  return true;
+}
+
+// What is selected, or else all of it.
+void MessageWindow::CopyText() const {
+  DWORD start = 0, end = 0;
+  SendMessageW(View, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  if (start == end) SendMessageW(View, EM_SETSEL, 0, -1);
+  SendMessageW(View, WM_COPY, 0, 0);
+  SendMessageW(View, EM_SETSEL, start, static_cast<LPARAM>(end));
+}
+
+void MessageWindow::MakeFont(int dpi) {
+  const LOGFONTW message = GetSystemFonts(dpi).Message;
+  const HFONT before = std::exchange(Font, CreateFontIndirectW(&message));
+  Letter = MetricsOf(Font);
+  for (const HWND button : Buttons) {
+    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(Font), TRUE);
+  }
+  if (View) DestroyWindow(std::exchange(View, nullptr));
+  DeleteObject(before);
+}
+
+int MessageWindow::TitleWidth(int dpi) const {
+  const LOGFONTW title = GetSystemFonts(dpi).Title;
+  const HFONT font = CreateFontIndirectW(&title);
+  const int closeBox = 2 * GetSystemMetrics(SM_CXSIZE);
+  const int width = MeasureText(TextToWide(ProgramName), font).cx + closeBox;
+  DeleteObject(font);
+  return width;
+}
+
+// Makes the view anew, as large as the text needs; what would not fit the room scrolls.
+SIZE MessageWindow::PlaceText(SIZE room) {
+  const int maxWidth = std::min<int>(room.cx, Across(MaxTextWidth));
+  const int edge = Across(2);  // the view keeps some of its width free
+  const auto show = [&](DWORD style, int width) {
+    View = MakeChild(WC_EDITW, nullptr, style | ES_MULTILINE | ES_READONLY, TextId);
+    SendMessageW(View, WM_SETFONT, reinterpret_cast<WPARAM>(Font), FALSE);
+    SetWindowPos(View, HWND_BOTTOM, 0, 0, width, room.cy, SWP_NOACTIVATE);
+    SendMessageW(View, EM_SETLIMITTEXT, 0, 0);
+    SetWindowTextW(View, Text.c_str());
+    const auto lines = static_cast<int>(SendMessageW(View, EM_GETLINECOUNT, 0, 0));
+    return lines * static_cast<int>(Letter.tmHeight);
+  };
+  const int width = std::min<int>(maxWidth, MeasureText(Text, Font, maxWidth).cx + 2 * edge);
+  const int height = show(0, width);
+  if (height <= room.cy) return {width, height};
+  DestroyWindow(View);
+  const int bar = GetSystemMetrics(SM_CXVSCROLL);
+  const int wider = std::min<int>(room.cx, width + bar);
+  show(WS_VSCROLL | WS_BORDER | WS_TABSTOP, wider);
+  return {wider, room.cy};
+}
+
+void MessageWindow::PlaceWindow(SIZE client) {
+  RECT place{0, 0, client.cx, client.cy};
+  WINDOWINFO now{};
+  now.cbSize = sizeof now;
+  GetWindowInfo(Box, &now);
+  place.right += WidthOf(now.rcWindow) - WidthOf(now.rcClient);
+  place.bottom += HeightOf(now.rcWindow) - HeightOf(now.rcClient);
+  const HWND owner = GetWindow(Box, GW_OWNER);
+  const RECT screen = WorkArea(owner ? owner : Box);
+  RECT over = screen;
+  if (owner) GetWindowRect(owner, &over);
+  const LONG left = (over.left + over.right - place.right) / 2;
+  const LONG top = (over.top + over.bottom - place.bottom) / 2;
+  MoveWindow(Box, std::max(screen.left, std::min(left, screen.right - place.right)),
+             std::max(screen.top, std::min(top, screen.bottom - place.bottom)), place.right,
+             place.bottom, TRUE);
+}
+
+void MessageWindow::ApplyLayout(int dpi) {
+  MakeFont(dpi);
+  const RECT screen = WorkArea(Box);
+  const SIZE frame{2 * Across(Margin), Down(3 * Margin + ButtonHeight)};
+  const int titleBar = Down(2 * ButtonHeight);  // and the window's edges, generously
+  const SIZE text =
+      PlaceText({WidthOf(screen) - 2 * frame.cx, HeightOf(screen) - frame.cy - titleBar});
+  const auto count = static_cast<int>(Buttons.size());
+  const int buttons = count * Across(ButtonWidth) + (count - 1) * Across(Gap);
+  const int inner = std::max({static_cast<int>(text.cx), buttons, TitleWidth(dpi)});
+  MoveWindow(View, Across(Margin), Down(Margin), inner, text.cy, TRUE);
+  int left = Across(Margin) + (inner - buttons) / 2;
+  for (const HWND button : Buttons) {
+    MoveWindow(button, left, Down(2 * Margin) + text.cy, Across(ButtonWidth), Down(ButtonHeight),
+               TRUE);
+    left += Across(ButtonWidth) + Across(Gap);
+  }
+  PlaceWindow({inner + frame.cx, text.cy + frame.cy});
+  RedrawWindow(Box, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 }  // namespace
 
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons) {
   const bool asks = buttons == MessageButtons::YesNo;
-  const std::wstring wide = TextToWide(WithLineBreaks(text, "\r\n"));
-  const wchar_t* const shown = wide.c_str();
-  const INT_PTR pressed =
-      FitsScreen(wide, owner)
-          ? MessageBoxW(owner, shown, TextToWide(ProgramName).c_str(), asks ? MB_YESNO : MB_OK)
-          : DialogBoxParamW(GetModuleHandleW(nullptr), asks ? L"Question" : L"Message", owner,
-                            Receive, reinterpret_cast<LPARAM>(shown));
+  MessageWindow box(TextToWide(WithLineBreaks(text, "\r\n")), asks ? YesOrNo : OkOnly);
+  const INT_PTR pressed = box.Run(owner);
   if (!asks) return MessageAnswer::Ok;
   return pressed == IDYES ? MessageAnswer::Yes : MessageAnswer::No;
 }

@@ -7,10 +7,25 @@
 
 #include "Dialogs.h"
 #include "FormWindow.h"
+#include "SystemFunction.h"
 
 namespace corvane {
+namespace {
+
+// Libraries come from the system's folder alone. A file dialog loads some by plain name, and the
+// program's own folder, often that of downloads, would be searched first.
+void SearchSystemFolderOnly() {
+  constexpr DWORD SystemFolder = 0x800;         // LOAD_LIBRARY_SEARCH_SYSTEM32
+  constexpr DWORD FoldersOfExtensions = 0x400;  // LOAD_LIBRARY_SEARCH_USER_DIRS
+  using Setter = BOOL(WINAPI*)(DWORD);          // Windows 8 and later, or Windows 7 with KB2533623
+  const auto set = SystemFunction<Setter>(L"kernel32", "SetDefaultDllDirectories");
+  if (set) set(SystemFolder | FoldersOfExtensions);
+}
+
+}  // namespace
 
 int RunProgram(int /*argc*/, char** /*argv*/, Form& form) {
+  SearchSystemFolderOnly();
   InitCommonControls();  // in the look that the manifest asks for
   static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
   TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });

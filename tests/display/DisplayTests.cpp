@@ -17,7 +17,7 @@ struct Step {
 void Check(TestForm& f, const std::vector<Step>& steps) {
   for (const Step& step : steps) {
     const auto& [events, focus, act] = step;
-    if (act.index() == 0) Strike(std::get<0>(act));
+    if (act.index() == 0) PressKey(std::get<0>(act));
     if (act.index() == 1) PressAt(*std::get<1>(act));
     if (act.index() == 2) std::get<2>(act)();
     SCOPED_TRACE("step " + std::to_string(&step - steps.data()));
@@ -42,13 +42,13 @@ TEST(Display, KeepsTheFocusInARefusedFieldAndLetsNothingReact) {
   f.txtNumber.SetText("x");
   const char *no = "refuse ", *in = "txtNumber";
   PlayWhole(f, [&] {
-    PressAt(f.txtNumber), Strike("Tab"), f.Log = "";
+    PressAt(f.txtNumber), PressKey("Tab"), f.Log = "";
     Check(f, {{no, in, "Tab"}, {no, in, "Shift+Tab"}, {no, in, "Return"}, {no, in, "Alt+H"},
               {no, in, &f.cboRows}, {no, in, &f.cmdHelp}, {no, in, &f.txtName},
               {no, in, &f.txtLines}, {no, in, [&] { PressRow(f.lstRows, 2); }},
               {no, in, [&] { PressScrollBar(f.lstRows); }},
               {"refuse refuse ", in, [&] { DoubleClickRow(f.lstRows, 1); }},
-              {"", in, &f.Holder}, {"", in, &f.lblNote}, {"", in, &f.cmdOff}, {"", in, PressBeside},
+              {"", in, &f.Holder}, {"", in, &f.lblNote}, {"", in, &f.cmdOff}, {"", in, ClickEmptyArea},
               {"file ", in, [&] { PressMenu(f.mnuFile), PressMenu(f.mnuFile); }},
               {"unload ", in, PressCloseBox}, {"cancel ", in, "Esc"},
               {"accept rowbee ", "lstRows", [&] { Type("1"), PressRow(f.lstRows, 1); }}});
@@ -60,7 +60,7 @@ TEST(Display, TurnsMouseAndKeysIntoEvents) {
   const auto openInVain = [&] {
     PressMenu(f.mnuFile);
     EXPECT_FALSE(SeenEnabled(f.mnuSave));
-    PressItem(f.mnuSave), PressBeside();  // which closes the menu
+    PressItem(f.mnuSave), ClickEmptyArea();  // which closes the menu
   };
   PlayWhole(f, [&] {
     Check(f, {
@@ -70,17 +70,17 @@ TEST(Display, TurnsMouseAndKeysIntoEvents) {
         {"", "lstFew", [&] { PressRow(f.lstFew, 1); }},  // below its rows
         {"rowcat doublecat ", "lstRows", [&] { DoubleClickRow(f.lstRows, 2); }},
         {"", "lstRows", [&] { TurnWheel(f.cboRows); }},
-        {"comboant ", "cboRows", [&] { PressAt(f.cboRows), Strike("Home"), Strike("Return"); }},
-        {"", "cboRows", [] { Strike("Alt+Down"), Strike("Down"), Strike("Esc"); }},
+        {"comboant ", "cboRows", [&] { PressAt(f.cboRows), PressKey("Home"), PressKey("Return"); }},
+        {"", "cboRows", [] { PressKey("Alt+Down"), PressKey("Down"), PressKey("Esc"); }},
         {"combobee ", "cboRows", "Down"}, {"combofox ", "cboRows", "F"},
         {"combognu ", "cboRows", [&] { TurnWheel(f.cboRows); }}, {"help ", "cmdHelp", "Alt+H"},
         {"help ", "cmdHelp", "Space"}, {"help ", "cmdHelp", "Return"}, {"", "cmdHelp", "Up"},
         {"ok ", "cmdOK", &f.cmdOK}, {"", "txtLines", &f.txtLines}, {"ok ", "txtLines", "Return"},
-        {"rowdog ok ", "lstRows", [&] { PressRow(f.lstRows, 3), Strike("Return"); }},
+        {"rowdog ok ", "lstRows", [&] { PressRow(f.lstRows, 3), PressKey("Return"); }},
         {"file ", "lstRows", openInVain},
         {"file save ", "lstRows", [&] { PressMenu(f.mnuFile), PressItem(f.mnuSave); }},
         {"file ", "lstRows", "Ctrl+S"}, {"file save ", "lstRows", "Ctrl+S"},
-        {"file ", "lstRows", [] { Strike("Alt+F"), Strike("Esc"), Strike("Esc"); }}});
+        {"file ", "lstRows", [] { PressKey("Alt+F"), PressKey("Esc"), PressKey("Esc"); }}});
     EXPECT_EQ(Seen(f.lstFew), "");
   });
 }
@@ -91,16 +91,16 @@ TEST(Display, ShowsWhatBecomesOfATextAndSparesTheRest) {
   TestForm f;
   f.txtNumber.SetText(odd), f.txtName.SetText("beyond"), f.txtLines.SetText("1\r2\n3\r\n" + odd);
   PlayWhole(f, [&] {
-    PressAt(f.txtName), Strike("End"), Type("s");
+    PressAt(f.txtName), PressKey("End"), Type("s");
     EXPECT_EQ(Seen(f.txtName), "beyond");
-    f.txtName.SetText(""), Strike("Tab"), Strike("Shift+Tab"), f.Log = "";
-    Type("a"), Strike("Home"), Type("\xE6\xBC\xA2ZYXW");
+    f.txtName.SetText(""), PressKey("Tab"), PressKey("Shift+Tab"), f.Log = "";
+    Type("a"), PressKey("Home"), Type("\xE6\xBC\xA2ZYXW");
     EXPECT_EQ(f.Log + Seen(f.txtName), "namea name?a name?Za name?ZYa name?ZYXa ?ZYXa");
-    Strike("Ctrl+Z");
+    PressKey("Ctrl+Z");
     EXPECT_EQ(Seen(f.txtName), f.txtName.Text());
-    PressAt(f.txtNumber), Strike("End"), Type("1");
+    PressAt(f.txtNumber), PressKey("End"), Type("1");
     EXPECT_EQ(f.txtNumber.Text(), odd + "1");
-    PressAt(f.txtLines), Strike("Ctrl+Home"), Type("0"), Strike("Ctrl+Return");
+    PressAt(f.txtLines), PressKey("Ctrl+Home"), Type("0"), PressKey("Ctrl+Return");
     EXPECT_EQ(f.txtLines.Text(), "0\r\n1\r2\n3\r\n" + odd);
     EXPECT_EQ(Seen(f.txtLines), "0\n1\n2\n3\n" + odd);
   });
@@ -117,7 +117,7 @@ TEST(Display, ShowsMessagesWholeOverTheStateOfTheirMoment) {
       const ShownMessage seen = SeenMessage();
       EXPECT_EQ(seen.Title + seen.Buttons + seen.Text, "CorvaneYes No " + texts[0]);
       EXPECT_TRUE(seen.OnScreen && Seen(f.txtName) == "set") << texts[0];
-      Strike(texts[1]);
+      PressKey(texts[1]);
     };
     PlayWhole(f, [&] { WhenNext(answer), Check(f, {{texts[2], "cmdOK", &f.cmdOK}}); });
   }
@@ -129,14 +129,14 @@ TEST(Display, RunsADialogUntilItIsUnloadedAndEndsWithNoQuestion) {
   dialog.cmdCancel.Click = [&] { dialog.Unload(); };
   const auto leave = [&] {
     Check(dialog, {{"unload ", "lstRows", "Esc"}});
-    dialog.QueryUnload = [&](bool&) { f.Log += "left "; };
-    Strike("Esc");
+    dialog.QueryUnload = [&] { return f.Log += "left ", true; };
+    PressKey("Esc");
   };
   PlayWhole(f, [&] {
     WhenNext(leave), Check(f, {{"left nameback ", "lstRows", "Return"}});
     EXPECT_EQ(Seen(f.txtName), "back");
-    dialog.cmdCancel.Click = [&] { f.Log += "end ", TheDisplay.EndProgram(); };
-    WhenNext([] { Strike("Esc"); }), PressAt(f.cmdOK);
+    dialog.cmdCancel.Click = [&] { f.Log += "end ", EndProgram(); };
+    WhenNext([] { PressKey("Esc"); }), PressAt(f.cmdOK);
   });
   EXPECT_EQ(f.Log, "end ");
 }

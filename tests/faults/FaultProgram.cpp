@@ -56,8 +56,8 @@ static int Judge(const std::string& old, const std::string& fresh, const std::st
   return 0;
 }
 
-int main(int count, char** arguments) {
-  const std::vector<std::string> word(arguments, arguments + count);
+int main(int argc, char** argv) {
+  const std::vector<std::string> word(argv, argv + argc);
   if (word.at(1) == "play") return Play(word.at(2), word.at(3), word.at(4));
   return Judge(Bytes(word.at(2)), Bytes(word.at(3)), Bytes(word.at(4)), word[4], word.at(5));
 }

@@ -158,3 +158,59 @@ TEST_F(EditMapBTD, RecordsOutliveTheWindow) {
   const Texts told = session.Told();  // of this file, then of them all
   EXPECT_TRUE(told.size() == 2 && told[0].find("could not be read") != std::string::npos);
 }
+
+TEST_F(EditMapBTD, TheEndOfTheSessionAsksAboutEdits) {
+  const std::string question = "Quit without saving the changes to the BTD file?";
+  const std::vector<void (*)(dlgEditBTD&)> edits = {
+      [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLName, "Ford"); },
+      [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLX, "7"); },  // still being typed
+      [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLY, "7"); },
+      [](dlgEditBTD& dialog) { Session::Type(dialog.txtFileName, "new"); },
+      [](dlgEditBTD& dialog) { Session::Type(dialog.txtAxisBrief, "new"); }};
+  for (const auto& edit : edits) {
+    Edit([&](dlgEditBTD& dialog) {
+      EXPECT_TRUE(QueryEndSession());
+      EXPECT_TRUE(session.Told().empty());
+      edit(dialog);
+      session.Answer = MessageAnswer::No;
+      EXPECT_FALSE(QueryEndSession());
+      EXPECT_TRUE(dialog.IsOpen());
+      session.Answer = MessageAnswer::Yes;
+      EXPECT_TRUE(QueryEndSession());
+      EXPECT_EQ(session.Told(), Texts(2, question));
+    });
+    PickRow(session.Main.lstMaps, 3);
+  }
+}
+
+TEST_F(EditMapBTD, AQuestionThatStandsKeepsTheDialogOpen) {
+  Edit([&](dlgEditBTD& dialog) {
+    TheDisplay.ShowMessage = [&](const std::string& text, MessageButtons) {
+      EXPECT_TRUE(text.starts_with("Replace existing "));
+      CloseWindow(dialog);
+      CloseWindow(session.Main);
+      DoubleClick(session.Main.lstMaps, 9);
+      EXPECT_FALSE(QueryEndSession());
+      EXPECT_TRUE(dialog.IsOpen());
+      EXPECT_TRUE(session.Main.IsOpen());
+      return MessageAnswer::Yes;
+    };
+    Press(dialog.OKButton);
+    EXPECT_FALSE(dialog.IsOpen());
+  });
+  EXPECT_EQ(File()[4], 4);  // the map number of the dialog's own map
+}
+
+TEST(NumericField, RefusesSeveralLines) {
+  Session session;
+  Form1& main = session.Main;
+  const std::int32_t before = StrMap[0].Left;
+  Session::Type(main.txtMapLeft, "1\n2");
+  PressKey(main, Key::Tab);
+  EXPECT_EQ(session.Beeps, 1);
+  EXPECT_EQ(main.Focused, &main.txtMapLeft);
+  EXPECT_EQ(StrMap[0].Left, before);
+  Session::Type(main.txtMapLeft, "12\r\n");  // one line, copied whole
+  PressKey(main, Key::Tab);
+  EXPECT_EQ(StrMap[0].Left, 12);
+}

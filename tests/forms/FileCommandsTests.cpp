@@ -6,7 +6,7 @@ using namespace corvane;
 TEST(FileCommands, PatchFilesGoOutAndAsk) {
   Session session(GameFiles(MakeSampleGame()));
   Form1& main = session.Main;
-  PressShortcut(main, Shortcut::CtrlS);
+  PressKey(main, {'S', {.Ctrl = true}});
   EXPECT_FALSE(main.mnuFileSave.Enabled || main.mnuFileSavePatch.Enabled);
   EXPECT_TRUE(session.Told().empty());
   std::filesystem::rename(session.File("CC4.EXE"), session.File("cc4.exe"));
@@ -21,7 +21,7 @@ TEST(FileCommands, PatchFilesGoOutAndAsk) {
   session.Menu(main.mnuFileOpen);
   EXPECT_TRUE(TablesDirty);
   session.Choice = session.File("New.crv");
-  PressShortcut(main, Shortcut::CtrlS);
+  PressKey(main, {'S', {.Ctrl = true}});
   EXPECT_TRUE(session.Told().empty() && !TablesDirty);
   EXPECT_EQ(asked.Filter, "Corvane Patch Files (*.crv)|*.crv");
   EXPECT_TRUE(asked.Flags == 2048 && asked.DefaultExt == ".CRV" && asked.InitDir == GamePath);
@@ -30,8 +30,10 @@ TEST(FileCommands, PatchFilesGoOutAndAsk) {
   session.Answer = MessageAnswer::No;
   session.SavePatch("New.crv");
   EXPECT_EQ(session.Told(), Texts{"Overwrite file " + session.File("New.crv") + "?"});
-  session.SavePatch("Maps");  // a folder does not count as standing there, and cannot be written
-  EXPECT_TRUE(session.Told().at(0).starts_with("Error: " + session.File("Maps") + " could not be"));
+  std::filesystem::create_directory(session.Folder.Path / "Sub.crv");
+  session.SavePatch("Sub.crv");  // a folder does not count as standing there, nor can be written
+  EXPECT_TRUE(
+      session.Told().at(0).starts_with("Error: " + session.File("Sub.crv") + " could not be"));
   OpenMenu(main.mnuFile);
   EXPECT_TRUE(TablesDirty && OpenedFile == "cc4.exe" && main.mnuFileSave.Enabled);
 }

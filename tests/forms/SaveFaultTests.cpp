@@ -81,7 +81,7 @@ TEST_F(SaveFault, OfABtdFile) {
   bool closes = false;
   session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtFileName, "new");
-    dialog.QueryUnload = [&](bool& cancel) { closes = cancel = true; };
+    dialog.QueryUnload = [&] { return closes = true, false; };
     for (const std::size_t length : {0U, 5U, 8526U, 8527U}) {
       FailEveryStep("Maps/new.btd", std::string(length, '#'), [&] {
         closes = false;

@@ -109,6 +109,27 @@ TEST(Picture, LeadsEachRoadOfTheSampleThroughItsArrow) {
   EXPECT_EQ(drawn.size(), 90U);
 }
 
+TEST(Picture, LeadsARoadBackToItsMapByTheArrow) {
+  Layer layer = TwoMaps();
+  layer.Arrows[4] = {.Left = 190, .Top = 280, .Width = 20, .Height = 40};
+  layer.Connections(0, 0) = 4;
+  double x[2];
+  double y[2];
+  const std::string path = Drawn(layer).All("path", "road no-exit")[0]["d"];
+  ASSERT_EQ(std::sscanf(path.c_str(), "M130 220c%lf %lf %lf %lf 0 0", x, y, x + 1, y + 1), 4)
+      << path;
+  // The far end of the loop is three eighths of either control point.
+  EXPECT_NEAR(130 + (x[0] + x[1]) * 3 / 8, 200, 0.5);
+  EXPECT_NEAR(220 + (y[0] + y[1]) * 3 / 8, 300, 0.5);
+}
+
+TEST(Picture, KeepsRoadsWithFarArrowsOnTheSheet) {
+  Layer layer = TwoMaps();
+  layer.Arrows[4] = {.Left = 20, .Top = 580, .Width = 20, .Height = 20};
+  layer.Connections(0, 1) = 4;
+  EXPECT_EQ(Drawn(layer).All("path", "road no-exit")[0]["d"], "M130 220L30 590L530 220");
+}
+
 TEST(Picture, TellsKindsOfRoadsApart) {
   struct Case {
     std::int32_t There, Back;     // arrows
@@ -268,6 +289,7 @@ TEST(Picture, OutlinesWhatMovedWhereItWas) {
 TEST(Picture, OutlinesConnectionsThatAreGone) {
   Layer before = TwoMaps();
   before.Connections(0, 1) = before.Connections(1, 0) = 3;
+  before.Destinations(0, 0) = 1;  // what an exit asks for is no connection
   Layer now = before;
   EXPECT_EQ(Xml(DrawSvg({"a", &now, &before, "b", {}})).All("path", "gone").size(), 0U);
   now.Connections(1, 0) = 5;

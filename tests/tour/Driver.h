@@ -17,12 +17,12 @@ void WhenNext(const std::function<void()>& then);
 
 // What is done, is done to the topmost window, through its input.
 void PressAt(const Control& control);                            // down and up in the middle of it
-void PressBeside();                                              // on the window's empty ground
+void ClickEmptyArea();                                           // on the window's empty ground
 void PressRow(const ListBox& list, int row, bool ctrl = false);  // may be the one behind the last
 void DoubleClickRow(const ListBox& list, int row);
 void PressScrollBar(const ListBox& list);
 void Type(const std::string& text);
-void Strike(const std::string& key);  // Tab, Return, Esc, Space, Home, Down, Alt+H, Ctrl+S, ...
+void PressKey(const std::string& key);  // Tab, Return, Esc, Space, Home, Down, Alt+H, Ctrl+S, ...
 void TurnWheel(const Control& control);
 void PressMenu(const MenuEntry& entry);
 void PressItem(const MenuItem& item);  // its menu is open

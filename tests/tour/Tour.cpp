@@ -105,14 +105,14 @@ void Tour::OnMessage(const std::string& start, const std::string& answer, const 
     const ShownMessage message = SeenMessage();
     Expect(message.Text.starts_with(start) && message.OnScreen, "message \"" + message.Text + "\"");
     if (picture) Picture(picture);
-    Strike(answer);
+    PressKey(answer);
   });
 }
 
 void Tour::ChooseFile(const MenuItem& item, const fs::path& file) {
   WhenNext([file] {
     Type(file.string());
-    Strike("Return");
+    PressKey("Return");
   });
   PressMenu(item.Under);
   PressItem(item);
@@ -120,8 +120,8 @@ void Tour::ChooseFile(const MenuItem& item, const fs::path& file) {
 
 void Tour::TypeOver(const TextBox& box, const std::string& text) {
   PressAt(box);
-  Strike("End");
-  for (std::size_t letters = Seen(box).size(); letters > 0; --letters) Strike("Backspace");
+  PressKey("End");
+  for (std::size_t letters = Seen(box).size(); letters > 0; --letters) PressKey("Backspace");
   Type(text);
 }
 
@@ -142,7 +142,7 @@ void Tour::MoveATile() {
   PressRow(Main.lstMaps, 1);
   TypeOver(Main.txtMapLeft, "321");
   Expect(StrMap[1].Left != 321, "nothing stored while the number is being typed");
-  Strike("Tab");
+  PressKey("Tab");
   Expect(StrMap[1].Left == 321 && TablesDirty, "321 stored, the tables marked as changed");
 }
 
@@ -150,8 +150,8 @@ void Tour::ChangeAnArrow() {
   Step("Open the list of arrows and pick the next one");
   const std::string before = Seen(Main.cboArrows);
   PressAt(Main.cboArrows);
-  Strike("Down");
-  Strike("Return");
+  PressKey("Down");
+  PressKey("Return");
   Expect(Seen(Main.cboArrows) != before,
          "arrow " + Seen(Main.cboArrows) + " in place of " + before);
 }
@@ -179,12 +179,12 @@ void Tour::BeRefused(const char* finding) {
 void Tour::AddTheConnection(int map, const char* to) {
   Step("Add the connection again");
   PressRow(Main.lstMaps, map);
-  const dlgAddConnection names(Main);
+  const dlgAddConnection names(map);
   WhenNext([&] {
     PressAt(names.cboLstMaps);
-    Strike("Home");
-    if (map == 0) Strike("Down");
-    Strike("Return");
+    PressKey("Home");
+    if (map == 0) PressKey("Down");
+    PressKey("Return");
     Expect(Seen(names.cboLstMaps).starts_with(to), "destination " + Seen(names.cboLstMaps));
     Picture("add-connection.png");
     PressAt(names.OKButton);
@@ -196,7 +196,7 @@ void Tour::AddTheConnection(int map, const char* to) {
 
 // Plays an edit of the second map's first victory location.
 void Tour::EditTheMapFile(const std::function<void(const dlgEditBTD& names)>& edit) {
-  const dlgEditBTD names(Main);
+  const dlgEditBTD names(1);
   const fs::path file = fs::path("Maps") / Main.lstMaps.List(1).substr(4);
   const std::string before = ReadFile(Game / file);
   WhenNext([&] {
@@ -216,8 +216,8 @@ void Tour::TakeTheExitAway() {
     TypeOver(names.txtVLName, "Touring");
     Expect(Seen(names.lstVLs) == "Touring", "the list follows each key");
     PressAt(names.cboVLType);
-    Strike("Home");
-    Strike("Return");
+    PressKey("Home");
+    PressKey("Return");
     Expect(Seen(names.cboVLType) == "NONE", "type NONE");
   });
 }
@@ -226,11 +226,11 @@ void Tour::MakeTheExit() {
   Step("Edit it again: an exit to the first map, OK");
   EditTheMapFile([this](const dlgEditBTD& names) {
     PressAt(names.cboVLType);
-    Strike("Down");
-    Strike("Return");
+    PressKey("Down");
+    PressKey("Return");
     PressAt(names.cboVLDest);
-    Strike("Home");
-    Strike("Return");
+    PressKey("Home");
+    PressKey("Return");
     Expect(Seen(names.cboVLType) == "Exit Location" && Seen(names.cboVLDest).starts_with("000 "),
            "an exit location that leads to " + Seen(names.cboVLDest));
   });
@@ -251,9 +251,9 @@ void Tour::SaveAPatch() {
   const fs::path patch = Game / "Tour.crv";
   WhenNext([patch] {
     Type(patch.string());
-    Strike("Return");
+    PressKey("Return");
   });
-  Strike("Ctrl+S");
+  PressKey("Ctrl+S");
   const std::string exe = ReadFile(Game / "CC4.EXE");
   Expect(ReadFile(patch).size() == 11212 && exe.find(ReadFile(patch).substr(0, 1204)) == 1147264,
          "11212 bytes, beginning with the tiles that stand in CC4.EXE");
@@ -336,12 +336,12 @@ int Tour::Run(const std::string& part) {
 }  // namespace
 }  // namespace corvane
 
-int main(int count, char** arguments) {
-  const std::string part = count == 3 ? arguments[2] : "";
-  if (count < 2 || count > 3 ||
-      (count == 3 && part != "first" && part != "second" && part != "patch")) {
+int main(int argc, char** argv) {
+  const std::string part = argc == 3 ? argv[2] : "";
+  if (argc < 2 || argc > 3 ||
+      (argc == 3 && part != "first" && part != "second" && part != "patch")) {
     std::printf("usage: corvane_tour FOLDER [first|second|patch]\n");
     return 2;
   }
-  return corvane::Tour(std::filesystem::absolute(arguments[1])).Run(part);
+  return corvane::Tour(std::filesystem::absolute(argv[1])).Run(part);
 }

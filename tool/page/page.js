@@ -105,8 +105,8 @@
   // From a badge to its line in the list.
   function showLine(badge) {
     const line = document.getElementById(`found-${badge.dataset.mark}`);
-    line.scrollIntoView({ block: "nearest" });
-    line.querySelector("a, span").focus();
+    line.querySelector("a").focus();
+    line.scrollIntoView({ block: "center" });
     flash(line);
   }
 

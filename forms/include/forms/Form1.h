@@ -42,7 +42,7 @@ struct Form1 : Form {
   Label    Label4             {*this, {"Label4",              "Height:",         { 120, 1320,  735,  255}, 11, &Frame1}, Alignment::Right};
   Label    Label11            {*this, {"Label11",             "Center Y:",       { 120, 2280,  735,  255}, 10, &Frame1}, Alignment::Right};
   Label    Label12            {*this, {"Label12",             "Center X:",       { 120, 1920,  735,  255},  9, &Frame1}, Alignment::Right};
-  ListBox  lstMaps            {*this, {"lstMaps",             "",                { 120,  360, 2055, 3765},  0, nullptr, "Maps"}, true};
+  ListBox  lstMaps            {*this, {"lstMaps",             "",                { 120,  360, 2055, 3765},  0, nullptr, "Maps"}, RowOrder::ByText};
   Label    Label10            {*this, {"Label10",             " Idx   Map",      { 120,  120, 1935,  255},  1}, Alignment::Left};
 
   MenuEntry mnuFile         {*this,   "mnuFile",         "&File"};
@@ -77,7 +77,7 @@ struct Form1 : Form {
   void mnuFileExit_Click();
   static void mnuHelpBasic_Click();
   static void mnuHelpAbout_Click();
-  static void Form_QueryUnload(bool& cancel);
+  [[nodiscard]] static bool Form_QueryUnload();
 
  private:
   void WireControls();

@@ -5,10 +5,8 @@
 
 namespace corvane {
 
-struct Form1;
-
 struct dlgAddConnection : Form {
-  explicit dlgAddConnection(Form1& owner);
+  explicit dlgAddConnection(int fromMap);
 
   // Controls: name, caption, place {left, top, width, height}, tab index, parent, accessible name.
   // clang-format off
@@ -26,7 +24,7 @@ struct dlgAddConnection : Form {
   void CancelButton_Click();
 
  private:
-  Form1& Main;
+  const int From;
 };
 
 }  // namespace corvane

@@ -9,10 +9,8 @@
 
 namespace corvane {
 
-struct Form1;
-
 struct dlgEditBTD : Form {
-  explicit dlgEditBTD(Form1& owner);
+  explicit dlgEditBTD(int map);
 
   // What is being edited. The records outlive the window: where there is no file to read, the
   // dialog shows what the opening before left in them.
@@ -39,8 +37,8 @@ struct dlgEditBTD : Form {
   TextBox  txtFileName   {*this, {"txtFileName",    "",                  {4200,  480, 1335,  285}, 14, nullptr, "Base file name"}, 8};
   Label    Label7        {*this, {"Label7",         "Allied Briefing:",  {4680,  960, 1215,  255}, 15}, Alignment::Centre};
   Label    Label8        {*this, {"Label8",         "Axis Briefing:",    {4680, 2760, 1215,  255}, 16}, Alignment::Centre};
-  TextBox  txtAlliedBrief{*this, {"txtAlliedBrief", "",                  {2880, 1200, 5295, 1335}, 17, nullptr, "Allied briefing"}, 4095, true};
-  TextBox  txtAxisBrief  {*this, {"txtAxisBrief",   "",                  {2880, 3000, 5295, 1215}, 18, nullptr, "Axis briefing"}, 4095, true};
+  TextBox  txtAlliedBrief{*this, {"txtAlliedBrief", "",                  {2880, 1200, 5295, 1335}, 17, nullptr, "Allied briefing"}, 4095, TextLines::Several};
+  TextBox  txtAxisBrief  {*this, {"txtAxisBrief",   "",                  {2880, 3000, 5295, 1215}, 18, nullptr, "Axis briefing"}, 4095, TextLines::Several};
   Button   CancelButton  {*this, {"CancelButton",   "Cancel",            {4245, 4440, 1215,  375}, 19, nullptr, "Cancel"}};
   Button   cmdHelp       {*this, {"cmdHelp",        "&Help",             {6840,  360, 1215,  375}, 20, nullptr, "Help"}};
   // clang-format on
@@ -53,6 +51,7 @@ struct dlgEditBTD : Form {
   void OKButton_Click();
   void CancelButton_Click();
   static void cmdHelp_Click();
+  [[nodiscard]] bool Form_QueryEndSession() const;
 
  private:
   void Wire();
@@ -61,8 +60,11 @@ struct dlgEditBTD : Form {
   void ShowVLs();
   [[nodiscard]] VictoryLocation& SelectedVL() const;
   [[nodiscard]] std::string ListedFile() const;
+  [[nodiscard]] BtdText TextOfBoxes() const;
 
-  Form1& Main;
+  const int Map;
+  VictoryLocations OpenedVLs;  // as the dialog showed them first
+  BtdText OpenedText;
 };
 
 }  // namespace corvane

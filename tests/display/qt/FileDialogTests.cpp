@@ -70,7 +70,7 @@ TEST_F(FileDialogs, ListTheFilesOfTheChosenFilterInAnyLetterCase) {
     ExpectRows(dialog, {"Maps", "cc4.exe"});
     dialog.selectNameFilter(dialog.nameFilters().at(1));
     ExpectRows(dialog, {"B.CRV", "Maps", "a.crv"});
-    Strike("Esc");
+    PressKey("Esc");
   });
 }
 
@@ -79,7 +79,7 @@ TEST_F(FileDialogs, StartWithTheFilterOfTheirSettings) {
   settings.FilterIndex = 2;
   Show(&CommonDialog::ShowOpen, settings, [](QFileDialog& dialog) {
     EXPECT_EQ(dialog.selectedNameFilter(), "Corvane Patch Files (*.crv)");
-    Strike("Esc");
+    PressKey("Esc");
   });
 }
 
@@ -92,7 +92,7 @@ TEST_F(FileDialogs, ListHiddenFoldersAndTheDrivesOfTheWinePrefix) {
     const QString drives = Home.filePath(".wine/dosdevices/");
     EXPECT_TRUE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "c:")));
     EXPECT_FALSE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "d:")));
-    Strike("Esc");
+    PressKey("Esc");
   });
 }
 
@@ -106,7 +106,7 @@ TEST_F(FileDialogs, ShowDatesWhole) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return list->columnWidth(last) > needed; }));
     EXPECT_GE(list->columnWidth(0), 200);
     EXPECT_LE(list->header()->length(), list->viewport()->width());
-    Strike("Esc");
+    PressKey("Esc");
   });
 }
 
@@ -121,7 +121,7 @@ TEST_F(FileDialogs, OpenWhatIsTyped) {
     QDir::setCurrent(Home.path());
     const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [&](QFileDialog&) {
       Type(row.Name);
-      Strike("Return");
+      PressKey("Return");
     });
     EXPECT_EQ(chosen.FileName, Game.filePath(row.File).toStdString()) << row.Name;
     EXPECT_EQ(chosen.FileTitle, row.File) << row.Name;
@@ -132,8 +132,8 @@ TEST_F(FileDialogs, OpenWhatIsTyped) {
 TEST_F(FileDialogs, GiveNothingWhenTheyAreCancelled) {
   const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [](QFileDialog&) {
     Type("cc4.exe");
-    Strike("Esc");  // the completions
-    Strike("Esc");
+    PressKey("Esc");  // the completions
+    PressKey("Esc");
   });
   EXPECT_EQ(chosen.FileName, "");
   EXPECT_EQ(chosen.FileTitle, "");
@@ -145,10 +145,10 @@ TEST_F(FileDialogs, RefuseAFileThatIsNotThereAndStay) {
     WhenNext([this] {
       EXPECT_EQ(SeenMessage().Text,
                 Game.filePath("gone.exe").toStdString() + "\nFile not found.");
-      Strike("Return");
+      PressKey("Return");
     });
     Type("gone.exe");
-    Strike("Return");
+    PressKey("Return");
     EXPECT_TRUE(dialog.isVisible());
     dialog.reject();
   });
@@ -164,7 +164,7 @@ TEST_F(FileDialogs, SaveWithoutAQuestionOfTheirOwn) {
     EXPECT_EQ(dialog.windowTitle(), "Save As");
     ExpectRows(dialog, {"B.CRV", "Maps", "a.crv"});
     Type("a.crv");
-    Strike("Return");
+    PressKey("Return");
   });
   EXPECT_EQ(chosen.FileName, Game.filePath("a.crv").toStdString());
 }

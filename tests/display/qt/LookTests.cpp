@@ -96,7 +96,7 @@ TEST_P(Colours, ShowTheFocusOfEveryControl) {
     QApplication::setPalette(PaletteOf(GetParam()));
     for (std::size_t steps = form.TabOrder().size(); steps > 0; --steps) {
       const QImage before = Picture();
-      Strike("Tab");
+      PressKey("Tab");
       const QRect place = PlaceIn(*WidgetOf(*form.Focused));
       EXPECT_GE(PlainlyDifferent(before, Picture(), place), place.width() + place.height())
           << form.Focused->Name;
@@ -145,19 +145,21 @@ TEST(Fonts, AreThoseOfTheProgramWhateverAThemeSets) {
 TEST(Fonts, OfThemesAreKeptFromWindowsThatOpenLater) {
   TestForm form, dialog;
   form.cmdOK.Click = [&] { dialog.ShowModal(); };
-  dialog.QueryUnload = [](bool&) {};
+  dialog.QueryUnload = [] { return true; };
   dialog.cmdCancel.Click = [&] { dialog.Unload(); };
   PlayWhole(form, [&] {
     QApplication::setFont(QFont("DejaVu Serif", 18, QFont::Bold, true));
     WhenNext([&] {
       for (const QWidget* widget : QApplication::activeModalWidget()->findChildren<QWidget*>()) {
         if (!widget->isVisible()) continue;
-        EXPECT_EQ(widget->font().pixelSize(), PlainFont().pixelSize()) << qPrintable(widget->objectName());
-        EXPECT_EQ(widget->font().families(), PlainFont().families()) << qPrintable(widget->objectName());
+        EXPECT_EQ(widget->font().pixelSize(), PlainFont().pixelSize())
+            << qPrintable(widget->objectName());
+        EXPECT_EQ(widget->font().families(), PlainFont().families())
+            << qPrintable(widget->objectName());
         EXPECT_FALSE(widget->font().bold()) << qPrintable(widget->objectName());
         EXPECT_FALSE(widget->font().italic()) << qPrintable(widget->objectName());
       }
-      Strike("Esc");
+      PressKey("Esc");
     });
     PressAt(form.cmdOK);
   });
@@ -175,7 +177,7 @@ TEST(Fonts, OfADroppedListAreNotNarrowed) {
     EXPECT_LT(combo->font().stretch(), 100);
     EXPECT_EQ(combo->view()->font(), PlainFont());
     EXPECT_GE(combo->view()->viewport()->width(), combo->view()->sizeHintForColumn(0));
-    Strike("Esc");
+    PressKey("Esc");
   });
 }
 

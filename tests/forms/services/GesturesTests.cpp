@@ -18,7 +18,10 @@ TEST(Gestures, ValidateComesFirstAndARefusalLeavesEverything) {
       {[&] { PickRow(f.cboRows, 0); }, "accept comboant ", &f.cboRows},
       {[&] { PickRow(f.cboRows, 0); }, "accept comboant ", &f.cboRows},  // a choice all the same
       {[&] { Press(f.cmdHelp); }, "accept help ", &f.cmdHelp},
-      {[&] { EXPECT_TRUE(PressMnemonic(f, 'h')); }, "accept help ", &f.cmdHelp},
+      {[&] {
+         EXPECT_TRUE(PressKey(f, {'h', {.Alt = true}}));
+       },
+       "accept help ", &f.cmdHelp},
       {[&] { EXPECT_TRUE(PressKey(f, Key::Enter)); }, "accept ok ", &f.txtNumber},
       {[&] { PressKey(f, Key::Tab); }, "accept ", &f.txtName},
       {[&] { EditText(f.txtName, letter); }, "accept namey ", &f.txtName},
@@ -31,7 +34,10 @@ TEST(Gestures, ValidateComesFirstAndARefusalLeavesEverything) {
       {[&] { PickRow(f.cboRows, 8); }, "", &f.txtNumber},
       {[&] { PickRow(f.cboRows, -1); }, "", &f.txtNumber},
       {[&] { Press(f.cmdOff); }, "", &f.txtNumber},
-      {[&] { EXPECT_FALSE(PressMnemonic(f, 'O')); }, "", &f.txtNumber},
+      {[&] {
+         EXPECT_FALSE(PressKey(f, {'O', {.Alt = true}}));
+       },
+       "", &f.txtNumber},
       {[&] { EXPECT_FALSE(MoveFocus(f.lblNote)); }, "", &f.txtNumber}};
   f.Open();
   for (const auto& [gesture, events, focus] : rows) {
@@ -52,9 +58,8 @@ TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   f.cmdOK.SetVisible(false);
   f.Open();
   std::string names;
-  for (const Key key : {Key::BackTab, Key::BackTab, Key::Tab, Key::Tab, Key::Tab, Key::Tab,
-                        Key::Tab, Key::Tab, Key::Tab}) {
-    EXPECT_TRUE(PressKey(f, key));
+  for (const char way : std::string("<<>>>>>>>")) {
+    EXPECT_TRUE(PressKey(f, {Key::Tab, {.Shift = way == '<'}}));
     names += std::string(f.Focused->Name) + " ";
   }
   EXPECT_EQ(names, "cmdHelp cmdCancel cmdHelp lstRows lstFew cboRows txtNumber txtName cmdCancel ");
@@ -70,7 +75,73 @@ TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   EXPECT_FALSE(PressKey(f, Key::Enter) || PressKey(f, Key::Escape));
   EXPECT_EQ(f.Told(), "");
   for (Control* control : f.TabOrder()) control->SetVisible(false);
-  EXPECT_TRUE(f.Focused == nullptr && !PressKey(f, Key::Tab));
+  EXPECT_EQ(f.Focused, nullptr);
+  EXPECT_TRUE(PressKey(f, Key::Tab));
+}
+
+TEST(Gestures, EnterBreaksALineOnlyWithCtrlInSeveralLines) {
+  TestForm f;
+  f.Open();
+  const Modifiers ctrl = {.Ctrl = true};
+  const struct {
+    Control& In;
+    Modifiers With;
+    const char* Events;
+    bool Taken;
+  } rows[] = {{f.txtLines, {}, "ok ", true},
+              {f.txtLines, ctrl, "", false},  // the box has it
+              {f.txtName, ctrl, "ok ", true},
+              {f.cmdHelp, ctrl, "help ", true}};
+  for (const auto& [in, with, events, taken] : rows) {
+    EXPECT_TRUE(MoveFocus(in));
+    EXPECT_EQ(PressKey(f, {Key::Enter, with}), taken) << in.Name;
+    EXPECT_EQ(f.Told(), events) << in.Name;
+  }
+}
+
+TEST(Gestures, TabSelectsAllOfASingleLine) {
+  TestForm f;
+  f.txtNumber.SetText("12");
+  f.txtLines.SetText("lines");
+  f.Open();
+  for (int press = 0; press < 3; ++press) PressKey(f, Key::Tab);
+  EXPECT_EQ(f.Focused, &f.txtNumber);
+  EXPECT_TRUE(f.txtNumber.SelectionSet);
+  EXPECT_EQ(f.txtNumber.SelLength, 2);
+  for (int press = 0; press < 2; ++press) PressKey(f, Key::Tab);
+  EXPECT_EQ(f.Focused, &f.txtLines);
+  EXPECT_FALSE(f.txtLines.SelectionSet);
+}
+
+TEST(Gestures, TheWheelTurnsAComboBoxOnlyWithTheFocus) {
+  TestForm f;
+  f.Open();
+  EXPECT_TRUE(AllowWheel(f, &f.lstRows));
+  EXPECT_TRUE(AllowWheel(f, &f.txtLines));
+  EXPECT_FALSE(AllowWheel(f, &f.cboRows));
+  EXPECT_FALSE(AllowWheel(f, nullptr));
+  EXPECT_TRUE(MoveFocus(f.cboRows));
+  EXPECT_TRUE(AllowWheel(f, &f.cboRows));
+}
+
+TEST(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
+  TestForm f;
+  f.Open();
+  EXPECT_TRUE(MoveFocus(f.txtNumber));
+  EXPECT_TRUE(AllowPress(f, nullptr));
+  EXPECT_FALSE(AllowPress(f, &f.lblNote));
+  EXPECT_FALSE(AllowPress(f, &f.cmdOff));
+  EXPECT_EQ(f.Told(), "");
+  f.txtNumber.SetText("x");
+  EXPECT_FALSE(AllowPress(f, &f.txtName));
+  FollowFocus(f.txtName);
+  EXPECT_EQ(f.Told(), "refuse refuse ");
+  EXPECT_EQ(f.Focused, &f.txtNumber);
+  f.txtNumber.SetText("");
+  FollowFocus(f.txtName);
+  FollowFocus(f.txtName);
+  EXPECT_EQ(f.Told(), "accept ");
+  EXPECT_EQ(f.Focused, &f.txtName);
 }
 
 TEST(Controls, SpeakAndAreDrawnAnewOnChangeAlone) {
@@ -106,7 +177,8 @@ TEST(Controls, SpeakAndAreDrawnAnewOnChangeAlone) {
 
 TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
   TestForm f;
-  TextBox box(f, {"Brief", "", {}, 11}, 12, true);
+  TextBox box(f, {"Brief", "", {}, 11}, 12, TextLines::Several);
+  f.Open();
   // The text, what the user makes of it before and behind the caret, and what it becomes.
   const char* const rows[][4] = {
       {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
@@ -138,7 +210,7 @@ TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
   EXPECT_EQ(f.txtName.SelLength, 0);
   EditText(f.txtName, FindEdit(f.txtName, "\r\n456", ""));
   EXPECT_EQ(f.txtName.Text(), "\r\n456");
-  EditText(f.txtName, {0, 5, {"a\r\0b", 4}});  // neither a break nor the end of a text comes in
+  EditText(f.txtName, {0, 5, {"a\0b\r", 4}});  // the end of a text or of its line does not come in
   EXPECT_EQ(f.txtName.Text(), "ab");
   EXPECT_EQ(f.txtName.SelStart, 2);
   EXPECT_EQ(WithLineBreaks("a\r\nb\rc\n", "<>"), "a<>b<>c<>");

@@ -47,7 +47,7 @@ QRect PlaceOfRow(const ListBox& list, int row) {
 void Play(Form& form, const std::function<void()>& script) {
   char name[] = "corvane";
   char* arguments[] = {name, nullptr};
-  const auto play = [&] { script(), TheDisplay.EndProgram(); };
+  const auto play = [&] { script(), EndProgram(); };
   form.Load = [&] { QTimer::singleShot(0, play); };
   RunProgram(1, arguments, form);
 }
@@ -64,7 +64,7 @@ void WhenNext(const std::function<void()>& then) {
 
 void PressAt(const Control& control) { Click(Find(control.Name), Find(control.Name)->rect()); }
 
-void PressBeside() { Click(Top(), {Top()->rect().bottomRight() - QPoint(3, 3), QSize(1, 1)}); }
+void ClickEmptyArea() { Click(Top(), {Top()->rect().bottomRight() - QPoint(3, 3), QSize(1, 1)}); }
 
 void PressRow(const ListBox& list, int row, bool ctrl) {
   Click(Find<QListWidget>(list.Name)->viewport(), PlaceOfRow(list, row), ctrl);
@@ -88,7 +88,7 @@ void Type(const std::string& text) {
   }
 }
 
-void Strike(const std::string& key) {
+void PressKey(const std::string& key) {
   const QString name = key == "Shift+Tab" ? "Shift+Backtab" : QString::fromStdString(key);
   const QKeyCombination struck = QKeySequence(name)[0];
   QTest::keyClick(Top()->windowHandle(), struck.key(), struck.keyboardModifiers());

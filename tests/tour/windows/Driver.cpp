@@ -32,7 +32,7 @@ void CALLBACK Live(void*) {
   LetReact();
   (*Script)();
   Script = nullptr;
-  TheDisplay.EndProgram();
+  EndProgram();
   for (;;) SwitchToFiber(Program);
 }
 
@@ -118,7 +118,7 @@ void Play(Form& form, const std::function<void()>& script) {
 
 void WhenNext(const std::function<void()>& then) { AtNext = then, BeforeNext = GetActiveWindow(); }
 void PressAt(const Control& control) { Mouse(PlaceOf(Find(control)), {Press}); }
-void PressBeside() { Mouse(CornerOf(Top()), {Press}); }
+void ClickEmptyArea() { Mouse(CornerOf(Top()), {Press}); }
 
 void PressRow(const ListBox& list, int row, bool ctrl) {
   if (ctrl) Move("Ctrl", 0);
@@ -134,10 +134,10 @@ void Type(const std::string& text) {
   }
 }
 
-void Strike(const std::string& key) {
+void PressKey(const std::string& key) {
   const std::size_t plus = key.find('+');
   Move(key.substr(0, plus), 0);
-  if (plus != key.npos) Strike(key.substr(plus + 1));
+  if (plus != key.npos) PressKey(key.substr(plus + 1));
   Move(key.substr(0, plus), KEYEVENTF_KEYUP), LetReact();
 }
 
@@ -156,7 +156,7 @@ void PressItem(const MenuItem& item) {
   GetMenuItemRect(nullptr, MenuOf(item.Under), PlaceIn(item.Under.Items, item), &at);
   Mouse(at, {Press});
 }
-void PressCloseBox() { Strike("Alt+F4"); }
+void PressCloseBox() { PressKey("Alt+F4"); }
 
 ShownMessage SeenMessage() {
   const HWND box = GetActiveWindow();

@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+#include "services/EditHistory.h"
+
 namespace corvane {
 
 struct Form;
@@ -34,8 +36,11 @@ struct Control : ControlRow {
   Control(Form& owner, const ControlRow& row) : ControlRow(row), Owner(owner) {}
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
 
   Form& Owner;
+
+  [[nodiscard]] virtual bool TakesFocus() const { return true; }
 
   [[nodiscard]] bool Enabled() const { return IsEnabled; }
   [[nodiscard]] bool Visible() const { return IsVisible; }
@@ -50,11 +55,13 @@ struct Control : ControlRow {
 
 struct Label : Control {
   Label(Form& owner, const ControlRow& row, Alignment align);
+  [[nodiscard]] bool TakesFocus() const override { return false; }
   Alignment Align;
 };
 
 struct Frame : Control {
   Frame(Form& owner, const ControlRow& row);
+  [[nodiscard]] bool TakesFocus() const override { return false; }
 };
 
 struct Button : Control {
@@ -62,15 +69,23 @@ struct Button : Control {
   std::function<void()> Click = [] {};
 };
 
+enum class RowOrder { AsAdded, ByText };
+
 /// Rows of which one may be selected: what list boxes and dropdown combo boxes share.
 struct RowControl : Control {
-  using Control::Control;
+  RowControl(Form& owner, const ControlRow& row, RowOrder order)
+      : Control(owner, row), Order(order) {}
+
+  const RowOrder Order;
 
   /// Raised on every change of the selected row by user or program, before the setter returns.
   std::function<void()> Click = [] {};
 
-  void Clear();  // leaves no row selected; raises nothing
-  void AddItem(std::string_view text);
+  void Clear();                         // leaves no row selected; raises nothing
+  void AddItem(std::string_view text);  // behind the last row, or at its place in text order
+  /// Adds a row ahead of another, whatever the order; a place outside the list is its nearest end.
+  /// The selected row stays selected.
+  void InsertItem(int ahead, std::string_view text);
   [[nodiscard]] int ListCount() const { return static_cast<int>(Rows.size()); }
   [[nodiscard]] const std::string& List(int row) const;  // empty for a row that is not there
   void SetList(int row, std::string_view text);          // in place; raises nothing
@@ -86,28 +101,32 @@ struct RowControl : Control {
 };
 
 struct ListBox : RowControl {
-  ListBox(Form& owner, const ControlRow& row, bool sorted = false);
+  ListBox(Form& owner, const ControlRow& row, RowOrder order = RowOrder::AsAdded);
   std::function<void()> DblClick = [] {};
-  bool Sorted;  // a new row goes to its place in text order; the selected row stays selected
-  void AddItem(std::string_view text);
 };
 
 struct ComboBox : RowControl {  // a dropdown list: the user can only pick a row
   ComboBox(Form& owner, const ControlRow& row);
 };
 
+enum class TextLines { One, Several };
+
 struct TextBox : Control {
-  TextBox(Form& owner, const ControlRow& row, int typedLimit = 0, bool multiLine = false);
+  TextBox(Form& owner, const ControlRow& row, int typedLimit = 0, TextLines lines = TextLines::One);
 
   std::function<void()> Change = [] {};  // the text has changed, by user or program
-  /// The focus is about to move to another control of the window. A cancel keeps it here.
-  std::function<void(bool& cancel)> Validate = [](bool&) {};
+  /// The focus is about to move to another control of the window. False keeps it here.
+  std::function<bool()> Validate = [] { return true; };
 
   const int TypedLimit;  // characters that typing and pasting lead to; 0: no limit
   const bool MultiLine;
 
   [[nodiscard]] const std::string& Text() const { return Content; }
-  void SetText(std::string_view text);  // not held to the limit
+  /// Fills the box, past the limit if need be, and ends the history of the user's edits.
+  void SetText(std::string_view text);
+  void ReplaceText(std::string_view text);  // as an edit of the user does: keeps the history
+
+  EditHistory History;  // of the user's edits since the program last filled the box
 
   // The selection in characters, and whether the program has set it since the display last looked.
   int SelStart = 0;

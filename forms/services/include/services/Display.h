@@ -1,5 +1,6 @@
 // What the program asks of whatever shows it: one record of functions, filled in by a display or
-// by a test. Everything that comes back the other way is a gesture.
+// by a test. The program goes through the functions below, which note what stands on the screen.
+// Everything that comes back the other way is a gesture.
 #pragma once
 
 #include <functional>
@@ -22,16 +23,22 @@ inline constexpr int PathMustExist = 2048;
 /// Settings of an open or save dialog, and what it gave back.
 struct CommonDialog {
   int Flags = 0;
-  std::string DefaultExt = {};  // with its point
-  std::string Filter = {};      // pairs of description and pattern, all parted by '|'
+  std::string DefaultExt = {};  // including the dot
+  std::string Filter = {};      // pairs of description and pattern, all separated by '|'
   int FilterIndex = 1;          // counted from 1
   std::string InitDir = {};
   std::string FileName = {};   // full path; empty when the user cancelled
   std::string FileTitle = {};  // the name without its folder
 
-  /// Show the dialog and return when it is closed.
+  /// Show the dialog and return when it is closed. A name that a save dialog gives back ends in an
+  /// extension of the filter or gets the default one; one that matches a file but for its letter
+  /// case is that file's.
   void ShowOpen();
   void ShowSave();
+
+  /// For a display whose dialog does not look at the flags: why it has to refuse a path and stay
+  /// open; empty if it may close.
+  [[nodiscard]] std::string Refusal(const std::string& path) const;
 };
 
 struct Display {
@@ -42,7 +49,9 @@ struct Display {
       [](const std::string&, MessageButtons) { return MessageAnswer::No; };
   std::function<void(CommonDialog&)> ShowOpenDialog = [](CommonDialog&) {};
   std::function<void(CommonDialog&)> ShowSaveDialog = [](CommonDialog&) {};
-  std::function<void()> EndProgram = [] {};  // at once, with no question
+  std::function<void()> EndProgram = [] {};  // closes all windows at once
+
+  bool HasEnded = false;  // running handlers may open no further windows, boxes or dialogs
 };
 
 inline Display TheDisplay;
@@ -52,5 +61,11 @@ void Tell(const std::string& text);
 
 /// A question with the buttons Yes and No; True for Yes.
 [[nodiscard]] bool Ask(const std::string& text);
+
+/// Whether a message box or a file dialog stands.
+[[nodiscard]] bool BoxStands();
+
+/// Ends the program at once, with no question.
+void EndProgram();
 
 }  // namespace corvane

@@ -54,6 +54,7 @@ struct Form : FormRow {
   explicit Form(const FormRow& row) : FormRow(row) {}
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
+  ~Form();
 
   std::vector<AnyControl> Controls;  // in the order of the control table
   std::vector<MenuEntry*> Menus;
@@ -61,25 +62,30 @@ struct Form : FormRow {
   Button* EscapeButton = nullptr;  // the cancel button
   Control* Focused = nullptr;
 
-  std::function<void()> Load = [] {};                            // the window is about to show
-  std::function<void(bool& cancel)> QueryUnload = [](bool&) {};  // a cancel keeps it open
+  std::function<void()> Load = [] {};                       // the window is about to show
+  std::function<bool()> QueryUnload = [] { return true; };  // False keeps it open
+  /// The session is about to end, and QueryUnload comes next: asks about what would be lost without
+  /// a word if the window were closed. False: the session is to go on.
+  std::function<bool()> QueryEndSession = [] { return true; };
 
   /// Raises Load and gives the focus to the first control in the tab order.
   void Open();
   /// Opens the form as a modal dialog and returns when it has been unloaded, which may be in Load.
   void ShowModal();
-  /// Closes the window, unless QueryUnload cancels that.
+  /// Closes the window, unless QueryUnload forbids it.
   void Unload();
 
-  [[nodiscard]] bool IsOpen() const { return Opened; }
+  [[nodiscard]] bool IsOpen() const;
 
   /// What takes the focus at this moment, by tab index.
   [[nodiscard]] std::vector<Control*> TabOrder() const;
   /// Moves the focus on from a control that can no longer hold it.
   void LoseFocus(const Control& control);
-
- private:
-  bool Opened = false;
 };
+
+/// The forms that are open, from the topmost down to the main window.
+[[nodiscard]] std::vector<Form*> OpenForms();
+/// The one that hears what a person does; nullptr if none is open.
+[[nodiscard]] Form* TopForm();
 
 }  // namespace corvane

@@ -1,16 +1,24 @@
-// What the windows of every display do alike: each shows one form, they stand in a row from the
-// main window to the topmost dialog, and each notes which controls have changed until it shows
+// The windows of a display as the services see them. Each shows one form. They stand in a row from
+// the main window to the topmost dialog, and each notes which controls have changed until it shows
 // them.
 #pragma once
 
 #include <functional>
 #include <memory>
 #include <set>
+#include <vector>
 
 #include "services/Display.h"
 #include "services/Form.h"
 
 namespace corvane {
+
+/// A control and the widget that shows it.
+struct ControlView {
+  Control* Shown;
+  void* Widget;                  // the display's own; only told apart from others
+  std::function<void()> Mirror;  // shows the control's present state; what is alike stays untouched
+};
 
 class FormView {
  public:
@@ -22,29 +30,32 @@ class FormView {
   virtual void Run() = 0;  // shows the window and returns when it is closed
   virtual void Close() = 0;
 
-  /// The topmost window, brought up to date, for a box or dialog to stand over; or nullptr.
-  [[nodiscard]] static FormView* Top();
-  static void MirrorAll();
+  [[nodiscard]] static FormView* Top();  // the topmost window; or nullptr
 
  protected:
-  virtual void Mirror(const std::set<const Control*>& changed) = 0;
+  /// Has the real focus where the form has it: at a widget, or nowhere (nullptr).
+  virtual void MirrorFocus(void* widget) = 0;
+
+  void AddView(const ControlView& view);
+  void MirrorEverything();                                     // such as when all widgets are new
+  [[nodiscard]] void* WidgetOf(const Control* control) const;  // or nullptr
+  [[nodiscard]] Control* ControlOf(const void* widget) const;  // or nullptr
 
   Form& Shown;
   FormView* const Below;  // the window that this one stands on; nullptr for the main window
 
  private:
   friend Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show);
+  friend void ShowChanges();
+  void MirrorChanges();
+
+  std::vector<ControlView> Views;
   std::set<const Control*> Changed;
 };
 
-/// Does what a person did, then shows what came of it.
-void Perform(const std::function<void()>& gesture);
-
-/// The same for what may be refused, or mean nothing: whether it went well.
-[[nodiscard]] bool Attempt(const std::function<bool()>& gesture);
-
-/// The same at a control, whose widget goes back to the control's state, whatever came of it.
-void PerformAt(Control& control, const std::function<void()>& gesture);
+/// Brings all windows up to date. Every gesture ends with this, and boxes, dialogs and windows open
+/// after it.
+void ShowChanges();
 
 /// A display that shows forms by these views; its boxes and dialogs are still to be filled in.
 [[nodiscard]] Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show);

@@ -1,22 +1,22 @@
-// The program up to its first window. With a game's file it opens that; with a word more it
+// The program up to its first window. Its argument is a game's file to open; with "select" it
 // measures the selection of maps.
-#include "Shown.h"
+#include "SelectTime.h"
 #include "forms/Form1.h"
 #include "services/Program.h"
 
-int main(int count, char** words) {
+int main(int argc, char** argv) {
   corvane::Form1 form;
   const auto measure = [&] {
     QWindow* window = QGuiApplication::topLevelWindows().constFirst();
     while (!window->isExposed()) QApplication::processEvents();
-    if (count == 1) std::_Exit(0);
+    if (argc == 1) std::_Exit(0);
     corvane::TheDisplay.ShowOpenDialog = [&](corvane::CommonDialog& dialog) {
-      dialog.FileName = words[1];
+      dialog.FileName = argv[1];
       dialog.FileTitle = "CC4.EXE";
     };
     QWidget::find(window->winId())->findChild<QAction*>("mnuFileOpen")->trigger();
     QApplication::processEvents();
-    if (count == 2) std::_Exit(0);
+    if (argc == 2) std::_Exit(0);
     PrintSelectTime([&](int map) {
       const int key = map > form.lstMaps.ListIndex() ? Qt::Key_Down : Qt::Key_Up;
       QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
@@ -26,5 +26,5 @@ int main(int count, char** words) {
     std::_Exit(0);
   };
   form.Load = [&] { QTimer::singleShot(0, measure); };
-  return corvane::RunProgram(count, words, form);
+  return corvane::RunProgram(argc, argv, form);
 }

@@ -1,4 +1,4 @@
-// What both measured windows do alike.
+// How both windows measure the selection of maps.
 #pragma once
 
 #include <unistd.h>
@@ -6,7 +6,8 @@
 #include <QtWidgets>
 #include <cstdio>
 
-/// Prints the microseconds of a selection, painted; the median on ways from map 0 to 42 and back.
+/// Prints the median time of a selection and its painting, in microseconds, going from map 0 to 42
+/// and back.
 template <class Select>
 void PrintSelectTime(const Select& select) {
   std::vector<double> times;

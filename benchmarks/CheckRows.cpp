@@ -1,0 +1,74 @@
+#include <numeric>
+
+#include "Groups.h"
+#include "Rows.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
+#include "rules/ConsistencyCheck.h"
+
+namespace corvane {
+namespace {
+
+unsigned SumOf(const void* table, std::size_t size) {
+  const auto* bytes = static_cast<const unsigned char*>(table);
+  return std::accumulate(bytes, bytes + size, 0U);
+}
+
+// A finding for every exit, map slot and arrow slot.
+void SpoilTables() {
+  StrMap = {};
+  StrArrow = {};
+  VLDest = {};
+  for (int cell = 0; cell < MapSlotCount * MapSlotCount; ++cell)
+    MapConnections(cell % MapSlotCount, cell / MapSlotCount) = NoConnection;
+}
+
+// The findings cut where words and numbers meet, as the check puts them together.
+std::vector<std::string> PiecesOf(const std::string& findings) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  std::vector<std::string> pieces;
+  for (const char c : findings) {
+    if (pieces.empty() || isDigit(c) != isDigit(pieces.back().back()) || c == '\r')
+      pieces.emplace_back();
+    pieces.back() += c;
+  }
+  return pieces;
+}
+
+std::string Joined(const std::vector<std::string>& pieces, std::size_t size) {
+  std::string text;
+  text.reserve(size);
+  for (const std::string& piece : pieces) text += piece;
+  return text;
+}
+
+}  // namespace
+
+void AddCheckRows(const std::string& folder) {
+  SpoilTables();
+  const std::string findings = CheckTables();
+  Require(std::ranges::count(findings, '\n') == 554, "not 554 findings");
+  Open(folder);
+  Require(CheckTables().empty(), "the sample game is not sound");
+  const auto check = [] { benchmark::DoNotOptimize(CheckTables()); };
+  const auto passOver = [] {
+    benchmark::DoNotOptimize(SumOf(&VLDest, sizeof VLDest) + SumOf(&Tables, sizeof Tables));
+  };
+  const auto append = [pieces = PiecesOf(findings), size = findings.size()] {
+    benchmark::DoNotOptimize(Joined(pieces, size));
+  };
+  const auto on = [=](const std::function<void()>& prepare, const auto& work) {
+    return [=] {
+      prepare();
+      work();
+      return Micros(50, work);
+    };
+  };
+  const auto sound = std::bind_front(Open, folder);
+  AddRow("Check of a sound network (us)", on(sound, check), "one pass over the tables' bytes",
+         on(sound, passOver), 1.5, 1001);
+  AddRow("Check with 554 findings (us)", on(SpoilTables, check),
+         "the same pieces, appended to a reserved buffer", on(SpoilTables, append), 1.5, 1001);
+}
+
+}  // namespace corvane

@@ -1,0 +1,35 @@
+// The fonts of the windows, the measure of a text in them, and the resolution that both depend on.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+namespace corvane {
+
+constexpr int FontHeight = 160;  // of the controls, in twips: 8 points
+
+[[nodiscard]] constexpr int ToPixels(int twips, int dpi) { return (twips * dpi + 720) / 1440; }
+
+/// The font of the controls. All fonts are kept until the program ends.
+[[nodiscard]] HFONT ControlFont(int dpi);
+
+/// A font of the controls as it is, or the largest smaller one that fits; the smallest where none
+/// does.
+[[nodiscard]] HFONT ShrinkToFit(HFONT font, const std::function<bool(HFONT)>& fits);
+
+/// The system's fonts for messages and for the titles of windows.
+struct SystemFonts {
+  LOGFONTW Message, Title;
+};
+[[nodiscard]] SystemFonts GetSystemFonts(int dpi);
+
+/// The pixels of a text; wrapped, if a width is given.
+[[nodiscard]] SIZE MeasureText(const std::wstring& text, HFONT font, int width = 0);
+[[nodiscard]] TEXTMETRICW MetricsOf(HFONT font);
+
+[[nodiscard]] int DpiOf(HWND window);
+[[nodiscard]] RECT WorkArea(HWND window);  // of its screen, without the task bar
+
+}  // namespace corvane

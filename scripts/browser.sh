@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Tries the page of corvane-tool in Chromium, without a screen. What it looked like, in light and dark
+# and at both scales, stays in build/browser. For Debian and Ubuntu.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/dependencies.sh
+
+need browser
+build release --target corvane_pages
+rm -rf build/browser
+PYTHONDONTWRITEBYTECODE=1 timeout 600 python3 tests/browser/page_tests.py \
+  build/release/tests/corvane_pages build/browser
+echo "Pictures: build/browser"

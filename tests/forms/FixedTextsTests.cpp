@@ -1,0 +1,43 @@
+// The long texts of the program, stated here a second time.
+#include "Session.h"
+
+using namespace corvane;
+
+static const std::string Instructions =
+    "Basic Instructions on using Corvane:\r\n\r\n"
+    "WARNING: Use this tool at your own risk. Back up CC4.EXE and all map .btd files. Improper use "
+    "will result in a non-functional CC4. If you don't already understand how ScrnGadg.gdg, the "
+    "map .btd files, and the strategic layer of CC4 are are related, seek this knowledge elsewhere "
+    "before attempting to modify  CC4.EXE with this tool! \r\n\r\n"
+    "Before modifying the strategic layer, first place your new set of map .btd files in a Maps "
+    "subdirectory under the directory where you have the copy of CC4.EXE you want to modify. Then "
+    "open CC4.EXE in Corvane and edit the .btd files, STRMAP, and STRARROW information to match up "
+    "your .btd map info, STRMAP tiles, and STRARROWs. You can either save your work to a 'patch "
+    "file', which can later be used to patch a standard copy of CC4.EXE, or you can save your "
+    "changes directly into the copy of CC4.EXE you opened.";
+
+static const std::string DeleteQuestion =
+    "Are you positive you want to delete this map? NOTE: All data associated with this map, along "
+    "with all connections to this map from all other maps, will be deleted.  The contents of the "
+    "BTD file will also be deleted.";
+
+TEST(FixedTexts, OfTheHelpMenuComeWithNothingOpen) {
+  Session session(GameFiles(MakeSampleGame()));
+  session.Menu(session.Main.mnuHelpBasic);
+  session.Menu(session.Main.mnuHelpAbout);
+  EXPECT_EQ(session.Told(), (Texts{Instructions, "Corvane for Close Combat 4"}));
+}
+
+TEST(FixedTexts, OfTheQuestionAheadOfClearingASlot) {
+  Session session;
+  session.Answer = MessageAnswer::No;
+  session.Main.cmdDelete.Click();
+  EXPECT_EQ(session.Told(), Texts{DeleteQuestion});
+}
+
+TEST(FixedTexts, OfTheNoteInAddConnection) {
+  EXPECT_STREQ(dlgAddConnection(0).Label2.Caption,
+               "NOTE: You must have a reciprocating link from the destination back to this map.  "
+               "You must also edit the BTD files and set up a Victory Location on each map to "
+               "represent the link.");
+}

@@ -1,0 +1,147 @@
+// What holds for the control tables of every window, whatever stands in them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include "ResetTables.h"
+#include "base/LetterCase.h"
+#include "data/BtdFile.h"
+#include "forms/Form1.h"
+#include "forms/dlgAddConnection.h"
+#include "forms/dlgEditBTD.h"
+
+using namespace corvane;
+
+namespace {
+
+Control& Any(const AnyControl& any) {
+  return std::visit([](auto* control) -> Control& { return *control; }, any);
+}
+
+constexpr int Pixel = 15;  // twips, which a heading may share with the box below it
+
+// In twips, from the corner of the client area.
+struct Area {
+  int Left, Top, Right, Bottom;
+  explicit Area(const Control& control)
+      : Left(control.At.Left + (control.Parent ? control.Parent->At.Left : 0)),
+        Top(control.At.Top + (control.Parent ? control.Parent->At.Top : 0)),
+        Right(Left + control.At.Width),
+        Bottom(Top + control.At.Height) {}
+  [[nodiscard]] bool Overlaps(const Area& other) const {
+    return Left < other.Right && other.Left < Right && Top + Pixel < other.Bottom &&
+           other.Top + Pixel < Bottom;
+  }
+};
+
+struct Window : testing::TestWithParam<const char*> {
+  Window() {
+    ResetTables();
+    const std::string name = GetParam();
+    if (name == "Form1") Shown = std::make_unique<Form1>();
+    if (name == "dlgEditBTD") Shown = std::make_unique<dlgEditBTD>(0);
+    if (name == "dlgAddConnection") Shown = std::make_unique<dlgAddConnection>(0);
+  }
+  std::unique_ptr<Form> Shown;
+};
+
+// The label on the same line just left of a box, or else the nearest one above it.
+const Label* LabelOf(const Form& form, const Control& box) {
+  const Label* best = nullptr;
+  for (const AnyControl& any : form.Controls) {
+    const Label* const* label = std::get_if<Label*>(&any);
+    if (!label || (*label)->Parent != box.Parent) continue;
+    const Place& at = (*label)->At;
+    const bool beside = at.Top == box.At.Top && at.Left + at.Width <= box.At.Left;
+    const bool above = at.Top < box.At.Top && at.Left < box.At.Left + box.At.Width &&
+                       box.At.Left < at.Left + at.Width;
+    if (beside) return *label;
+    if (above && (!best || best->At.Top < at.Top)) best = *label;
+  }
+  return best;
+}
+
+}  // namespace
+
+TEST_P(Window, NumbersItsControlsWithoutGaps) {
+  std::set<int> tabs;
+  for (const AnyControl& any : Shown->Controls) tabs.insert(Any(any).TabIndex);
+  EXPECT_EQ(tabs.size(), Shown->Controls.size());
+  EXPECT_EQ(*tabs.begin(), 0);
+  EXPECT_EQ(*tabs.rbegin(), static_cast<int>(tabs.size()) - 1);
+}
+
+TEST_P(Window, LetsNoControlLeaveItsParentOrLieOverAnother) {
+  for (const AnyControl& any : Shown->Controls) {
+    const Control& control = Any(any);
+    const Place& at = control.At;
+    SCOPED_TRACE(control.Name);
+    EXPECT_GE(at.Left, 0);
+    EXPECT_GE(at.Top, 0);
+    EXPECT_LE(at.Left + at.Width, control.Parent ? control.Parent->At.Width : Shown->ClientWidth);
+    EXPECT_LE(at.Top + at.Height, control.Parent ? control.Parent->At.Height : Shown->ClientHeight);
+    for (const AnyControl& other : Shown->Controls) {
+      const Control& neighbour = Any(other);
+      if (&neighbour == &control || &neighbour == control.Parent || neighbour.Parent == &control)
+        continue;
+      EXPECT_FALSE(Area(control).Overlaps(Area(neighbour))) << neighbour.Name;
+    }
+  }
+}
+
+TEST_P(Window, NamesEachControlOnce) {
+  std::set<std::string> names, accessible;
+  for (const AnyControl& any : Shown->Controls) {
+    const Control& control = Any(any);
+    EXPECT_TRUE(names.insert(control.Name).second) << control.Name;
+    if (!control.TakesFocus()) continue;
+    EXPECT_STRNE(control.AccessibleName, "") << control.Name;
+    EXPECT_TRUE(accessible.insert(control.AccessibleName).second) << control.Name;
+  }
+}
+
+TEST_P(Window, NamesABoxWithTheWordOfItsLabel) {
+  for (const AnyControl& any : Shown->Controls) {
+    const Control& box = Any(any);
+    if (!std::holds_alternative<TextBox*>(any) && !std::holds_alternative<ComboBox*>(any)) continue;
+    const Label* label = LabelOf(*Shown, box);
+    ASSERT_NE(label, nullptr) << box.Name;
+    const std::string caption = label->Caption;
+    // The table's own name, for which a reader says the thing.
+    const std::string word =
+        caption == "STRARROW:" ? "Arrow" : caption.substr(0, caption.find(':'));
+    EXPECT_TRUE(ToUpper(box.AccessibleName).starts_with(ToUpper(word))) << box.Name << caption;
+  }
+}
+
+TEST_P(Window, GivesAMnemonicToOneButtonOnly) {
+  std::set<char> letters;
+  for (const AnyControl& any : Shown->Controls) {
+    const std::string caption = Any(any).Caption;
+    const std::size_t mark = caption.find('&');
+    if (mark == caption.npos) continue;
+    EXPECT_TRUE(letters.insert(caption[mark + 1]).second) << caption;
+  }
+  for (const MenuEntry* entry : Shown->Menus) {
+    const std::string caption = entry->Caption;
+    EXPECT_TRUE(letters.insert(caption[caption.find('&') + 1]).second) << caption;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, Window,
+                         testing::Values("Form1", "dlgEditBTD", "dlgAddConnection"));
+
+TEST(EditMapBTDTable, LimitsTypingToOneLessThanTheField) {
+  const dlgEditBTD dialog(0);
+  const std::pair<const TextBox*, std::size_t> rows[] = {
+      {&dialog.txtVLName, sizeof VictoryLocation::Name},
+      {&dialog.txtFileName, sizeof BtdText::BaseName},
+      {&dialog.txtAlliedBrief, sizeof BtdText::AlliedBrief},
+      {&dialog.txtAxisBrief, sizeof BtdText::AxisBrief},
+      {&dialog.txtVLX, std::string("255").size()},  // a byte in digits
+      {&dialog.txtVLY, std::string("255").size()}};
+  for (const auto& [box, width] : rows)
+    EXPECT_EQ(box->TypedLimit, static_cast<int>(width) - 1) << box->Name;
+}

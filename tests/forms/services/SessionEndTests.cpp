@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include "TestForm.h"
+#include "services/Display.h"
+#include "services/Gestures.h"
+
+using namespace corvane;
+
+namespace {
+
+struct SessionEnd : testing::Test {
+  SessionEnd() {
+    TheDisplay.EndProgram = [this] { ++Ends; };
+    Main.Open();
+    Dialog.Open();
+    Main.QueryUnload = [this] { return Main.Log += "unload ", MainAgrees; };
+    Dialog.QueryUnload = [] { return true; };
+    Dialog.QueryEndSession = [this] { return Main.Log += "dialog ", DialogAgrees; };
+  }
+  ~SessionEnd() override { TheDisplay = {}; }
+
+  TestForm Main, Dialog;
+  bool MainAgrees = true, DialogAgrees = true;
+  int Ends = 0;
+};
+
+}  // namespace
+
+TEST_F(SessionEnd, AsksFromTheTopmostWindowDown) {
+  EXPECT_TRUE(QueryEndSession());
+  EXPECT_EQ(Main.Told(), "dialog unload ");
+  EXPECT_EQ(Ends, 0);  // the session may yet go on
+  EndSession();
+  EXPECT_EQ(Ends, 1);
+}
+
+TEST_F(SessionEnd, IsRefusedByOneWindowThatHasSomethingToLose) {
+  for (bool* agrees : {&MainAgrees, &DialogAgrees}) {
+    *agrees = false;
+    EXPECT_FALSE(QueryEndSession());
+    EndSession();
+    EXPECT_EQ(Ends, 0);
+    EXPECT_TRUE(Main.IsOpen());
+    EXPECT_TRUE(Dialog.IsOpen());
+    *agrees = true;
+  }
+}
+
+TEST_F(SessionEnd, LeavesRunningHandlersNothingToShow) {
+  TheDisplay.ShowMessage = [](const std::string& text, MessageButtons) {
+    ADD_FAILURE() << text;
+    return MessageAnswer::Yes;
+  };
+  TheDisplay.ShowOpenDialog = [](CommonDialog&) { ADD_FAILURE(); };
+  TheDisplay.ShowModal = [](Form&) { ADD_FAILURE(); };
+  EndProgram();
+  Tell("late");
+  EXPECT_FALSE(Ask("late"));
+  CommonDialog dialog;
+  dialog.ShowOpen();
+  EXPECT_EQ(dialog.FileName, "");
+  Dialog.ShowModal();
+}
