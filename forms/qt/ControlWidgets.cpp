@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "Accessibility.h"
 #include "Look.h"
 #include "services/Gestures.h"
 
@@ -44,6 +45,8 @@ class RowList : public QListWidget {
   void focusInEvent(QFocusEvent* event) override {
     QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+    // Behind Qt's own word that the focus is at the list.
+    QTimer::singleShot(0, this, [this] { AnnounceCurrentRow(*this); });
   }
 
  private:

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "Accessibility.h"
 #include "services/Gestures.h"
 
 namespace corvane {
@@ -41,6 +42,7 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
   setWindowTitle(QString::fromUtf8(form.Caption));
   setCentralWidget(new QWidget);
   AddControls();
+  TieLabels(form, *this);
   for (MenuEntry* entry : form.Menus) AddMenu(*entry);
   SetFrame();
   create();

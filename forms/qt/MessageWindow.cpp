@@ -83,12 +83,13 @@ class MessageBox : public QDialog {
   void FitText() {
     const QSize most = screen()->availableSize() - ScreenMargin;
     Text->setLineWrapColumnOrWidth(WrapWidth(most.width()));
+    const int width = qCeil(Text->document()->idealWidth());
+    Text->setLineWrapColumnOrWidth(width);  // wider, it would scroll sideways
     const int height = qCeil(Text->document()->size().height());
     const bool scrolls = height > most.height();
     const int frame = 2 * Text->frameWidth();
     const int bar = scrolls ? Text->verticalScrollBar()->sizeHint().width() : 0;
-    Text->setFixedSize(qCeil(Text->document()->idealWidth()) + bar + frame,
-                       std::min(height, most.height()) + frame);
+    Text->setFixedSize(width + bar + frame, std::min(height, most.height()) + frame);
     if (scrolls) return;
     Text->setFrameShape(QFrame::NoFrame);
     Text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QSettings>
 
+#include "Accessibility.h"
 #include "Dialogs.h"
 #include "FormWindow.h"
 #include "Look.h"
@@ -20,6 +21,7 @@ int RunProgram(int argc, char** argv, Form& form) {
   // Nothing is stored anywhere; the file dialog would keep a history.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   DressApplication();
+  InstallAccessibility();
   TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });
   TheDisplay.ShowMessage = [](const std::string& text, MessageButtons buttons) {
     return ShowMessageBox(FormWindow::Top(), text, buttons);
@@ -36,6 +38,10 @@ int RunProgram(int argc, char** argv, Form& form) {
   return 0;
 }
 
-void SystemBeep() { QApplication::beep(); }
+void SystemBeep() {
+  QApplication::beep();
+  const bool hasBell = QGuiApplication::platformName() == "xcb";
+  if (QWidget* refused = QApplication::focusWidget(); refused && !hasBell) Flash(refused);
+}
 
 }  // namespace corvane

@@ -143,8 +143,7 @@ TEST_F(FileDialogs, GiveNothingWhenTheyAreCancelled) {
 TEST_F(FileDialogs, RefuseAFileThatIsNotThereAndStay) {
   const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [this](QFileDialog& dialog) {
     WhenNext([this] {
-      EXPECT_EQ(SeenMessage().Text,
-                Game.filePath("gone.exe").toStdString() + "\nFile not found.");
+      EXPECT_EQ(SeenMessage().Text, Game.filePath("gone.exe").toStdString() + "\nFile not found.");
       PressKey("Return");
     });
     Type("gone.exe");
