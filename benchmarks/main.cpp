@@ -40,6 +40,7 @@ int main(int argc, char** argv) {
     corvane::AddFileRows(folder);
     corvane::AddCheckRows(folder);
     corvane::AddWindowRows(folder);
+    corvane::AddToolRows(folder);
   }
   std::puts("| What | Cost | Floor | Cost | Ratio | At most | |\n|---|--:|---|--:|--:|--:|---|");
   corvane::Silent reporter;

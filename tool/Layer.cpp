@@ -9,17 +9,21 @@
 namespace corvane {
 namespace {
 
-MapFile ReadMapFile(const std::string& name, std::vector<std::string>& faults) {
-  const std::string path = BtdPath(name, name);
+std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
+
+// In place: a map file is too large to be moved about.
+void ReadMapFile(const std::string& folder, MapFile& file, std::vector<std::string>& faults) {
+  const std::string path = folder + Separator + file.Name;  // spelled as the folder lists it
   const Result<BtdFile> read = ReadBtd(path);
-  if (read.Done()) return {name, FileLength(path), read->Header, read->VLs, read->Text};
-  faults.push_back(FailureMessage(read.Error()));
-  return {.Name = name};
+  if (!read.Done()) return faults.push_back(FailureMessage(read.Error()));
+  file.Length = FileLength(path);
+  file.Header = read->Header;
+  file.VLs = read->VLs;
+  file.Text = read->Text;
 }
 
-bool HasFilesLeftOut() {
+bool HasFilesLeftOut(const std::string& folder) {
   std::vector<std::string> names;
-  const std::string folder = GamePath + Separator + NameInFolder(GamePath, "Maps");
   static_cast<void>(ScanFolder(folder, ".BTD", MapSlotCount + 1, names));  // listed once already
   return names.size() > MapSlotCount;
 }
@@ -33,9 +37,14 @@ Layer CaptureLayer(std::vector<std::string>& faults) {
               .Hotspots = MapHotspots,
               .Destinations = VLDest,
               .Rows = MapRows};
-  for (const std::string& row : MapRows)
-    layer.Files.push_back(ReadMapFile(RowFileName(row), faults));
-  layer.FilesLeftOut = MapRows.size() >= MapSlotCount && HasFilesLeftOut();
+  if (MapRows.empty()) return layer;
+  const std::string folder = MapsFolder();
+  layer.Files.resize(MapRows.size());
+  for (std::size_t row = 0; row < MapRows.size(); ++row) {
+    layer.Files[row].Name = RowFileName(MapRows[row]);
+    ReadMapFile(folder, layer.Files[row], faults);
+  }
+  layer.FilesLeftOut = MapRows.size() >= MapSlotCount && HasFilesLeftOut(folder);
   return layer;
 }
 
