@@ -15,6 +15,11 @@ Inputs TableInputs(const corvane::SampleGame& game) {
   return {patch, patch.substr(0, 5000), patch + "behind it"};
 }
 
+Inputs DrawInputs(const corvane::SampleGame& game) {
+  const std::string patch = corvane::PatchBytes(game.Tables);
+  return {patch + corvane::BtdBytes(game.Maps[9]), patch + "<&\"'\n\xE2\x80\xAE>.btd", "short"};
+}
+
 Inputs BtdInputs(const corvane::SampleGame& game) {
   const std::string file = corvane::BtdBytes(game.Maps[9]);
   return {file, file.substr(0, 8526), file.substr(0, 325), file.substr(0, 4)};
@@ -69,7 +74,8 @@ int main(int argc, char** argv) {
                        Write(folder / "GameExeFuzz", TableInputs(game)) &&
                        Write(folder / "BtdFuzz", BtdInputs(game)) &&
                        Write(folder / "RegistryFuzz", RegistryInputs()) &&
-                       Write(folder / "SessionFuzz", SessionInputs());
+                       Write(folder / "SessionFuzz", SessionInputs()) &&
+                       Write(folder / "DrawFuzz", DrawInputs(game));
   if (!written) std::cerr << "corvane-corpus: could not write into " << folder.string() << "\n";
   return written ? 0 : 1;
 }

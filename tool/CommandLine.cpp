@@ -1,8 +1,12 @@
 #include "tool/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <chrono>
 #include <functional>
+#include <thread>
 
+#include "tool/Draw.h"
 #include "tool/Verbs.h"
 
 namespace corvane {
@@ -15,6 +19,10 @@ struct Call {
   ShowOptions Show;
   DiffOptions Diff;
   CopyOptions Copy;
+  DrawOptions Draw;
+  bool Watch = false;
+  std::vector<std::string> Files;
+  std::string Game;
 };
 
 constexpr char SourceHelp[] =
@@ -95,6 +103,53 @@ void AddCopy(CLI::App& app, Call& call) {
       [&call] { call.Run = [&call](const Console& console) { return Copy(call.Copy, console); }; });
 }
 
+// Between two looks at files: shorter than a person takes to look up from the editor.
+bool PauseWatch() {
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  return true;
+}
+
+int DrawAsAsked(const Call& call, const Console& console) {
+  if (!call.Watch) return Draw(call.Draw, console);
+  ComplainOf(console, "watching the files; Ctrl+C ends this.");
+  return WatchAndDraw(call.Draw, console, PauseWatch);
+}
+
+void AddDraw(CLI::App& app, Call& call) {
+  CLI::App& verb = *app.add_subcommand("draw", "Draw the strategic layer");
+  verb.add_option("SOURCE", call.Draw.Source, SourceHelp)->required()->type_name("");
+  verb.add_option("OUT", call.Draw.Out, "a picture (.svg) or a page for the browser (.html)")
+      ->required()
+      ->type_name("");
+  verb.add_option("--against", call.Draw.Against, "a second source: what moved stands in outline")
+      ->type_name("SOURCE");
+  AddGame(verb, call.Draw.Game);
+  verb.add_flag("--watch", call.Watch, "draw again whenever a file changes; the page follows");
+  verb.footer(
+      "Replaces OUT. Exit status: 0 done, 2 failed.\n\n"
+      "Examples:\n"
+      "  corvane-tool draw ~/game/CC4.EXE layer.svg\n"
+      "  corvane-tool draw ~/game/CC4.EXE layer.html --against ~/backup/CC4.EXE\n"
+      "  corvane-tool draw --watch ~/game/CC4.EXE layer.html");
+  verb.callback([&call] {
+    call.Run = [&call](const Console& console) { return DrawAsAsked(call, console); };
+  });
+}
+
+// What a file manager calls when files are dropped on the program.
+void AddFiles(CLI::App& app, Call& call) {
+  app.add_option("FILE", call.Files, "draw a page of each file and open it in the browser")
+      ->type_name("");
+  AddGame(app, call.Game);
+}
+
+int ShowFiles(const Call& call, const Console& console) {
+  int status = StatusDone;
+  for (const std::string& file : call.Files)
+    status = std::max(status, ShowInBrowser(file, call.Game, console));
+  return status;
+}
+
 int Misuse(const std::string& reason, const Console& console) {
   ComplainOf(console, reason);
   ComplainOf(console, "Try corvane-tool --help.");
@@ -109,7 +164,7 @@ int Print(const std::string& text, const Console& console) {
 }  // namespace
 
 int RunTool(const std::vector<std::string>& arguments, const Console& console) {
-  CLI::App app("See, check, compare and copy the strategic layer of Close Combat 4.",
+  CLI::App app("See, check, compare, copy and draw the strategic layer of Close Combat 4.",
                "corvane-tool");
   Call call;
   app.allow_windows_style_options(false);  // a path may begin with a slash
@@ -120,6 +175,8 @@ int RunTool(const std::vector<std::string>& arguments, const Console& console) {
   AddShow(app, call);
   AddDiff(app, call);
   AddCopy(app, call);
+  AddDraw(app, call);
+  AddFiles(app, call);
   app.footer("corvane-tool VERB --help tells more of a verb, with examples.");
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -130,6 +187,7 @@ int RunTool(const std::vector<std::string>& arguments, const Console& console) {
   } catch (const CLI::ParseError& error) {
     return Misuse(error.what(), console);
   }
+  if (!call.Run && !call.Files.empty()) return ShowFiles(call, console);
   return call.Run ? call.Run(console) : Misuse("a verb or a file is missing", console);
 }
 

@@ -1,0 +1,54 @@
+// The input is a patch file with a BTD file behind it, which also is the name of that file. The
+// picture, the page and a picture against the sample's tables are well-formed whatever stands
+// there.
+#include "../tests/tool/SampleLayer.h"
+#include "../tests/tool/Xml.h"
+#include "Fuzz.h"
+#include "tool/Picture.h"
+#include "tool/Warnings.h"
+
+namespace {
+
+using namespace corvane;
+
+const Layer& SampleOnce() {
+  static const Layer sample = LayerOf(MakeSampleGame());
+  return sample;
+}
+
+Layer LayerFrom(const TestFolder& folder, const std::string& input) {
+  folder.Put("p.crv", input);
+  folder.Put("a.btd", input.substr(std::min<std::size_t>(input.size(), PatchFileSize)));
+  Layer layer = SampleOnce();
+  const Result<GameTables> tables = ReadPatchTables(folder / "p.crv");
+  const Result<BtdFile> map = ReadBtd(folder / "a.btd");
+  Require(tables.Done() && map.Done(), "any file can be read");
+  layer.Tiles = tables->Tiles;
+  layer.Arrows = tables->Arrows;
+  layer.Connections = tables->Connections;
+  layer.Hotspots = tables->Hotspots;
+  const std::size_t row = map->Header.MapIndex % layer.Rows.size();
+  layer.Rows[row] = "000 " + input.substr(input.size() - std::min<std::size_t>(input.size(), 40));
+  layer.Files[row] = {input.substr(0, 20), input.size(), map->Header, map->VLs, map->Text};
+  for (int vl = 0; vl < VLSlotCount; ++vl) {
+    layer.Destinations(map->Header.MapIndex, vl) =
+        map->VLs[static_cast<std::size_t>(vl)].Destination;
+  }
+  return layer;
+}
+
+}  // namespace
+
+void corvane::Run(const TestFolder& folder, const std::string& input) {
+  const Layer layer = LayerFrom(folder, input);
+  Tables = TablesOf(layer);
+  VLDest = layer.Destinations;
+  MapRows = layer.Rows;
+  Picture picture{input.substr(0, 30), &layer, nullptr, {}, FindingsOf(layer)};
+  for (const Mark& mark : WarningsOf(layer)) picture.Found.push_back(mark);
+  Require(Xml(DrawSvg(picture)).Fault.empty(), "a picture is well-formed");
+  Require(Xml(DrawPage(picture, Reload::Never)).Fault.empty(), "a page is well-formed");
+  picture.Before = &SampleOnce();
+  picture.BeforeName = input.substr(0, 9);
+  Require(DrawSvg(picture) == DrawSvg(picture), "a picture is the same when it is drawn again");
+}

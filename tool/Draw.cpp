@@ -1,0 +1,181 @@
+#include "tool/Draw.h"
+
+#include <filesystem>
+#include <random>
+#include <vector>
+
+#include "Browser.h"
+#include "Paths.h"
+#include "base/FolderScan.h"
+#include "base/LetterCase.h"
+#include "base/RawFile.h"
+#include "tool/Picture.h"
+#include "tool/Sources.h"
+#include "tool/Warnings.h"
+#include "tool/WholeFile.h"
+
+namespace corvane {
+namespace {
+
+enum class Form { Svg, Page, Neither };
+
+// What was drawn, and the folders whose files it shows.
+struct Drawing {
+  int Status = StatusDone;
+  std::vector<std::string> Folders{};
+};
+
+std::filesystem::path SystemPath(const std::string& text) {
+  return std::u8string(text.begin(), text.end());
+}
+
+Form FormOf(const std::string& path) {
+  const std::string title = ToUpper(FileTitle(path));
+  if (title.ends_with(".SVG")) return Form::Svg;
+  return title.ends_with(".HTML") || title.ends_with(".HTM") ? Form::Page : Form::Neither;
+}
+
+// In one step, so that a browser never reads half a page.
+std::string Publish(const std::string& path, std::string_view text) {
+  const std::string fresh = path + ".corvane-new";
+  if (std::string failure = WriteWhole(fresh, text); !failure.empty()) return failure;
+  std::error_code error;
+  std::filesystem::rename(SystemPath(fresh), SystemPath(path), error);
+  if (!error) return {};
+  static_cast<void>(RemoveFile(fresh));  // what failed first is what the user has to know
+  return FailureMessage({FileAction::Save, path, error});
+}
+
+// Gives back nothing for a source that cannot be drawn, and says why.
+std::optional<Source> ReadLayer(const std::string& path, const std::string& game,
+                                const Console& console, Drawing& drawing) {
+  Outcome<Source> source = ReadSource(path, game, MapsWanted::IfThere);
+  std::string failure = source.Reason();
+  if (source.Done() && source->IsBtd)
+    failure = path + " holds one map. A picture takes the tables that join the maps.";
+  if (!failure.empty()) {
+    drawing.Status = Fail(console, failure);
+    return std::nullopt;
+  }
+  if (!source->MapsFolder.empty()) drawing.Folders.push_back(source->MapsFolder);
+  for (const std::string& fault : source->Faults) drawing.Status = Fail(console, fault);
+  return std::move(*source);
+}
+
+// Without map files the check would find every exit missing.
+Marks MarksOf(const Source& source) {
+  Marks marks;
+  if (source.HasMaps) marks = FindingsOf(source.Tables);
+  for (Mark& mark : WarningsOf(source.Tables)) marks.push_back(std::move(mark));
+  return marks;
+}
+
+Picture PictureOf(const Source& now, const std::optional<Source>& before) {
+  Picture picture{std::string(FileTitle(now.Path)), &now.Tables, nullptr, {}, MarksOf(now)};
+  if (!before) return picture;
+  picture.Before = &before->Tables;
+  picture.BeforeName = FileTitle(before->Path);
+  if (picture.BeforeName != picture.Name) return picture;
+  picture.Name = now.Path;
+  picture.BeforeName = before->Path;
+  return picture;
+}
+
+Drawing DrawOnce(const DrawOptions& options, Reload reload, const Console& console) {
+  Drawing drawing;
+  std::optional<Source> before;
+  if (!options.Against.empty()) {
+    before = ReadLayer(options.Against, options.Game, console, drawing);
+    if (!before) return drawing;
+  }
+  // Read last: its tables are those that the check judges.
+  const std::optional<Source> now = ReadLayer(options.Source, options.Game, console, drawing);
+  if (!now) return drawing;
+  const Picture picture = PictureOf(*now, before);
+  const std::string text =
+      FormOf(options.Out) == Form::Svg ? DrawSvg(picture) : DrawPage(picture, reload);
+  const std::string failure = Publish(options.Out, text);
+  if (!failure.empty()) drawing.Status = Fail(console, failure);
+  return drawing;
+}
+
+int RefuseOut(const DrawOptions& options, const Console& console) {
+  return Fail(console, options.Out + " does not end in .svg or .html.");
+}
+
+// Another text whenever a file is another one.
+std::string StampOf(const std::string& file) {
+  const std::filesystem::path path = SystemPath(file);
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  if (error) return file + "\n";
+  const auto time = std::filesystem::last_write_time(path, error);
+  return file + "\n" + std::to_string(size) + "\n" +
+         std::to_string(time.time_since_epoch().count()) + "\n";
+}
+
+std::string StampOf(const DrawOptions& options, const std::vector<std::string>& folders) {
+  std::string stamp = StampOf(options.Source) + StampOf(options.Against);
+  for (const std::string& folder : folders) {
+    std::vector<std::string> names;
+    const std::error_code error = ScanFolder(folder, ".BTD", MapSlotCount + 1, names);
+    if (error) stamp += folder + "\n";  // until it is back
+    for (const std::string& name : names) stamp += StampOf(folder + Separator + name);
+  }
+  return stamp;
+}
+
+std::string NewTemporaryFolder(std::error_code& error) {
+  const std::filesystem::path temporary = std::filesystem::temp_directory_path(error);
+  if (error) return {};
+  std::filesystem::path folder;
+  std::random_device random;
+  do {
+    folder = temporary / ("corvane-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(folder, error) && !error);
+  const std::u8string text = folder.u8string();
+  return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+int Draw(const DrawOptions& options, const Console& console) {
+  if (FormOf(options.Out) == Form::Neither) return RefuseOut(options, console);
+  return DrawOnce(options, Reload::Never, console).Status;
+}
+
+int WatchAndDraw(const DrawOptions& options, const Console& console,
+                 const std::function<bool()>& pause) {
+  if (FormOf(options.Out) == Form::Neither) return RefuseOut(options, console);
+  std::vector<std::string> folders;
+  std::string drawn;
+  int status = StatusDone;
+  do {
+    // Ahead of the drawing: what changes while it is drawn is drawn again.
+    const std::string stamp = StampOf(options, folders);
+    if (stamp == drawn) continue;
+    const Drawing drawing = DrawOnce(options, Reload::Steadily, console);
+    if (!drawing.Folders.empty()) folders = drawing.Folders;
+    status = drawing.Status;
+    drawn = stamp;
+  } while (pause());
+  return status;
+}
+
+int ShowInBrowser(const std::string& source, const std::string& game, const Console& console) {
+  std::error_code error;
+  const std::string folder = NewTemporaryFolder(error);
+  if (error) return Fail(console, "No temporary folder could be made: " + ReasonText(error) + ".");
+  const std::string page = folder + Separator + "corvane.html";
+  const int status = Draw({source, page, {}, game}, console);
+  if (!OrdinaryFileExists(page)) {
+    std::filesystem::remove(SystemPath(folder), error);  // empty, and nobody knows of it
+    return status;
+  }
+  console.Print(page + "\n");
+  error = OpenInBrowser(page);
+  if (!error) return status;
+  return Fail(console, "No browser could be started for " + page + ": " + ReasonText(error) + ".");
+}
+
+}  // namespace corvane
