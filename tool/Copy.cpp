@@ -115,12 +115,12 @@ int Copy(const CopyOptions& options, const Console& console) {
   const Target to = TargetAt(options.To);
   if (const std::string mismatch = Mismatch(*from, to); !mismatch.empty())
     return Fail(console, mismatch);
-  if (!options.Unchecked) {
-    if (const std::optional<int> refused = Refusal(options, to, console)) return *refused;
-  }
   if (NeedsForce(to) && !options.Force) {
     ComplainOf(console, to.Path + " exists already. --force replaces it.");
     return StatusNegative;
+  }
+  if (!options.Unchecked) {
+    if (const std::optional<int> refused = Refusal(options, to, console)) return *refused;
   }
   const auto old = ReadTarget(to);
   if (!old.Done()) return Fail(console, old.Reason());

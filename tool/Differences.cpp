@@ -46,10 +46,6 @@ class Changes {
   std::string Name;
 };
 
-std::string ArrowName(std::int32_t arrow) {
-  return arrow == NoConnection ? "none" : ThreeDigits(arrow);
-}
-
 // The name of a map where only one of the two has a row for it.
 std::string NameInEither(const Layer& before, const Layer& after, int map) {
   const bool known = static_cast<std::size_t>(map) < before.Rows.size();
@@ -62,7 +58,7 @@ void CompareConnections(Changes& changes, const Layer& before, const Layer& afte
     const std::int32_t now = after.Connections(map, to);
     if (old == now) continue;
     changes.Add(Change("connection to " + NameInEither(before, after, to) + ": arrow",
-                       ArrowName(old), ArrowName(now)));
+                       ArrowNumber(old), ArrowNumber(now)));
   }
 }
 

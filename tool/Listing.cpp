@@ -35,7 +35,7 @@ void ListMap(std::string& listing, const Layer& layer, int map) {
     const std::int32_t arrow = layer.Connections(map, to);
     if (arrow == NoConnection) continue;
     AddLine(listing, name,
-            "connection to " + MapName(layer, to) + " by arrow " + ThreeDigits(arrow));
+            "connection to " + MapName(layer, to) + " by arrow " + ArrowNumber(arrow));
   }
 }
 

@@ -2,12 +2,18 @@
 
 #include "base/AnsiText.h"
 #include "data/BtdFile.h"
+#include "data/MapCatalogue.h"
 #include "tool/Printable.h"
 
 namespace corvane {
 
 std::string MapName(const Layer& layer, int map) {
   return "map " + Printable(MapLabel(layer, map));
+}
+
+std::string ArrowNumber(std::int32_t arrow) {
+  if (arrow == NoConnection) return "none";
+  return arrow < 0 ? std::to_string(arrow) : ThreeDigits(arrow);
 }
 
 std::string KindName(std::int32_t kind) {

@@ -13,6 +13,9 @@ namespace corvane {
 /// "map 003 Havrune.BTD", made fit for a terminal.
 [[nodiscard]] std::string MapName(const Layer& layer, int map);
 
+/// The number of a connection's arrow, which may be any: "007", "-2"; "none" for no connection.
+[[nodiscard]] std::string ArrowNumber(std::int32_t arrow);
+
 /// "minor objective", or "kind 7".
 [[nodiscard]] std::string KindName(std::int32_t kind);
 

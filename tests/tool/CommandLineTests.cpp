@@ -1,0 +1,151 @@
+#include <algorithm>
+
+#include "ToolRun.h"
+
+using namespace corvane;
+
+struct CommandLine : ToolRun {};
+
+TEST_F(CommandLine, RefusesWrongUsage) {
+  const std::vector<std::string> rows[] = {
+      {},
+      {"check"},
+      {"show"},
+      {"show", "/CC4.EXE", "/CC4.EXE"},
+      {"diff", "/CC4.EXE"},
+      {"copy", "/CC4.EXE"},
+      {"check", "--what", "/CC4.EXE"},
+      {"check", "/CC4.EXE", "--game"},
+      {"chekc", "x"},
+      {"check", "diff", "/CC4.EXE", "/CC4.EXE"},
+  };
+  for (const auto& words : rows) {
+    EXPECT_EQ(Run(words), 2) << testing::PrintToString(words);
+    EXPECT_EQ(Out, "") << testing::PrintToString(words);
+    EXPECT_TRUE(Errors.starts_with("corvane-tool: ")) << Errors;
+    EXPECT_TRUE(Errors.ends_with("\n")) << Errors;
+  }
+}
+
+TEST_F(CommandLine, HelpsWithExamplesOfEachVerb) {
+  EXPECT_EQ(Run({"--help"}), 0);
+  const std::string all = Out;
+  for (const std::string verb : {"check", "show", "diff", "copy"}) {
+    EXPECT_NE(all.find("\n  " + verb + " "), all.npos) << verb;
+    EXPECT_EQ(Run({verb, "--help"}), 0);
+    EXPECT_NE(Out.find("Examples:\n  corvane-tool " + verb), Out.npos) << Out;
+    EXPECT_NE(Out.find("Exit status: 0"), Out.npos) << Out;
+    EXPECT_EQ(Errors, "");
+  }
+}
+
+TEST_F(CommandLine, TellsItsVersion) {
+  EXPECT_EQ(Run({"--version"}), 0);
+  EXPECT_TRUE(Out.starts_with("corvane-tool ")) << Out;
+  EXPECT_EQ(std::ranges::count(Out, '\n'), 1);
+}
+
+TEST_F(CommandLine, NeverSendsANameRaw) {
+  EXPECT_EQ(Run({"show", "/\x1B[31m\u202Ex.crv"}), 2);
+  EXPECT_NE(Errors.find("/\\x1B[31m\\u202Ex.crv could not be read: "), Errors.npos) << Errors;
+  EXPECT_EQ(Run({"--\x1B"}), 2);
+  EXPECT_EQ(Errors.find('\x1B'), Errors.npos);
+}
+
+struct CheckVerb : ToolRun {};
+
+TEST_F(CheckVerb, IsSilentOnASoundGame) {
+  EXPECT_EQ(Run({"check", "--strict", "/CC4.EXE"}), 0);
+  EXPECT_EQ(Out + Errors, "");
+}
+
+TEST_F(CheckVerb, PrintsFindingsThenWarnings) {
+  Game.Tables.Tiles[3].Left = 801;
+  Game.Tables.Arrows[80].Height = 0;
+  Game.Tables.Hotspots[5] = {799, 599};
+  Folder.Put("CC4.EXE", GameExeBytes(Game.Tables));
+  EXPECT_EQ(Run({"check", "/CC4.EXE"}), 1);
+  EXPECT_EQ(Out,
+            "Invalid tile coordinates for STRMAP 3\n"
+            "Invalid size for STRARROW 80\n"
+            "warning: map 003 Havrune.btd: its tile reaches beyond 800 x 600\n"
+            "warning: map 003 Havrune.btd: its hotspot lies outside its tile\n"
+            "warning: map 005 BRENVAU.Btd: its hotspot lies outside its tile\n");
+  EXPECT_EQ(Errors, "");
+}
+
+TEST_F(CheckVerb, CountsWarningsWhenStrict) {
+  Game.Tables.Hotspots[5] = {799, 599};
+  Folder.Put("p.crv", PatchBytes(Game.Tables));
+  EXPECT_EQ(Run({"check", "--game", "/", "/p.crv"}), 0) << Errors;
+  EXPECT_EQ(Run({"check", "--strict", "--game", "/", "/p.crv"}), 1) << Errors;
+}
+
+TEST_F(CheckVerb, NamesTheSourceWhereThereAreSeveral) {
+  Folder.Put("Maps/Short.btd", Folder.Get("Maps/Merlaut.btd").substr(0, 8000));
+  EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd", "/Maps/Short.btd", "/no.btd"}), 2);
+  EXPECT_EQ(Plain(Out),
+            "/Maps/Short.btd: warning: only 8000 bytes long, not 8526\n"
+            "/Maps/Short.btd: warning: the base name inside is Merlaut\n");
+  EXPECT_TRUE(Plain(Errors).starts_with("corvane-tool: /no.btd could not be read: ")) << Errors;
+}
+
+TEST_F(CheckVerb, ColoursOnlyATerminal) {
+  Folder.Put("Maps/Merlaut.btd", Folder.Get("Maps/Merlaut.btd").substr(0, 8000));
+  EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd"}), 0);
+  EXPECT_EQ(Out, "warning: only 8000 bytes long, not 8526\n");
+  Colour = true;
+  EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd"}), 0);
+  EXPECT_EQ(Out, "\x1B[33mwarning: only 8000 bytes long, not 8526\x1B[0m\n");
+}
+
+TEST_F(CheckVerb, FailsWithoutTheMaps) {
+  std::filesystem::remove_all(Folder / "Maps");
+  EXPECT_EQ(Run({"check", "/CC4.EXE"}), 2);
+  EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
+}
+
+TEST_F(CheckVerb, CountsMoreFilesThanMapSlots) {
+  Folder.Put("Maps/Zz.btd", Folder.Get("Maps/Merlaut.btd"));
+  Run({"check", "/CC4.EXE"});
+  EXPECT_NE(Out.find("warning: the Maps folder holds more than 43 BTD files; some are left out\n"),
+            Out.npos)
+      << Out;
+}
+
+struct ShowVerb : ToolRun {};
+
+TEST_F(ShowVerb, ListsAPatchFileWithoutAGame) {
+  std::filesystem::remove_all(Folder / "Maps");
+  EXPECT_EQ(Run({"show", "/CC4.EXE"}), 0);
+  EXPECT_TRUE(Out.starts_with("no map files\nmap 000: tile Left ")) << Out.substr(0, 200);
+  EXPECT_EQ(Errors, "");
+}
+
+TEST_F(ShowVerb, PrintsJsonThatCanBeCopiedBack) {
+  EXPECT_EQ(Run({"show", "--json", "/Maps/Merlaut.btd"}), 0);
+  Folder.Put("m.json", Out);
+  EXPECT_EQ(Run({"diff", "/Maps/Merlaut.btd", "/m.json"}), 0) << Out;
+  EXPECT_EQ(Run({"show", "--json", "/CC4.EXE"}), 0);
+  Folder.Put("t.json", Out);
+  EXPECT_EQ(Run({"diff", "--game", "/", "/CC4.EXE", "/t.json"}), 0) << Out;
+}
+
+struct DiffVerb : ToolRun {};
+
+TEST_F(DiffVerb, TellsTablesAndFilesOfTwoGames) {
+  Game.Tables.Tiles[3].Left = 117;
+  Game.Maps[3].VLs[0].TileX ^= 1;
+  for (const auto& [name, bytes] : GameFiles(Game)) Folder.Put("new/" + name, bytes);
+  EXPECT_EQ(Run({"diff", "/CC4.EXE", "/new/CC4.EXE"}), 1) << Errors;
+  const int left = MakeSampleGame().Tables.Tiles[3].Left;
+  const int x = MakeSampleGame().Maps[3].VLs[0].TileX;
+  EXPECT_EQ(Out, "map 003 Havrune.btd: Left " + std::to_string(left) + " -> 117\n" +
+                     "map 003 Havrune.btd: VL0: X " + std::to_string(x) + " -> " +
+                     std::to_string(x ^ 1) + "\n");
+}
+
+TEST_F(DiffVerb, ComparesLikeWithLikeOnly) {
+  EXPECT_EQ(Run({"diff", "/CC4.EXE", "/Maps/Merlaut.btd"}), 2);
+  EXPECT_EQ(Errors, "corvane-tool: A BTD file can be compared with another BTD file only.\n");
+}

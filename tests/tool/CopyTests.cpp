@@ -1,0 +1,151 @@
+#include "ToolRun.h"
+#include "samples/Noise.h"
+
+using namespace corvane;
+
+struct CopyVerb : ToolRun {
+  CopyVerb() {
+    Folder.Put("p.crv", Patch);
+    Folder.Put("short.btd", std::string(5000, '\1'));
+  }
+  // The tables of the sample with another tile, in a patch file.
+  void PutChangedPatch(int left) {
+    GameTables tables = Game.Tables;
+    tables.Tiles[3].Left = left;
+    Folder.Put("p.crv", PatchBytes(tables));
+  }
+  const std::string Patch = PatchBytes(Game.Tables);
+  const std::string Exe = GameExeBytes(Game.Tables);
+};
+
+TEST_F(CopyVerb, BringsTablesRoundThroughEveryKindOfFile) {
+  Noise noise(11);
+  for (int round = 0; round < 8; ++round) {
+    const std::string patch = noise.Bytes(11212);
+    Folder.Put("p.crv", patch);
+    for (const auto& [from, to] :
+         {std::pair("/p.crv", "/CC4.EXE"), {"/CC4.EXE", "/t.json"}, {"/t.json", "/back.crv"}}) {
+      EXPECT_EQ(Run({"copy", "--unchecked", "--force", from, to}), 0) << Errors;
+    }
+    EXPECT_TRUE(Folder.Get("back.crv") == patch);
+  }
+  const std::string exe = Folder.Get("CC4.EXE");
+  EXPECT_TRUE(exe.substr(0, 1147264) == Exe.substr(0, 1147264));
+  EXPECT_TRUE(exe.substr(1201312) == Exe.substr(1201312));
+}
+
+TEST_F(CopyVerb, BringsBtdFilesRound) {
+  Noise noise(12);
+  const std::string rest = noise.Bytes(99);
+  for (int round = 0; round < 8; ++round) {
+    const std::string image = noise.Bytes(8526);
+    Folder.Put("a.btd", image + rest);
+    Folder.Put("back.btd", noise.Bytes(8526) + rest);
+    EXPECT_EQ(Run({"copy", "--force", "/a.btd", "/a.json"}), 0) << Errors;
+    EXPECT_EQ(Run({"copy", "/a.json", "/back.btd"}), 0) << Errors;
+    EXPECT_TRUE(Folder.Get("back.btd") == image + rest);
+  }
+}
+
+TEST_F(CopyVerb, LengthensAShortBtdFile) {
+  EXPECT_EQ(Run({"copy", "/Maps/Merlaut.btd", "/short.btd"}), 0) << Errors;
+  EXPECT_TRUE(Folder.Get("short.btd") == Folder.Get("Maps/Merlaut.btd").substr(0, 8526));
+}
+
+TEST_F(CopyVerb, PrintsWhatChanges) {
+  PutChangedPatch(300);
+  const std::string left = std::to_string(Game.Tables.Tiles[3].Left);
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0) << Errors;
+  EXPECT_EQ(Out, "map 003: Left " + left + " -> 300\n");
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0);
+  EXPECT_EQ(Plain(Out), "/CC4.EXE: no change\n");
+  EXPECT_EQ(Run({"copy", "/CC4.EXE", "/new.crv"}), 0);
+  EXPECT_EQ(Plain(Out), "/new.crv: new file\n");
+}
+
+TEST_F(CopyVerb, WritesNothingOnADryRun) {
+  PutChangedPatch(300);
+  EXPECT_EQ(Run({"copy", "--dry-run", "/p.crv", "/CC4.EXE"}), 0) << Errors;
+  EXPECT_TRUE(Out.ends_with(" -> 300\n")) << Out;
+  EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
+  EXPECT_EQ(Run({"copy", "--dry-run", "/CC4.EXE", "/new.json"}), 0);
+  EXPECT_FALSE(std::filesystem::exists(Folder / "new.json"));
+}
+
+TEST_F(CopyVerb, RefusesTablesThatDoNotPassTheCheck) {
+  PutChangedPatch(801);
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
+  EXPECT_EQ(Errors,
+            "corvane-tool: Invalid tile coordinates for STRMAP 3\n"
+            "corvane-tool: Nothing was copied: the tables do not pass the check.\n");
+  EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
+  EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/CC4.EXE"}), 0);
+  EXPECT_FALSE(Folder.Get("CC4.EXE") == Exe);
+}
+
+TEST_F(CopyVerb, ChecksAgainstTheMapsOfTheGameThatIsWritten) {
+  std::filesystem::remove(Folder / "Maps/Merlaut.btd");
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
+  EXPECT_NE(Errors.find("No STRARROW defined for BTD link"), std::string::npos) << Errors;
+  std::filesystem::remove_all(Folder / "Maps");
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 2);
+  EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
+}
+
+TEST_F(CopyVerb, ReplacesAPatchOrJsonFileByForceOnly) {
+  for (const char* name : {"old.crv", "old.json"}) {
+    Folder.Put(name, std::string(300000, 'x'));
+    EXPECT_EQ(Run({"copy", "/CC4.EXE", "/" + std::string(name)}), 1) << name;
+    EXPECT_EQ(Plain(Errors),
+              "corvane-tool: /" + std::string(name) + " exists already. --force replaces it.\n");
+    EXPECT_EQ(Folder.Get(name), std::string(300000, 'x'));
+    EXPECT_EQ(Run({"copy", "--force", "/CC4.EXE", "/" + std::string(name)}), 0) << name;
+  }
+  // A patch file is never shortened, and a JSON file has to be.
+  EXPECT_TRUE(Folder.Get("old.crv") == Patch + std::string(300000 - 11212, 'x'));
+  EXPECT_TRUE(Folder.Get("old.json").ends_with("]\n}\n"));
+}
+
+TEST_F(CopyVerb, FindsItsTargetInAnyLetterCase) {
+  std::filesystem::rename(Folder / "CC4.EXE", Folder / "cc4.Exe");
+  PutChangedPatch(300);
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0) << Errors;
+  EXPECT_FALSE(Folder.Get("cc4.Exe") == Exe);
+  EXPECT_EQ(Run({"copy", "/cc4.Exe", "/P.CRV"}), 1) << Errors;
+}
+
+TEST_F(CopyVerb, KeepsWhatAnotherProgramWroteMeanwhile) {
+  PutChangedPatch(300);
+  GameTables others = Game.Tables;
+  others.Arrows[7].Top = 77;
+  OnPrint = [&] { Folder.Put("CC4.EXE", GameExeBytes(others)); };
+  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
+  EXPECT_EQ(Plain(Errors),
+            "corvane-tool: The file /CC4.EXE was changed by another program "
+            "meanwhile. Nothing was copied.\n");
+  EXPECT_TRUE(Folder.Get("CC4.EXE") == GameExeBytes(others));
+}
+
+TEST_F(CopyVerb, RefusesWhatDoesNotGoTogether) {
+  Folder.Put("bad.json", "{}");
+  const std::tuple<const char*, const char*, const char*> rows[] = {
+      {"/p.crv", "/Maps/Merlaut.btd", "/p.crv holds tables and no BTD record for "},
+      {"/Maps/Merlaut.btd", "/new.crv", "/Maps/Merlaut.btd is a BTD file and holds no tables for "},
+      {"/p.crv", "/new.txt", "/new.txt is no CC4.EXE, patch file (.crv), BTD file (.btd) or JSON"},
+      {"/no.crv", "/CC4.EXE", "/no.crv could not be read: "},
+      {"/bad.json", "/CC4.EXE", "/bad.json could not be read: /Format: is missing."},
+  };
+  for (const auto& [from, to, reason] : rows) {
+    EXPECT_EQ(Run({"copy", from, to}), 2) << from << " " << to;
+    EXPECT_TRUE(Plain(Errors).starts_with(std::string("corvane-tool: ") + reason)) << Errors;
+    EXPECT_EQ(Out, "");
+  }
+  EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
+}
+
+TEST_F(CopyVerb, TellsTheStateOfAFileThatCouldNotBeSaved) {
+  std::filesystem::remove(Folder / "CC4.EXE");
+  EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/CC4.EXE"}), 2);
+  EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/no/new.crv"}), 2);
+  EXPECT_TRUE(Errors.ends_with("The file does not exist and was not created.\n")) << Errors;
+}

@@ -1,0 +1,170 @@
+#include "tool/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <sstream>
+
+#include "SampleLayer.h"
+
+using namespace corvane;
+
+namespace {
+
+std::string LinesWith(const std::string& listing, const std::string& part) {
+  std::istringstream lines(listing);
+  std::string found;
+  for (std::string line; std::getline(lines, line);)
+    if (line.find(part) != line.npos) found += line + '\n';
+  return found;
+}
+
+MapFile SampleFile() { return LayerOf(MakeSampleGame()).Files[4]; }
+
+}  // namespace
+
+TEST(Listing, TellsEachFactOfAMapOnALine) {
+  Layer layer;
+  layer.Rows = {"000 A.btd", "001 B.btd"};
+  for (int to = 0; to < MapSlotCount; ++to) layer.Connections(1, to) = NoConnection;
+  layer.Tiles[1] = {7, -8, 9, 117, 21, 70, 51};
+  layer.Hotspots[1] = {150, 40};
+  layer.Connections(1, 0) = 5;
+  layer.Connections(1, 42) = -2;
+  layer.Arrows[80] = {.Left = 1, .Top = 2, .Width = 3, .Height = 4};
+  EXPECT_EQ(LinesWith(ListTables(layer), "map 001 B.btd: "),
+            "map 001 B.btd: tile Left 117, Top 21, Width 70, Height 51\n"
+            "map 001 B.btd: tile opaque words 7, -8, 9\n"
+            "map 001 B.btd: hotspot Center X 150, Center Y 40\n"
+            "map 001 B.btd: connection to map 000 A.btd by arrow 005\n"
+            "map 001 B.btd: connection to map 042 by arrow -2\n");
+  EXPECT_EQ(LinesWith(ListTables(layer), "arrow 080:"),
+            "arrow 080: Left 1, Top 2, Width 3, Height 4\n"
+            "arrow 080: opaque words 0, 0, 0\n");
+}
+
+TEST(Listing, TellsOfABtdFile) {
+  MapFile file{.Name = "A.btd", .Length = 9000};
+  file.Header = {19990326, 3};
+  SetField(file.Text.BaseName, "A");
+  SetField(file.Text.AxisBrief, "one\r\n\r\ntwo\nthree\x1B");
+  file.VLs[0] = {.TileX = 1, .TileY = 2, .Kind = VLKind::Exit, .Destination = 254};
+  file.VLs[1].Kind = VLKind{7};
+  std::memcpy(file.VLs[1].Name.data(), "Ford\0east", 9);
+  const std::string listing = ListBtd(file);
+  for (const char* line :
+       {"length 9000 bytes\n", "magic number 19990326\n", "map number 3\n", "base name \"A\"\n",
+        "VL0 exit off the map, X 1, Y 2, \"\", opaque bytes 00 00 00 00 00\n",
+        "VL1 kind 7, X 0, Y 0, \"Ford\" and the bytes 00 65 61 73 74, opaque bytes 00 00 00 00 00, "
+        "destination 0\n",
+        "Axis briefing: \"one\"\nAxis briefing: \"\"\n"
+        "Axis briefing: \"two\\nthree\\x1B\" without a line end\n"}) {
+    EXPECT_NE(listing.find(line), listing.npos) << line;
+  }
+}
+
+TEST(Listing, ShowsEveryByteOfATable) {
+  Layer layer = LayerOf(MakeSampleGame());
+  const std::string listing = ListTables(layer);
+  auto* tiles = reinterpret_cast<unsigned char*>(&layer.Tiles);
+  auto* arrows = reinterpret_cast<unsigned char*>(&layer.Arrows);
+  auto* connections = reinterpret_cast<unsigned char*>(&layer.Connections);
+  auto* hotspots = reinterpret_cast<unsigned char*>(&layer.Hotspots);
+  const auto shows = [&](unsigned char* table, std::size_t size) {
+    for (std::size_t at = 0; at < size; at += 37) {
+      table[at] ^= 1;
+      EXPECT_NE(ListTables(layer), listing) << at << " of " << size;
+      table[at] ^= 1;
+    }
+  };
+  shows(tiles, sizeof layer.Tiles);
+  shows(arrows, sizeof layer.Arrows);
+  shows(connections, sizeof layer.Connections);
+  shows(hotspots, sizeof layer.Hotspots);
+}
+
+TEST(Differences, TellOfEachFieldInWords) {
+  Layer before = LayerOf(MakeSampleGame());
+  Layer after = before;
+  before.Tiles[3].Left = 117;
+  after.Tiles[3].Left = 300;
+  before.Hotspots[3].CenterY = 5;
+  after.Hotspots[3].CenterY = -5;
+  before.Connections(3, 0) = NoConnection;
+  after.Connections(3, 0) = 12;
+  before.Arrows[7].Word1 = 1;
+  after.Arrows[7].Word1 = 2;
+  const Lines expected{"map 003 Havrune.btd: Left 117 -> 300",
+                       "map 003 Havrune.btd: Center Y 5 -> -5",
+                       "map 003 Havrune.btd: connection to map 000 Merlaut.btd: arrow none -> 012",
+                       "arrow 007: Word1 1 -> 2"};
+  EXPECT_EQ(TableDifferences(before, after), expected);
+  EXPECT_EQ(TableDifferences(after, after), Lines());
+}
+
+TEST(Differences, TellOfBtdFieldsInWords) {
+  MapFile before = SampleFile();
+  MapFile after = before;
+  before.Header.MapIndex = 4;
+  after.Header.MapIndex = 5;
+  before.VLs[2] = {.Kind = VLKind::MinorObjective};
+  after.VLs[2] = {.TileX = 7, .Kind = VLKind::Exit, .Destination = 9, .Opaque2 = {0, 255}};
+  SetField(after.VLs[2].Name, "Bridge");
+  const Lines expected{"Map number 4 -> 5",
+                       "VL2: Kind minor objective -> exit",
+                       "VL2: X 0 -> 7",
+                       "VL2: Destination 0 -> 9",
+                       "VL2: Opaque2 00 00 -> 00 FF",
+                       "VL2: Name \"\" -> \"Bridge\""};
+  EXPECT_EQ(BtdDifferences(before, after), expected);
+}
+
+TEST(Differences, CompareBriefingsLineByLine) {
+  const struct {
+    const char* Before;
+    const char* After;
+    Lines Expected;
+  } rows[] = {
+      {"a\r\nb\r\nc\r\n", "a\r\nc\r\n", {"Axis briefing: - \"b\""}},
+      {"a\r\nc\r\n", "a\r\nb\r\nc\r\n", {"Axis briefing: + \"b\""}},
+      {"a\r\nb\r\n", "a\r\nx\r\n", {"Axis briefing: - \"b\"", "Axis briefing: + \"x\""}},
+      {"a\r\n", "a\n", {"Axis briefing: - \"a\"", "Axis briefing: + \"a\\n\" without a line end"}},
+      {"", "a\r\n", {"Axis briefing: + \"a\""}},
+  };
+  for (const auto& [before, after, expected] : rows) {
+    MapFile old, now;
+    SetField(old.Text.AxisBrief, before);
+    SetField(now.Text.AxisBrief, after);
+    EXPECT_EQ(BtdDifferences(old, now), expected);
+  }
+}
+
+TEST(Differences, ShowEveryByteOfABtdFile) {
+  const MapFile file = SampleFile();
+  const std::string listing = ListBtd(file);
+  const auto shows = [&](auto member, std::size_t size) {
+    for (std::size_t at = 0; at < size; at += 3) {
+      MapFile changed = file;
+      reinterpret_cast<unsigned char*>(&(changed.*member))[at] ^= 0x11;
+      EXPECT_NE(BtdDifferences(file, changed), Lines()) << at;
+      EXPECT_NE(ListBtd(changed), listing) << at;
+    }
+  };
+  shows(&MapFile::VLs, sizeof file.VLs);
+  shows(&MapFile::Text, sizeof file.Text);
+}
+
+TEST(Differences, PairFilesByName) {
+  Layer before = LayerOf(MakeSampleGame());
+  Layer after = before;
+  before.Files.resize(3);
+  before.Rows.resize(3);
+  after.Files.assign({before.Files[0], before.Files[1], before.Files[2]});
+  after.Files[1].Name = "dornesch.btd";
+  after.Files[1].Header.Magic = 5;
+  after.Files[2].Name = "New.btd";
+  after.Rows = {"000 Merlaut.btd", "001 dornesch.btd", "002 New.btd"};
+  const Lines expected{"map 001 DORNESCH.BTD: Magic number 19990326 -> 5",
+                       "map 002 Alverin.Btd: only in old", "map 002 New.btd: only in new"};
+  EXPECT_EQ(FileDifferences(before, after, "old", "new"), expected);
+}

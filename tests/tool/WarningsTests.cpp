@@ -1,0 +1,253 @@
+#include "tool/Warnings.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "ResetTables.h"
+#include "data/MapCatalogue.h"
+
+using namespace corvane;
+
+// Three maps in a row, joined both ways by exits, connections and an arrow for each pair. Nothing
+// is wrong with them.
+struct Warnings : testing::Test {
+  Warnings() {
+    ResetTables();
+    for (int map = 0; map < MapSlotCount; ++map) {
+      for (int to = 0; to < MapSlotCount; ++to) Of.Connections(map, to) = NoConnection;
+      for (int vl = 0; vl < VLSlotCount; ++vl) Of.Destinations(map, vl) = NotAnExit;
+      Of.Tiles[map] = {.Width = 1, .Height = 1};
+    }
+    for (int arrow = 0; arrow < ArrowSlotCount; ++arrow)
+      Of.Arrows[arrow] = {.Left = 5 * arrow, .Top = 300, .Width = 5, .Height = 5};
+    for (int map = 0; map < 3; ++map) AddMap(map, "ABC"[map]);
+    Join(0, 1, 0);
+    Join(1, 2, 1);
+    IgnoreUnusedArrows();
+  }
+
+  void AddMap(int map, char name) {
+    Of.Rows.push_back(ThreeDigits(map) + ' ' + name + ".btd");
+    Of.Tiles[map] = {.Left = 100 * map, .Top = 50, .Width = 80, .Height = 60};
+    Of.Hotspots[map] = {100 * map + 40, 80};
+    MapFile file{.Name = std::string(1, name) + ".btd", .Length = 8526};
+    file.Header = {19990326, static_cast<std::uint8_t>(map)};
+    file.Text.BaseName[0] = name;
+    Of.Files.push_back(file);
+  }
+
+  void Join(int left, int right, int arrow) {
+    Of.Connections(left, right) = Of.Connections(right, left) = arrow;
+    Of.Destinations(left, 0) = right;
+    Of.Destinations(right, 1) = left;
+  }
+
+  // Most tests are about something else.
+  void IgnoreUnusedArrows() {
+    for (const Mark& mark : WarningsOf(Of)) Ignored.push_back(mark.Text);
+  }
+
+  std::vector<std::string> Told() {
+    std::vector<std::string> texts;
+    for (const Mark& mark : WarningsOf(Of)) {
+      if (std::ranges::find(Ignored, mark.Text) == Ignored.end()) texts.push_back(mark.Text);
+    }
+    return texts;
+  }
+  using Texts = std::vector<std::string>;
+
+  Layer Of;
+  std::vector<std::string> Ignored;
+};
+
+TEST_F(Warnings, TellOfArrowsThatNothingUses) {
+  ASSERT_EQ(Ignored.size(), 79U);
+  EXPECT_EQ(Ignored[0], "arrow 002: no connection uses it");
+  Of.Connections(0, 1) = 80;
+  EXPECT_EQ(Told(), Texts());  // arrow 0 still leads back
+  Of.Connections(1, 0) = 80;
+  EXPECT_EQ(Told(), Texts{"arrow 000: no connection uses it"});
+}
+
+TEST_F(Warnings, TellOfTilesAndHotspotsOutOfPlace) {
+  const struct {
+    StrRect Tile;
+    Hotspot Spot;
+    Texts Expected;
+  } rows[] = {
+      {{.Left = 720, .Top = 540, .Width = 80, .Height = 60}, {799, 599}, {}},
+      {{.Left = 721, .Top = 540, .Width = 80, .Height = 60},
+       {799, 599},
+       {"map 000 A.btd: its tile reaches beyond 800 x 600"}},
+      {{.Left = 720, .Top = 541, .Width = 80, .Height = 60},
+       {800, 599},
+       {"map 000 A.btd: its tile reaches beyond 800 x 600",
+        "map 000 A.btd: its hotspot lies beyond 800 x 600"}},
+      {{.Left = 720, .Top = 500, .Width = 79, .Height = 60},
+       {799, 520},
+       {"map 000 A.btd: its hotspot lies outside its tile"}},
+      {{.Left = 720, .Top = 500, .Width = 79, .Height = 60},
+       {720, 499},
+       {"map 000 A.btd: its hotspot lies outside its tile"}},
+      {{.Left = 2147483647, .Top = 0, .Width = 2147483647, .Height = 1},
+       {5, 0},
+       {"map 000 A.btd: its tile reaches beyond 800 x 600",
+        "map 000 A.btd: its hotspot lies outside its tile"}},
+  };
+  for (const auto& [tile, spot, expected] : rows) {
+    Of.Tiles[0] = tile;
+    Of.Hotspots[0] = spot;
+    EXPECT_EQ(Told(), expected) << tile.Left << " " << spot.CenterX;
+  }
+}
+
+TEST_F(Warnings, TellOfTilesThatOverlap) {
+  Of.Tiles[0].Width = 100;
+  EXPECT_EQ(Told(), Texts());  // they touch
+  Of.Tiles[0].Width = 101;
+  EXPECT_EQ(Told(), Texts{"map 000 A.btd: its tile overlaps that of map 001 B.btd"});
+  Of.Tiles[0].Height = 0;
+  Of.Hotspots[0] = {};
+  EXPECT_EQ(Told(), Texts{"map 000 A.btd: its hotspot lies outside its tile"});
+}
+
+TEST_F(Warnings, TellOfConnections) {
+  const struct {
+    int From, To, Arrow;
+    Texts Expected;
+  } rows[] = {
+      {0,
+       1,
+       81,
+       {"map 000 A.btd: the connection to map 001 B.btd has the number 81, which is no arrow"}},
+      {0,
+       1,
+       -2,
+       {"map 000 A.btd: the connection to map 001 B.btd has the number -2, which is no arrow"}},
+      {1,
+       0,
+       NoConnection,
+       {"map 000 A.btd: the connection to map 001 B.btd has no way back",
+        "map 000 A.btd: the exit VL0 leads to map 001 B.btd, from where no connection leads back",
+        "map 000 A.btd: no other map leads to it"}},
+      {0,
+       2,
+       0,
+       {"map 000 A.btd: the connection to map 002 C.btd has no way back",
+        "map 000 A.btd: no exit leads along the connection to map 002 C.btd",
+        "arrow 000: unrelated connections use it: 000 - 001, 000 - 002"}},
+      {1,
+       1,
+       1,
+       {"map 001 B.btd: it is joined to itself",
+        "map 001 B.btd: no exit leads along the connection to map 001 B.btd",
+        "arrow 001: unrelated connections use it: 001 - 001, 001 - 002"}},
+  };
+  for (const auto& [from, to, arrow, expected] : rows) {
+    const std::int32_t old = std::exchange(Of.Connections(from, to), arrow);
+    EXPECT_EQ(Told(), expected) << from << " to " << to << " by " << arrow;
+    Of.Connections(from, to) = old;
+  }
+}
+
+TEST_F(Warnings, NameFewOfManyConnectionsOnOneArrow) {
+  for (int to = 3; to < 9; ++to) Of.Connections(0, to) = Of.Connections(to, 0) = 0;
+  const Texts told = Told();
+  EXPECT_EQ(std::ranges::count(
+                told,
+                "arrow 000: unrelated connections use it: 000 - 001, 000 - 003, 000 - 004, "
+                "000 - 005 and 3 more"),
+            1);
+}
+
+TEST_F(Warnings, TellOfExits) {
+  Of.Destinations(2, 5) = 2;
+  Of.Destinations(2, 6) = 7;
+  Of.Destinations(2, 7) = OffMap;
+  EXPECT_EQ(Told(), (Texts{"map 002 C.btd: the exit VL5 leads to the map itself",
+                           "map 002 C.btd: the exit VL6 leads to map 007, which has no BTD file"}));
+}
+
+TEST_F(Warnings, TellOfArrowsBeyondTheScreen) {
+  Of.Arrows[1] = {.Left = 795, .Top = 595, .Width = 5, .Height = 6};
+  EXPECT_EQ(Told(), Texts{"arrow 001: it reaches beyond 800 x 600"});
+}
+
+TEST_F(Warnings, TellOfNumbersOutOfOrder) {
+  Of.Files[1].Header.MapIndex = 2;
+  EXPECT_EQ(Told(), (Texts{"map 001 B.btd: its file has the map number 2, but stands in row 1",
+                           "map 001 B.btd: its map number is also that of C.btd",
+                           "no BTD file has the map number 1"}));
+}
+
+TEST_F(Warnings, TellOfFilesLeftOut) {
+  Of.FilesLeftOut = true;
+  EXPECT_EQ(Told(), Texts{"the Maps folder holds more than 43 BTD files; some are left out"});
+}
+
+TEST_F(Warnings, TellOfBtdFiles) {
+  using Change = void (*)(MapFile&);
+  const std::pair<Change, const char*> rows[] = {
+      {[](MapFile& file) { file.Header.Magic = 1; }, "the magic number is 1, not 19990326"},
+      {[](MapFile& file) { file.Header.MapIndex = 43; },
+       "the map number is 43, which is no map slot"},
+      {[](MapFile& file) { file.Text.BaseName[0] = 'X'; }, "the base name inside is X"},
+      {[](MapFile& file) { file.Length = 8525; }, "only 8525 bytes long, not 8526"},
+      {[](MapFile& file) { file.VLs[3].Kind = VLKind{306}; }, "VL3 is of the unknown kind 306"},
+      {[](MapFile& file) { file.VLs[3] = {.Kind = VLKind::Exit, .Destination = 43}; },
+       "the exit VL3 leads to 43, which is no map"},
+      {[](MapFile& file) { file.VLs[9].Name.fill('x'); }, "no NUL ends the name of VL9"},
+      {[](MapFile& file) { file.Text.AlliedBrief.fill('x'); }, "no NUL ends the Allied briefing"},
+      {[](MapFile& file) { file.Text.AxisBrief.fill('x'); }, "no NUL ends the Axis briefing"},
+  };
+  for (const auto& [change, expected] : rows) {
+    MapFile file = Of.Files[0];
+    change(file);
+    const Marks marks = WarningsOf(file);
+    ASSERT_EQ(marks.size(), 1U) << expected;
+    EXPECT_EQ(marks[0].Text, expected);
+  }
+}
+
+TEST_F(Warnings, TakeNoOffenceAtAFileInOtherLetters) {
+  Of.Files[0].Name = "a.BTD";
+  Of.Files[1].VLs[0] = {.Kind = VLKind::Exit, .Destination = 254};
+  Of.Files[1].VLs[1] = {.Kind = VLKind::Unused, .Destination = 200};
+  EXPECT_EQ(Told(), Texts());
+}
+
+TEST_F(Warnings, AreMarkedWhereTheyAre) {
+  Of.Arrows[1].Left = 799;
+  Of.Hotspots[2] = {};
+  const Marks marks = WarningsOf(Of);
+  const auto told = [&](const char* part) {
+    return *std::ranges::find_if(
+        marks, [=](const Mark& mark) { return mark.Text.find(part) != std::string::npos; });
+  };
+  EXPECT_EQ(told("outside its tile").Map, 2);
+  EXPECT_EQ(told("reaches beyond").Arrow, 1);
+}
+
+TEST(Findings, AreMarkedWhereTheyAre) {
+  ResetTables();
+  Layer layer;
+  MapRows = layer.Rows = {"000 A.btd", "001 B.btd", "002 C.btd"};
+  for (int map = 0; map < MapSlotCount; ++map) {
+    StrMap[map] = {.Width = 1, .Height = 1};
+    for (int to = 0; to < MapSlotCount; ++to) MapConnections(map, to) = NoConnection;
+    for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(map, vl) = NotAnExit;
+  }
+  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) StrArrow[arrow] = StrMap[0];
+  VLDest(0, 0) = 2;  // without a connection
+  VLDest(1, 0) = 0;  // without a connection back
+  VLDest(2, 0) = 1;  // without an exit back
+  MapConnections(1, 0) = MapConnections(2, 1) = MapConnections(1, 2) = 5;
+  StrMap[30].Height = 0;
+  StrArrow[80].Left = -1;
+  std::vector<std::pair<int, int>> places;
+  for (const Mark& mark : FindingsOf(layer)) places.emplace_back(mark.Map, mark.Arrow);
+  const std::vector<std::pair<int, int>> expected{{0, -1}, {1, -1}, {2, -1}, {30, -1}, {-1, 80}};
+  EXPECT_EQ(places, expected);
+}
