@@ -11,6 +11,12 @@
 namespace corvane {
 namespace {
 
+constexpr int LeastStretch = 44;  // percent; below, letters cannot be told apart
+constexpr int StretchStep = 4;
+constexpr int ButtonMargins = 6;  // pixels, both sides of a caption
+constexpr int FieldMargins = 6;   // and of a combo box's text
+constexpr int ListMargins = 24;   // of a dropped list's rows, its scroll bar counted
+
 QRect PlaceOf(const Control& control) {
   const Place& at = control.At;
   return {ToPixels(at.Left), ToPixels(at.Top), ToPixels(at.Width), ToPixels(at.Height)};
@@ -23,7 +29,8 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
     const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
     return needed.width() <= room.width() && needed.height() <= room.height();
   };
-  for (int stretch = 100; !fits() && stretch >= 44; stretch -= 4) font.setStretch(stretch);
+  for (int stretch = 100; !fits() && stretch >= LeastStretch; stretch -= StretchStep)
+    font.setStretch(stretch);
   return font;
 }
 
@@ -81,8 +88,35 @@ void Select(QPlainTextEdit& edit, int start, int length) {
   edit.setTextCursor(cursor);
 }
 
+void SwitchUndoOff(QLineEdit&) {}  // it hears of no key and no menu that would undo
+void SwitchUndoOff(QPlainTextEdit& edit) { edit.setUndoRedoEnabled(false); }
+QPoint OnScreen(const QLineEdit& edit, const QPoint& at) { return edit.mapToGlobal(at); }
+QPoint OnScreen(const QPlainTextEdit& edit, const QPoint& at) {
+  return edit.viewport()->mapToGlobal(at);
+}
+
+void Route(QAction& action, bool enabled, TextBox& box, void (*gesture)(TextBox&)) {
+  action.disconnect(SIGNAL(triggered(bool)));
+  action.setEnabled(enabled);
+  QObject::connect(&action, &QAction::triggered, &action, [&box, gesture] { gesture(box); });
+}
+
+// The usual menu, whose first two items undo and redo what the form remembers.
+template <class Edit>
+void ShowMenu(Edit& edit, TextBox& box, const QPoint& at) {
+  QMenu* menu = edit.createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  Route(*menu->actions().at(0), box.History.CanUndo(), box, Undo);
+  Route(*menu->actions().at(1), box.History.CanRedo(), box, Redo);
+  menu->popup(OnScreen(edit, at));
+}
+
 template <class Edit>
 ControlWidget MakeEdit(TextBox& box, Edit* edit) {
+  SwitchUndoOff(*edit);
+  edit->setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(edit, &QWidget::customContextMenuRequested, edit,
+                   [&box, edit](const QPoint& at) { ShowMenu(*edit, box, at); });
   QObject::connect(edit, &Edit::textChanged, edit, [&box, edit] {
     const QString held = TextOf(*edit);
     const std::string beforeCaret = held.left(CaretOf(*edit)).toStdString();
@@ -121,7 +155,7 @@ ControlWidget Make(Frame& frame, QWidget* parent) {
 
 ControlWidget Make(Button& button, QWidget* parent) {
   auto* widget = new QPushButton(QString::fromUtf8(button.Caption), parent);
-  const QSize room = PlaceOf(button).size() - QSize(6, 0);
+  const QSize room = PlaceOf(button).size() - QSize(ButtonMargins, 0);
   widget->setFont(Narrowed(widget->text(), room, Qt::TextShowMnemonic));
   widget->setShortcut({});                                  // the form knows its mnemonics
   widget->setDefault(button.Owner.EnterButton == &button);  // its look; Enter is a gesture
@@ -158,13 +192,14 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
   // On Linux a reader hears the row that is shown as the name.
   box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
   box->view()->setFont(PlainFont());
-  const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + 6, 0);
+  const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + FieldMargins, 0);
   QObject::connect(box, &QComboBox::activated, box, [&combo](int row) { PickRow(combo, row); });
   return {&combo, box, [&combo, box, room] {
             const bool newRows = MirrorRows(combo, *box->model());
             box->setCurrentIndex(combo.ListIndex());
             box->setFont(Narrowed(box->currentText(), room, Qt::TextSingleLine));
-            if (newRows) box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + 24);
+            if (newRows)
+              box->view()->setMinimumWidth(box->view()->sizeHintForColumn(0) + ListMargins);
           }};
 }
 

@@ -1,0 +1,49 @@
+#include "Screen.h"
+
+namespace corvane {
+namespace {
+
+// Opens a box's menu and chooses the item of this number, counted from 0.
+void ChooseInMenu(QWidget& widget, int item) {
+  auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+  QWidget* target = area ? area->viewport() : &widget;
+  const QPoint at = target->rect().center();
+  QContextMenuEvent request(QContextMenuEvent::Mouse, at, target->mapToGlobal(at));
+  QApplication::sendEvent(target, &request);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_TRUE(menu);
+  menu->actions().at(item)->trigger();
+  menu->close();
+}
+
+TEST(ContextMenu, UndoesAndRedoesWhatTheFormRemembers) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    for (TextBox* box : {&form.txtName, &form.txtLines}) {
+      PressAt(*box);
+      Type("ab");
+      ChooseInMenu(*WidgetOf(*box), 0);
+      EXPECT_EQ(box->Text(), "") << box->Name;
+      EXPECT_EQ(Seen(*box), "") << box->Name;
+      ChooseInMenu(*WidgetOf(*box), 1);
+      EXPECT_EQ(box->Text(), "ab") << box->Name;
+      EXPECT_EQ(Seen(*box), "ab") << box->Name;
+    }
+  });
+}
+
+// The history of a box ends when the program fills it, even with an equal text.
+TEST(ContextMenu, OffersNoUndoOfWhatTheProgramFilled) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    PressAt(form.txtName);
+    Type("a");
+    form.txtName.SetText("a");
+    ChooseInMenu(*WidgetOf(form.txtName), 0);
+    EXPECT_EQ(form.txtName.Text(), "a");
+    EXPECT_EQ(Seen(form.txtName), "a");
+  });
+}
+
+}  // namespace
+}  // namespace corvane
