@@ -8,42 +8,14 @@
 
 #include "AccessibleText.h"
 #include "Fonts.h"
+#include "TextBoxWidget.h"
+#include "Widgets.h"
 #include "base/WideText.h"
 #include "services/FormView.h"
 #include "services/Gestures.h"
 
 namespace corvane {
 namespace {
-
-LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = nullptr) {
-  return SendMessageW(widget, message, static_cast<WPARAM>(first),
-                      reinterpret_cast<LPARAM>(second));
-}
-
-HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
-                DWORD extended = 0) {
-  const auto number = reinterpret_cast<HMENU>(INT_PTR{control.TabIndex});
-  return CreateWindowExW(extended, kind, TextToWide(control.Caption).c_str(),
-                         WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent, number,
-                         GetModuleHandleW(nullptr), nullptr);
-}
-
-SIZE SizeOf(HWND widget) {
-  RECT place{};
-  GetWindowRect(widget, &place);
-  return {place.right - place.left, place.bottom - place.top};
-}
-
-HFONT FontOf(HWND widget) {
-  return reinterpret_cast<HFONT>(SendMessageW(widget, WM_GETFONT, 0, 0));
-}
-
-void SetFontOf(HWND widget, HFONT font) {
-  if (FontOf(widget) != font)
-    SendMessageW(widget, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-}
-
-void SetUsualFont(HWND widget, int dpi) { SetFontOf(widget, ControlFont(dpi)); }
 
 // The caption, in several lines if need be, is whole on the widget.
 void FitCaption(HWND widget, const Control& control, int dpi) {
@@ -55,58 +27,7 @@ void FitCaption(HWND widget, const Control& control, int dpi) {
             }));
 }
 
-std::wstring TextOf(HWND edit) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(edit)), L'\0');
-  GetWindowTextW(edit, text.data(), static_cast<int>(text.size()) + 1);
-  return text;
-}
-
-std::wstring Held(const TextBox& box, int most = INT_MAX) {
-  return TextToWide(ShownText(box, "\r\n", most));
-}
-
-void MirrorText(HWND edit, TextBox& box) {
-  const bool differs = TextOf(edit) != Held(box);
-  const LRESULT scrolled = box.MultiLine ? Send(edit, EM_GETFIRSTVISIBLELINE) : 0;
-  if (differs) SetWindowTextW(edit, Held(box).c_str());
-  if (differs) SendMessageW(edit, EM_LINESCROLL, 0, scrolled);
-  if (!std::exchange(box.SelectionSet, false) && !differs) return;
-  const std::size_t start = Held(box, box.SelStart).size();
-  const std::size_t end = Held(box, box.SelStart + box.SelLength).size();
-  SendMessageW(edit, EM_SETSEL, start, static_cast<LPARAM>(end));
-}
-
-void ReportText(HWND edit, TextBox& box) {
-  const std::wstring held = TextOf(edit);
-  if (held == Held(box)) return;
-  DWORD caret = 0;
-  SendMessageW(edit, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
-  const std::string before = WideToText(held.substr(0, caret));
-  EditText(box, FindEdit(box, WideToText(held), before));
-}
-
-int LineTopOf(HWND edit) {
-  RECT text{}, client{};
-  SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
-  GetClientRect(edit, &client);
-  return static_cast<int>((SizeOf(edit).cy - client.bottom) / 2 + text.top);
-}
-
-ControlWidget Make(TextBox& box, HWND parent) {
-  const DWORD style = box.MultiLine ? ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL : ES_AUTOHSCROLL;
-  const HWND edit = MakeWidget(box, parent, WC_EDITW, style | WS_TABSTOP, WS_EX_CLIENTEDGE);
-  Send(edit, EM_SETLIMITTEXT);  // none: the typed limit is the form's
-  ControlWidget made = {.Shown = &box,
-                        .Widget = edit,
-                        .Mirror = [&box, edit] { MirrorText(edit, box); },
-                        .Notice =
-                            [&box, edit](int code) {
-                              if (code == EN_CHANGE) ReportText(edit, box);
-                            },
-                        .SetFont = [edit](int dpi) { SetUsualFont(edit, dpi); }};
-  if (!box.MultiLine) made.LineTop = [edit] { return LineTopOf(edit); };
-  return made;
-}
+ControlWidget Make(TextBox& box, HWND parent) { return MakeTextBoxWidget(box, parent); }
 
 ControlWidget Make(Label& label, HWND parent) {
   constexpr DWORD alignments[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
@@ -159,20 +80,14 @@ COMBOBOXINFO PartsOf(HWND combo) {
 // The two kinds of list know the same messages under different numbers.
 struct RowMessages {
   UINT Count, Length, Text, Delete, Insert, Index, Select, Widen;
-  int Bar;             // whose width comes beside the rows
-  HWND (*Rows)(HWND);  // the window that draws them
+  int Bar;  // whose width comes beside the rows
 };
-const RowMessages OfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN,
-                               LB_GETTEXT,      LB_DELETESTRING,
-                               LB_INSERTSTRING, LB_GETCURSEL,
-                               LB_SETCURSEL,    LB_SETHORIZONTALEXTENT,
-                               SM_CXEDGE,       [](HWND list) { return list; }};
-const RowMessages OfComboBox = {
-    CB_GETCOUNT,     CB_GETLBTEXTLEN,
-    CB_GETLBTEXT,    CB_DELETESTRING,
-    CB_INSERTSTRING, CB_GETCURSEL,
-    CB_SETCURSEL,    CB_SETDROPPEDWIDTH,
-    SM_CXVSCROLL,    [](HWND combo) { return PartsOf(combo).hwndList; }};
+constexpr RowMessages OfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN,          LB_GETTEXT,
+                                   LB_DELETESTRING, LB_INSERTSTRING,        LB_GETCURSEL,
+                                   LB_SETCURSEL,    LB_SETHORIZONTALEXTENT, SM_CXEDGE};
+constexpr RowMessages OfComboBox = {CB_GETCOUNT,     CB_GETLBTEXTLEN,    CB_GETLBTEXT,
+                                    CB_DELETESTRING, CB_INSERTSTRING,    CB_GETCURSEL,
+                                    CB_SETCURSEL,    CB_SETDROPPEDWIDTH, SM_CXVSCROLL};
 
 bool HoldsRow(HWND widget, const RowMessages& of, int row, const std::wstring& text) {
   if (Send(widget, of.Length, row) != static_cast<LRESULT>(text.size())) return false;
@@ -182,7 +97,7 @@ bool HoldsRow(HWND widget, const RowMessages& of, int row, const std::wstring& t
 }
 
 void MirrorRows(HWND widget, const RowMessages& of, const RowControl& list) {
-  const HFONT font = FontOf(of.Rows(widget));
+  const HFONT font = FontOf(widget);
   LONG width = 0;
   Send(widget, WM_SETREDRAW, FALSE);
   while (Send(widget, of.Count) > list.ListCount()) Send(widget, of.Delete, list.ListCount());
@@ -215,76 +130,84 @@ ControlWidget Make(ListBox& list, HWND parent) {
 
 constexpr WPARAM Field = static_cast<WPARAM>(-1);  // of a combo box, against its rows
 
-// A combo box takes its height from the field's, and that from the font.
-void KeepHeight(HWND combo, LONG height) {
-  const LRESULT field = SendMessageW(combo, CB_GETITEMHEIGHT, Field, 0);
-  const LONG edges = SizeOf(combo).cy - static_cast<LONG>(field);
-  SendMessageW(combo, CB_SETITEMHEIGHT, Field, height - edges);
-}
-
-// The font of the field; the rows that drop keep theirs, which is the usual one.
-void SetFieldFont(HWND combo, HFONT font) {
-  if (FontOf(combo) == font) return;
-  const LONG height = SizeOf(combo).cy;
-  const HWND rows = PartsOf(combo).hwndList;
-  const HFONT usual = FontOf(rows);
-  SetFontOf(combo, font);
-  SetFontOf(rows, usual);
-  KeepHeight(combo, height);
-}
-
+// The system gives a combo box its height by that of its field, plus edges of its own.
 void SetComboFont(HWND combo, int dpi, LONG height) {
   const HFONT font = ControlFont(dpi);
   SetFontOf(combo, font);
-  SetFontOf(PartsOf(combo).hwndList, font);
   SendMessageW(combo, CB_SETITEMHEIGHT, 0, MetricsOf(font).tmHeight);
-  KeepHeight(combo, height);
+  LONG field = height;
+  for (int pass = 0; pass < 2; ++pass) {
+    SendMessageW(combo, CB_SETITEMHEIGHT, Field, field);
+    field += height - SizeOf(combo).cy;
+  }
 }
 
-void FitField(HWND combo, const std::wstring& text) {
-  constexpr LONG Margins = 2;  // that the system leaves beside the text, in pixels
-  const COMBOBOXINFO parts = PartsOf(combo);
-  const LONG room = parts.rcItem.right - parts.rcItem.left - Margins;
-  SetFieldFont(combo, ShrinkToFit(FontOf(parts.hwndList),
-                                  [&](HFONT font) { return MeasureText(text, font).cx <= room; }));
+// How far below the top of its field the letters of a combo box begin.
+LONG LetterTop(const RECT& field, HFONT font) {
+  return (field.bottom - field.top - MetricsOf(font).tmHeight) / 2;
+}
+
+struct RowColours {
+  int Ground, Text;  // of the system
+};
+
+RowColours ColoursOf(UINT state) {
+  if (state & ODS_DISABLED) return {COLOR_BTNFACE, COLOR_GRAYTEXT};
+  if (state & ODS_SELECTED) return {COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT};
+  return {COLOR_WINDOW, COLOR_WINDOWTEXT};
+}
+
+// The field shrinks its text until all of it shows; the rows that drop have the usual size.
+void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
+  constexpr LONG Margin = 2;
+  const RECT& at = row.rcItem;
+  const bool inField = (row.itemState & ODS_COMBOBOXEDIT) != 0;
+  const std::wstring text = TextToWide(combo.List(static_cast<int>(row.itemID)));
+  const HFONT usual = FontOf(row.hwndItem);
+  const HFONT font =
+      inField ? ShrinkToFit(usual,
+                            [&](HFONT tried) {
+                              return MeasureText(text, tried).cx <= at.right - at.left - 2 * Margin;
+                            })
+              : usual;
+  const RowColours colours = ColoursOf(row.itemState);
+  SetBkColor(row.hDC, GetSysColor(colours.Ground));
+  SetTextColor(row.hDC, GetSysColor(colours.Text));
+  const HGDIOBJ before = SelectObject(row.hDC, font);
+  const LONG baseLine = at.top + LetterTop(at, usual) + MetricsOf(usual).tmAscent;
+  ExtTextOutW(row.hDC, at.left + Margin, baseLine - MetricsOf(font).tmAscent,
+              ETO_OPAQUE | ETO_CLIPPED, &at, text.c_str(), static_cast<UINT>(text.size()),
+              MeasureLetters(text, font).data());
+  SelectObject(row.hDC, before);
+  if ((row.itemState & ODS_FOCUS) && !(row.itemState & ODS_NOFOCUSRECT))
+    DrawFocusRect(row.hDC, &at);
 }
 
 ControlWidget Make(ComboBox& combo, HWND parent) {
-  const DWORD style = CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP;
+  const DWORD style =
+      CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP;
   const HWND widget = MakeWidget(combo, parent, WC_COMBOBOXW, style);
-  return {
-      .Shown = &combo,
-      .Widget = widget,
-      .Mirror =
-          [&combo, widget] {
-            MirrorRows(widget, OfComboBox, combo);
-            if (!Send(widget, CB_GETDROPPEDSTATE)) FitField(widget, TextToWide(combo.Text()));
-          },
-      .Notice =
-          [&combo, widget](int code) {
-            const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
-            // An arrow key in rows that have dropped is not yet a choice, and may be taken
-            // back.
-            if (code == CBN_SELENDOK) PickRow(combo, row);
-            if (code != CBN_CLOSEUP) return;
-            combo.Redraw();
-            ShowChanges();
-          },
-      .SetFont = [&combo,
-                  widget](int dpi) { SetComboFont(widget, dpi, ToPixels(combo.At.Height, dpi)); },
-      .LineTop =
-          [widget] {
-            const COMBOBOXINFO parts = PartsOf(widget);
-            const TEXTMETRICW letter = MetricsOf(FontOf(parts.hwndList));
-            return static_cast<int>(parts.rcItem.top + parts.rcItem.bottom - letter.tmHeight) / 2;
-          }};
-}
-
-RECT PlaceInParent(HWND widget) {
-  RECT place{};
-  GetWindowRect(widget, &place);
-  MapWindowPoints(nullptr, GetParent(widget), reinterpret_cast<POINT*>(&place), 2);
-  return place;
+  return {.Shown = &combo,
+          .Widget = widget,
+          .Mirror = [&combo, widget] { MirrorRows(widget, OfComboBox, combo); },
+          .Notice =
+              [&combo, widget](int code) {
+                const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
+                // An arrow key in rows that have dropped is not yet a choice, and may be taken
+                // back.
+                if (code == CBN_SELENDOK) PickRow(combo, row);
+                if (code != CBN_CLOSEUP) return;
+                combo.Redraw();
+                ShowChanges();
+              },
+          .DrawRow = [&combo](const DRAWITEMSTRUCT& row) { DrawRow(combo, row); },
+          .SetFont = [&combo, widget](
+                         int dpi) { SetComboFont(widget, dpi, ToPixels(combo.At.Height, dpi)); },
+          .LineTop =
+              [widget] {
+                const RECT field = PartsOf(widget).rcItem;
+                return static_cast<int>(field.top + LetterTop(field, FontOf(widget)));
+              }};
 }
 
 void PlaceWidget(const ControlWidget& widget, int dpi) {

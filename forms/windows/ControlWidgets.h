@@ -20,6 +20,7 @@ struct ControlWidget {
   // Shows the control's present state; what is alike stays untouched.
   std::function<void()> Mirror = [] {};
   std::function<void(int code)> Notice = [](int) {};  // hears what was done to the widget
+  std::function<void(const DRAWITEMSTRUCT&)> DrawRow = [](const DRAWITEMSTRUCT&) {};
   // Gives a widget in its place the font for a resolution.
   std::function<void(int dpi)> SetFont = [](int) {};
   // How far below its top its one line of text stands; 0 without such a line.

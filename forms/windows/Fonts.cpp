@@ -1,6 +1,7 @@
 #include "Fonts.h"
 
 #include <map>
+#include <numeric>
 #include <utility>
 
 #include "SystemFunction.h"
@@ -8,8 +9,16 @@
 namespace corvane {
 namespace {
 
+// Where texts are measured: with the colours of the screen, since letters without smoothing have
+// other widths.
 HDC Canvas() {
-  static const HDC canvas = CreateCompatibleDC(nullptr);
+  static const HDC canvas = [] {
+    const HDC screen = GetDC(nullptr);
+    const HDC made = CreateCompatibleDC(screen);
+    SelectObject(made, CreateCompatibleBitmap(screen, 1, 1));
+    ReleaseDC(nullptr, screen);
+    return made;
+  }();
   return canvas;
 }
 
@@ -64,6 +73,16 @@ SIZE MeasureText(const std::wstring& text, HFONT font, int width) {
   DrawTextW(Canvas(), text.c_str(), -1, &room,
             DT_CALCRECT | DT_NOPREFIX | (width > 0 ? DT_WORDBREAK : 0));
   return {room.right, room.bottom};
+}
+
+std::vector<int> MeasureLetters(const std::wstring& text, HFONT font) {
+  std::vector<int> widths(text.size());
+  SIZE whole{};
+  SelectObject(Canvas(), font);
+  GetTextExtentExPointW(Canvas(), text.c_str(), static_cast<int>(text.size()), 0, nullptr,
+                        widths.data(), &whole);
+  std::adjacent_difference(widths.begin(), widths.end(), widths.begin());
+  return widths;
 }
 
 TEXTMETRICW MetricsOf(HFONT font) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace corvane {
 
@@ -28,6 +29,10 @@ struct SystemFonts {
 /// The pixels of a text; wrapped, if a width is given.
 [[nodiscard]] SIZE MeasureText(const std::wstring& text, HFONT font, int width = 0);
 [[nodiscard]] TEXTMETRICW MetricsOf(HFONT font);
+
+/// The pixels from each letter of a line to the next, as they are measured. Some systems draw small
+/// letters wider than they measure them, unless told these.
+[[nodiscard]] std::vector<int> MeasureLetters(const std::wstring& text, HFONT font);
 
 [[nodiscard]] int DpiOf(HWND window);
 [[nodiscard]] RECT WorkArea(HWND window);  // of its screen, without the task bar

@@ -46,6 +46,19 @@ bool IsBelowRows(HWND widget, LPARAM at) {
   return GET_Y_LPARAM(at) >= row.bottom;
 }
 
+SIZE ClientSize(const Form& form, int dpi) {
+  return {ToPixels(form.ClientWidth, dpi), ToPixels(form.ClientHeight, dpi)};
+}
+
+WINDOWINFO PlacesOf(HWND window) {
+  WINDOWINFO places{};
+  places.cbSize = sizeof places;
+  GetWindowInfo(window, &places);
+  return places;
+}
+
+SIZE SizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form)
@@ -53,8 +66,15 @@ FormWindow::FormWindow(Form& form)
   MakeWindow();
   MakeControls();
   if (!form.Menus.empty()) SetMenu(Window, MakeMenuBar());
-  SetFrame();
-  ApplyLayoutAll(DpiOf(Window));
+  Dpi = DpiOf(Window);
+  SetClientSize(ClientSize(Shown, Dpi));
+  SetFirstPlace();
+  ApplyLayout(Widgets, Dpi);
+}
+
+FormWindow::~FormWindow() {
+  for (const ControlWidget& widget : Widgets) ReleaseWidget(widget);
+  DestroyWindow(Window);
 }
 
 void FormWindow::MakeControls() {
@@ -97,27 +117,46 @@ HMENU FormWindow::MakeMenuBar() {
   return bar;
 }
 
-void FormWindow::SetFrame() {
-  const auto pixels = [dpi = DpiOf(Window)](int twips) { return LONG{ToPixels(twips, dpi)}; };
-  WINDOWINFO now{};
-  now.cbSize = sizeof now;
-  GetWindowInfo(Window, &now);
-  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = WorkArea(Window);
-  const LONG width =
-      pixels(Shown.ClientWidth) + whole.right - client.right + client.left - whole.left;
-  const LONG height =
-      pixels(Shown.ClientHeight) + whole.bottom - client.bottom + client.top - whole.top;
-  LONG left = whole.left, top = whole.top;
-  if (Shown.ClientAt) {
-    left = pixels(Shown.ClientAt->Left) + whole.left - client.left;
-    top = pixels(Shown.ClientAt->Top) + whole.top - client.top;
+void FormWindow::SetClientSize(SIZE client) {
+  for (int pass = 0; pass < 2; ++pass) {  // the menu bar may wrap at another width
+    const WINDOWINFO now = PlacesOf(Window);
+    const SIZE whole = SizeOf(now.rcWindow), inner = SizeOf(now.rcClient);
+    SetWindowPos(Window, nullptr, 0, 0, client.cx + whole.cx - inner.cx,
+                 client.cy + whole.cy - inner.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
-  left = std::max(screen.left, std::min(left, screen.right - width));
-  top = std::max(screen.top, std::min(top, screen.bottom - height));
-  MoveWindow(Window, left, top, width, height, FALSE);
 }
 
-void FormWindow::ApplyLayoutAll(int dpi) { ApplyLayout(Widgets, dpi); }
+// Where the form asks for, if anywhere, and on the screen.
+void FormWindow::SetFirstPlace() {
+  const WINDOWINFO now = PlacesOf(Window);
+  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = WorkArea(Window);
+  LONG left = whole.left, top = whole.top;
+  if (Shown.ClientAt) {
+    left = ToPixels(Shown.ClientAt->Left, Dpi) + whole.left - client.left;
+    top = ToPixels(Shown.ClientAt->Top, Dpi) + whole.top - client.top;
+  }
+  left = std::max(screen.left, std::min(left, screen.right - SizeOf(whole).cx));
+  top = std::max(screen.top, std::min(top, screen.bottom - SizeOf(whole).cy));
+  SetWindowPos(Window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Follows another resolution, or other fonts and colours of the system, which change the frame.
+void FormWindow::ApplySettings(int dpi, const RECT* place) {
+  SIZE client = SizeOf(PlacesOf(Window).rcClient);
+  const SIZE usual = ClientSize(Shown, Dpi);
+  const bool resized = client.cx != usual.cx || client.cy != usual.cy;
+  client = resized ? SIZE{MulDiv(client.cx, dpi, Dpi), MulDiv(client.cy, dpi, Dpi)}
+                   : ClientSize(Shown, dpi);
+  Dpi = dpi;
+  const RECT at = place ? *place : PlacesOf(Window).rcWindow;
+  if (!IsIconic(Window) && !IsZoomed(Window)) {
+    SetWindowPos(Window, nullptr, at.left, at.top, SizeOf(at).cx, SizeOf(at).cy,
+                 SWP_FRAMECHANGED | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetClientSize(client);
+  }
+  ApplyLayout(Widgets, Dpi);
+  RedrawWindow(Window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
 
 void FormWindow::Run() {
   EnableWindow(Owner, FALSE);
@@ -158,11 +197,13 @@ LRESULT FormWindow::WindowProc(HWND window, UINT message, WPARAM first, LPARAM s
 }
 
 LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
-  const auto* at = reinterpret_cast<const RECT*>(second);
   switch (message) {
     case WM_COMMAND:
       OnCommand(LOWORD(first), HIWORD(first), reinterpret_cast<HWND>(second));
       return 0;
+    case WM_DRAWITEM:
+      OnDrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+      return TRUE;
     case WM_INITMENUPOPUP:
       if (HIWORD(second) == 0) OnMenuDrop(reinterpret_cast<HMENU>(first), LOWORD(second));
       return 0;
@@ -170,8 +211,14 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       ShowChanges();
       return 0;
     case WM_DPICHANGED:
-      MoveWindow(Window, at->left, at->top, at->right - at->left, at->bottom - at->top, TRUE);
-      ApplyLayoutAll(HIWORD(first));
+      ApplySettings(HIWORD(first), reinterpret_cast<const RECT*>(second));
+      return 0;
+    case WM_SYSCOLORCHANGE:
+      for (const ControlWidget& widget : Widgets) SendMessageW(widget.Widget, message, 0, 0);
+      [[fallthrough]];
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      ApplySettings(Dpi);
       return 0;
     case WM_CLOSE:  // unloading the form closes the window, or does not
       CloseWindow(Shown);
@@ -191,6 +238,11 @@ void FormWindow::OnCommand(WORD command, WORD code, HWND from) {
   if (from && widget != Widgets.end()) return widget->Notice(code);
   if (from || command == 0 || command > Commands.size()) return;
   Choose(*Commands[command - 1U]);
+}
+
+void FormWindow::OnDrawRow(const DRAWITEMSTRUCT& row) {
+  const auto widget = std::ranges::find(Widgets, row.hwndItem, &ControlWidget::Widget);
+  if (widget != Widgets.end()) widget->DrawRow(row);
 }
 
 void FormWindow::OnMenuDrop(HMENU menu, WORD entry) {

@@ -14,7 +14,7 @@ namespace corvane {
 class FormWindow : public FormView {
  public:
   explicit FormWindow(Form& form);
-  ~FormWindow() override { DestroyWindow(Window); }
+  ~FormWindow() override;
 
   void Run() override;
   void Close() override;
@@ -28,12 +28,14 @@ class FormWindow : public FormView {
   void MakeWindow();
   HMENU MakeMenuBar();
   void MakeControls();
-  void SetFrame();
-  void ApplyLayoutAll(int dpi);
+  void SetFirstPlace();
+  void SetClientSize(SIZE client);
+  void ApplySettings(int dpi, const RECT* place = nullptr);
 
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM first, LPARAM second);
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second);
   void OnCommand(WORD command, WORD code, HWND from);
+  void OnDrawRow(const DRAWITEMSTRUCT& row);
   void OnMenuDrop(HMENU menu, WORD entry);
   [[nodiscard]] LRESULT OnQueryEndSession();
 
@@ -46,6 +48,7 @@ class FormWindow : public FormView {
 
   HWND Owner;
   HWND Window = nullptr;
+  int Dpi = 0;  // that the layout is made for
   std::vector<ControlWidget> Widgets;
   std::vector<MenuItem*> Commands;  // the number of a command is its item's place, from 1 on
   bool Running = true;

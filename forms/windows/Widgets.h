@@ -1,0 +1,23 @@
+// What the widgets of all kinds of controls have in common.
+#pragma once
+
+#include <windows.h>
+
+#include "services/Controls.h"
+
+namespace corvane {
+
+LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = nullptr);
+
+/// A child of a window, still without a place, a font or a state.
+[[nodiscard]] HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
+                              DWORD extended = 0);
+
+[[nodiscard]] SIZE SizeOf(HWND widget);
+[[nodiscard]] RECT PlaceInParent(HWND widget);
+
+[[nodiscard]] HFONT FontOf(HWND widget);
+void SetFontOf(HWND widget, HFONT font);
+void SetUsualFont(HWND widget, int dpi);
+
+}  // namespace corvane

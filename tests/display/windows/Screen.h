@@ -1,0 +1,72 @@
+// What the tests of the Windows display read off the real windows.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "Driver.h"
+#include "TestForm.h"
+
+namespace corvane {
+
+/// Plays a script in the form's window; without a window nothing in it could fail.
+inline void PlayWhole(Form& form, const std::function<void()>& script) {
+  bool played = false;
+  Play(form, [&] { script(), played = true; });
+  EXPECT_TRUE(played);
+}
+
+inline HWND WidgetOf(const Control& control) {
+  return GetDlgItem(GetActiveWindow(), control.TabIndex);
+}
+
+inline RECT PlaceOf(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return place;
+}
+
+inline SIZE ClientOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return {client.right, client.bottom};
+}
+
+using Pixels = std::vector<COLORREF>;
+
+/// The pixels of a bitmap that is as large as that.
+inline Pixels PixelsOf(HDC canvas, HBITMAP bitmap, SIZE size) {
+  Pixels pixels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+  BITMAPINFO format{};
+  format.bmiHeader.biSize = sizeof format.bmiHeader;
+  format.bmiHeader.biWidth = size.cx;
+  format.bmiHeader.biHeight = -size.cy;  // from top to bottom
+  format.bmiHeader.biPlanes = 1;
+  format.bmiHeader.biBitCount = 32;
+  GetDIBits(canvas, bitmap, 0, static_cast<UINT>(size.cy), pixels.data(), &format, DIB_RGB_COLORS);
+  return pixels;
+}
+
+/// The pixels of a window's client area as they stand on the screen.
+inline Pixels PixelsOf(HWND window) {
+  const SIZE size = ClientOf(window);
+  const HDC screen = GetDC(window), canvas = CreateCompatibleDC(screen);
+  const HBITMAP copy = CreateCompatibleBitmap(screen, size.cx, size.cy);
+  const HGDIOBJ before = SelectObject(canvas, copy);
+  BitBlt(canvas, 0, 0, size.cx, size.cy, screen, 0, 0, SRCCOPY);
+  SelectObject(canvas, before);
+  Pixels pixels = PixelsOf(canvas, copy, size);
+  DeleteObject(copy), DeleteDC(canvas), ReleaseDC(window, screen);
+  return pixels;
+}
+
+inline void Redraw(HWND window) {
+  RedrawWindow(window, nullptr, nullptr,
+               RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+}
+
+}  // namespace corvane
