@@ -3,8 +3,6 @@
 #pragma once
 
 #include <windows.h>
-//
-#include <commdlg.h>
 
 #include <string>
 
@@ -15,6 +13,8 @@ namespace corvane {
 /// A box of our own, which scrolls a text that is too long for the screen. Esc and the close box
 /// answer No.
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons);
-void ShowFileDialog(HWND owner, CommonDialog& settings, BOOL(WINAPI* choose)(OPENFILENAMEW*));
+
+enum class FileDialogKind { Open, Save };
+void ShowFileDialog(HWND owner, CommonDialog& settings, FileDialogKind kind);
 
 }  // namespace corvane

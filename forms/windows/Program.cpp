@@ -33,10 +33,10 @@ int RunProgram(int /*argc*/, char** /*argv*/, Form& form) {
     return ShowMessageBox(FormWindow::Top(), text, buttons);
   };
   TheDisplay.ShowOpenDialog = [](CommonDialog& file) {
-    ShowFileDialog(FormWindow::Top(), file, GetOpenFileNameW);
+    ShowFileDialog(FormWindow::Top(), file, FileDialogKind::Open);
   };
   TheDisplay.ShowSaveDialog = [](CommonDialog& file) {
-    ShowFileDialog(FormWindow::Top(), file, GetSaveFileNameW);
+    ShowFileDialog(FormWindow::Top(), file, FileDialogKind::Save);
   };
   form.ShowModal();
   TheDisplay = {};
