@@ -57,7 +57,7 @@ struct TestForm : Form {
   ComboBox cboRows  {*this, {"cboRows",   "",       { 120, 2640,  975,  315},  2, &Holder}};
   TextBox  txtNumber{*this, {"txtNumber", "",       {2760,  360,  615,  285},  3}};
   TextBox  txtName  {*this, {"txtName",   "",       {2760,  720, 1455,  285},  4}, 5};
-  TextBox  txtLines {*this, {"txtLines",  "",       {2760, 1200, 3600, 1335},  5}, 0, TextLines::Several};
+  TextBox  txtLines {*this, {"txtLines",  "",       {2760, 1200, 3600, 1335},  5}, 20, TextLines::Several};
   Label    lblNote  {*this, {"lblNote",   "Note",   {4200, 2880, 1215,  255}, 10}, Alignment::Left};
   MenuEntry mnuFile {*this,   "mnuFile", "&File"};
   MenuItem  mnuSave {mnuFile, "mnuSave", "&Save", Shortcut::CtrlS};

@@ -22,8 +22,9 @@ void Check(TestForm& f, const std::vector<Step>& steps) {
     if (act.index() == 2) std::get<2>(act)();
     SCOPED_TRACE("step " + std::to_string(&step - steps.data()));
     EXPECT_EQ(f.Told(), events);
-    EXPECT_EQ(SeenFocus() + "/" + f.Focused->Name, focus + "/" + focus);
-    EXPECT_EQ(Seen(f.lstRows) + Seen(f.cboRows), f.lstRows.Text() + f.cboRows.Text());
+    EXPECT_EQ(SeenFocus(), focus);
+    EXPECT_EQ(f.Focused->Name, focus);
+    EXPECT_EQ(ScreenDifferences(f), "");
     EXPECT_EQ(Seen(f.txtNumber), f.txtNumber.Text() == "x" ? "[x]" : f.txtNumber.Text());
     EXPECT_FALSE(SeenPopup());
   }
@@ -96,13 +97,92 @@ TEST(Display, ShowsWhatBecomesOfATextAndSparesTheRest) {
     f.txtName.SetText(""), PressKey("Tab"), PressKey("Shift+Tab"), f.Log = "";
     Type("a"), PressKey("Home"), Type("\xE6\xBC\xA2ZYXW");
     EXPECT_EQ(f.Log + Seen(f.txtName), "namea name?a name?Za name?ZYa name?ZYXa ?ZYXa");
-    PressKey("Ctrl+Z");
-    EXPECT_EQ(Seen(f.txtName), f.txtName.Text());
+    for (const auto& [key, text] : {std::pair("Ctrl+Z", "a"), std::pair("Ctrl+Z", ""),
+                                    std::pair("Ctrl+Y", "a"), std::pair("Ctrl+Y", "?ZYXa")}) {
+      PressKey(key);
+      EXPECT_EQ(f.txtName.Text(), text);
+      EXPECT_EQ(Seen(f.txtName), text);
+    }
     PressAt(f.txtNumber), PressKey("End"), Type("1");
     EXPECT_EQ(f.txtNumber.Text(), odd + "1");
     PressAt(f.txtLines), PressKey("Ctrl+Home"), Type("0"), PressKey("Ctrl+Return");
     EXPECT_EQ(f.txtLines.Text(), "0\r\n1\r2\n3\r\n" + odd);
     EXPECT_EQ(Seen(f.txtLines), "0\n1\n2\n3\n" + odd);
+    Type("AB");  // one more than the limit takes
+    EXPECT_EQ(Seen(f.txtLines), "0\nA1\n2\n3\n" + odd);
+  });
+}
+
+TEST(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
+  TestForm f;
+  f.cmdOK.Click = [&] {
+    f.lstRows.Clear();
+    for (const char* row : {"dog", "ant"}) f.lstRows.AddItem(row);
+    f.cboRows.Clear();
+    f.cboRows.AddItem("only");
+    f.lstFew.SetList(0, "changed");
+    f.txtName.SetText("set");
+    f.cmdOff.SetEnabled(true);
+    f.cmdHelp.SetVisible(false);
+    f.lstFew.SetEnabled(false);
+  };
+  PlayWhole(f, [&] {
+    PressRow(f.lstRows, 3), PressAt(f.cboRows), PressKey("End"), PressKey("Return");
+    EXPECT_EQ(f.cboRows.ListIndex(), 7);
+    EXPECT_EQ(ScreenDifferences(f), "");
+    PressAt(f.cmdOK);
+    EXPECT_EQ(f.lstRows.ListCount(), 2);
+    EXPECT_EQ(ScreenDifferences(f), "");
+  });
+}
+
+// Every way from outside into a window that must not hear it.
+void Disturb(TestForm& f) {
+  CloseFromOutside(f);
+  ChooseFromOutside(f.mnuSave);
+  ClickFromOutside(f.cmdHelp);
+  FillFromOutside(f.txtName, "late");
+  EXPECT_EQ(f.Told(), "");
+  EXPECT_EQ(f.txtName.Text(), "");
+  EXPECT_TRUE(f.IsOpen());
+}
+
+TEST(Display, HearsAnyoneOnlyInTheTopmostWindow) {
+  TestForm f, dialog;
+  int disturbed = 0;
+  dialog.Caption = "Dialog";
+  dialog.cmdCancel.Click = [&] { dialog.Unload(); };
+  dialog.QueryUnload = [] { return true; };
+  f.cmdOK.Click = [&] { Tell("box"); };
+  f.cmdCancel.Click = [&] { dialog.ShowModal(); };
+  PlayWhole(f, [&] {
+    for (const char* key : {"Return", "Esc"}) {  // a box, then a dialog
+      WhenNext([&, key] {
+        Disturb(f);
+        ++disturbed;
+        PressKey(key);
+      });
+      PressKey(key);
+      EXPECT_EQ(ScreenDifferences(f), "");
+    }
+    EXPECT_EQ(disturbed, 2);
+    CloseFromOutside(f);
+    ClickFromOutside(f.cmdHelp);
+    ChooseFromOutside(f.mnuSave);
+    FillFromOutside(f.txtName, "now");
+    EXPECT_EQ(f.Told(), "unload help save namenow ");
+  });
+}
+
+TEST(Display, AsksBeforeTheSessionEnds) {
+  TestForm f;
+  PlayWhole(f, [&] {
+    EndSessionFromOutside();
+    EXPECT_EQ(f.Told(), "unload ");
+    EXPECT_FALSE(TheDisplay.HasEnded);
+    f.QueryUnload = [] { return true; };
+    EndSessionFromOutside();
+    EXPECT_TRUE(TheDisplay.HasEnded);
   });
 }
 

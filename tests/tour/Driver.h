@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "ScreenState.h"
 #include "services/Display.h"
 #include "services/Form.h"
 
@@ -27,6 +28,14 @@ void TurnWheel(const Control& control);
 void PressMenu(const MenuEntry& entry);
 void PressItem(const MenuItem& item);  // its menu is open
 void PressCloseBox();
+
+// What another program does to a window of ours, be that blocked or not: a screen reader, an
+// automation, a task manager.
+void CloseFromOutside(const Form& form);
+void ChooseFromOutside(const MenuItem& item);
+void ClickFromOutside(const Button& button);
+void FillFromOutside(const TextBox& box, const std::string& text);
+void EndSessionFromOutside();
 
 /// The message box that is the topmost window.
 struct ShownMessage {

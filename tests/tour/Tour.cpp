@@ -57,7 +57,8 @@ class Tour {
   void OpenThePatch();
   void ReadTheHelp();
 
-  void Step(const char* what) { std::printf("\n%d. %s\n", ++Steps, what); }
+  void Step(const char* what);
+  void ExpectScreenLikeRecords();
   void Picture(const char* name);
   void Expect(bool holds, const std::string& what);
   void ExpectChanged(const std::string& name, const std::string& before, std::size_t most);
@@ -75,6 +76,16 @@ class Tour {
 void Tour::Expect(bool holds, const std::string& what) {
   std::printf("   %s %s\n", holds ? "seen:" : "MISSED:", what.c_str());
   if (!holds) Failed = true;
+}
+
+void Tour::Step(const char* what) {
+  if (Steps > 0) ExpectScreenLikeRecords();
+  std::printf("\n%d. %s\n", ++Steps, what);
+}
+
+void Tour::ExpectScreenLikeRecords() {
+  const std::string differences = ScreenDifferences(Main);
+  Expect(differences.empty(), "every control as its record has it" + differences);
 }
 
 void Tour::Picture(const char* name) {
@@ -326,6 +337,7 @@ int Tour::Run(const std::string& part) {
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   corvane::Play(Main, [&] {
     Play(part);
+    ExpectScreenLikeRecords();
     Played = true;
   });
   Expect(Played && Awaited == 0, "the whole tour, and every message");

@@ -1,7 +1,9 @@
 #include <QtTest>
 #include <QtWidgets>
+#include <csignal>
 
 #include "Driver.h"
+#include "services/Gestures.h"
 #include "services/Program.h"
 
 namespace corvane {
@@ -27,6 +29,14 @@ Kind* Find(const char* name) {
     if (auto* found = window->findChild<Kind*>(name)) return found;
   }
   qFatal("no %s in sight", name);
+}
+
+QWidget* WindowOf(const Form& form) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    const bool shows = window->windowTitle() == QString::fromUtf8(form.Caption);
+    if (window->isVisible() && shows && qobject_cast<QMainWindow*>(window)) return window;
+  }
+  qFatal("no window %s in sight", form.Caption);
 }
 
 void Click(QWidget* widget, const QRect& at, bool ctrl = false) {
@@ -114,6 +124,25 @@ void PressItem(const MenuItem& item) {
 
 void PressCloseBox() { Top()->windowHandle()->close(); }
 
+void CloseFromOutside(const Form& form) { WindowOf(form)->close(); }
+
+void ChooseFromOutside(const MenuItem& item) {
+  WindowOf(item.Under.Owner)->findChild<QAction*>(item.Name)->trigger();
+}
+
+void ClickFromOutside(const Button& button) {
+  WindowOf(button.Owner)->findChild<QPushButton*>(button.Name)->click();
+}
+
+void FillFromOutside(const TextBox& box, const std::string& text) {
+  WindowOf(box.Owner)->findChild<QLineEdit*>(box.Name)->setText(QString::fromStdString(text));
+}
+
+void EndSessionFromOutside() {
+  std::raise(SIGTERM);
+  QApplication::processEvents();
+}
+
 ShownMessage SeenMessage() {
   const QWidget& box = *Top();
   ShownMessage message = {box.windowTitle().toStdString(),
@@ -133,11 +162,39 @@ std::string Seen(const Control& control) {
     return list->selectedItems().isEmpty() ? "" : list->selectedItems()[0]->text().toStdString();
   }
   if (auto* lines = qobject_cast<QPlainTextEdit*>(widget)) {
+    const QString selected = lines->textCursor().selectedText();
+    if (!selected.isEmpty()) return "[" + selected.toStdString() + "]";
     return lines->document()->toRawText().replace(QChar::ParagraphSeparator, '\n').toStdString();
   }
   auto* line = qobject_cast<QLineEdit*>(widget);
   if (line && line->hasSelectedText()) return "[" + line->selectedText().toStdString() + "]";
   return widget->metaObject()->userProperty().read(widget).toString().toStdString();
+}
+
+ControlState SeenState(const Control& control) {
+  QWidget* widget = Find(control.Name);
+  ControlState state{.Enabled = widget->isEnabled(), .Visible = !widget->isHidden()};
+  const QAbstractItemModel* rows = nullptr;
+  if (const auto* list = qobject_cast<QListWidget*>(widget)) {
+    const QModelIndexList selected = list->selectionModel()->selectedRows();
+    rows = list->model();
+    state.Selected = selected.isEmpty() ? -1 : selected[0].row();
+    state.Text = selected.isEmpty() ? "" : selected[0].data().toString().toStdString();
+  } else if (const auto* combo = qobject_cast<QComboBox*>(widget)) {
+    rows = combo->model();
+    state.Selected = combo->currentIndex();
+    state.Text = combo->currentText().toStdString();
+  } else if (const auto* lines = qobject_cast<QPlainTextEdit*>(widget)) {
+    QString text = lines->document()->toRawText();
+    state.Text = text.replace(QChar::ParagraphSeparator, '\n').toStdString();
+  } else {
+    const char* text = qobject_cast<QGroupBox*>(widget) ? "title" : "text";
+    state.Text = widget->property(text).toString().toStdString();
+  }
+  for (int row = 0; rows && row < rows->rowCount(); ++row) {
+    state.Rows.push_back(rows->index(row, 0).data().toString().toStdString());
+  }
+  return state;
 }
 
 bool SeenEnabled(const MenuItem& item) { return Find<QAction>(item.Name)->isEnabled(); }

@@ -74,6 +74,8 @@ HWND Top() {  // of those that show a form
   return GetClassLongPtrW(top, GCW_ATOM) == Dialog ? GetWindow(top, GW_OWNER) : top;
 }
 
+HWND WindowOf(const Form& form) { return FindWindowW(nullptr, TextToWide(form.Caption).c_str()); }
+
 HWND Find(const Control& control) { return GetDlgItem(Top(), control.TabIndex); }
 
 RECT PlaceOf(HWND window) {
@@ -158,6 +160,34 @@ void PressItem(const MenuItem& item) {
 }
 void PressCloseBox() { PressKey("Alt+F4"); }
 
+void CloseFromOutside(const Form& form) {
+  PostMessageW(WindowOf(form), WM_CLOSE, 0, 0), LetReact();
+}
+
+void ChooseFromOutside(const MenuItem& item) {
+  WPARAM command = 0;
+  for (const MenuEntry* menu : item.Under.Owner.Menus) {
+    for (const MenuItem* each : menu->Items) {
+      ++command;
+      if (each == &item) PostMessageW(WindowOf(item.Under.Owner), WM_COMMAND, command, 0);
+    }
+  }
+  LetReact();
+}
+
+void ClickFromOutside(const Button& button) {
+  PostMessageW(GetDlgItem(WindowOf(button.Owner), button.TabIndex), BM_CLICK, 0, 0), LetReact();
+}
+
+void FillFromOutside(const TextBox& box, const std::string& text) {
+  SetDlgItemTextW(WindowOf(box.Owner), box.TabIndex, TextToWide(text).c_str()), LetReact();
+}
+
+void EndSessionFromOutside() {
+  const HWND window = WindowOf(*Played);
+  if (SendMessageW(window, WM_QUERYENDSESSION, 0, 0)) SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+}
+
 ShownMessage SeenMessage() {
   const HWND box = GetActiveWindow();
   const RECT screen = PlaceOf(GetDesktopWindow());
@@ -184,6 +214,28 @@ std::string Seen(const Control& control) {
   SendMessageW(widget, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
   const std::string text = WideToText(row) + TextOf(widget);
   return start == end ? text : "[" + text.substr(start, end - start) + "]";
+}
+
+ControlState SeenState(const Control& control) {
+  const HWND widget = Find(control);
+  ControlState state{.Text = TextOf(widget),
+                     .Enabled = IsWindowEnabled(widget) != 0,
+                     .Visible = (GetWindowLongW(widget, GWL_STYLE) & WS_VISIBLE) != 0};
+  const bool list = dynamic_cast<const ListBox*>(&control) != nullptr;
+  if (!list && !dynamic_cast<const ComboBox*>(&control)) return state;
+  const auto ask = [&](UINT ofList, UINT ofCombo, LRESULT row = 0, wchar_t* text = nullptr) {
+    return SendMessageW(widget, list ? ofList : ofCombo, static_cast<WPARAM>(row),
+                        reinterpret_cast<LPARAM>(text));
+  };
+  for (LRESULT row = 0; row < ask(LB_GETCOUNT, CB_GETCOUNT); ++row) {
+    wchar_t text[300]{};
+    ask(LB_GETTEXT, CB_GETLBTEXT, row, text);
+    state.Rows.push_back(WideToText(text));
+  }
+  state.Selected = static_cast<int>(ask(LB_GETCURSEL, CB_GETCURSEL));
+  if (list)
+    state.Text = state.Selected < 0 ? "" : state.Rows[static_cast<std::size_t>(state.Selected)];
+  return state;
 }
 
 bool SeenEnabled(const MenuItem& item) {
