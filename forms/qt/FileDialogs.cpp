@@ -11,10 +11,12 @@ constexpr QSize DialogSize(760, 440);  // room for names beside sizes, kinds and
 class FileDialog : public QFileDialog {
  public:
   FileDialog(QWidget* owner, const QString& title, const CommonDialog& settings)
-      : QFileDialog(owner, title),
-        Settings(settings),
-        Typed(findChild<QLineEdit*>("fileNameEdit")),
-        Completions(Typed->completer()->popup()) {
+      : QFileDialog(owner, title), Settings(settings) {
+    // One behaviour everywhere; whether to overwrite is the program's own question. Where a theme
+    // has a dialog of its own, the widgets of this one are not there before.
+    setOptions(DontUseNativeDialog | DontConfirmOverwrite);
+    Typed = findChild<QLineEdit*>("fileNameEdit");
+    Completions = Typed->completer()->popup();
     Completions->installEventFilter(this);
   }
 
@@ -50,8 +52,8 @@ class FileDialog : public QFileDialog {
   }
 
   const CommonDialog& Settings;
-  QLineEdit* Typed;
-  QAbstractItemView* Completions;
+  QLineEdit* Typed = nullptr;
+  QAbstractItemView* Completions = nullptr;
 };
 
 // The drives of the Wine prefix, where a game most likely lies.
@@ -89,8 +91,6 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   FileDialog dialog(owner, mode == QFileDialog::AcceptSave ? "Save As" : "Open", settings);
   const QStringList filters = NameFilters(settings.Filter);
   const QString folder = QString::fromStdString(settings.InitDir);
-  // One behaviour everywhere; whether to overwrite is the program's own question.
-  dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
   dialog.setAcceptMode(mode);
   dialog.setFilter(dialog.filter() | QDir::Hidden);  // such as .wine
   dialog.setSidebarUrls(dialog.sidebarUrls() + WineDrives());
