@@ -54,10 +54,10 @@ void Mouse(const RECT& at, std::initializer_list<DWORD> acts, int turn = 0) {
 
 void Move(const std::string& key, DWORD how) {
   static const std::map<std::string, int> keys = {
-      {"Tab", VK_TAB},       {"Return", VK_RETURN}, {"Esc", VK_ESCAPE},   {"Space", VK_SPACE},
-      {"End", VK_END},       {"Home", VK_HOME},     {"Up", VK_UP},        {"Down", VK_DOWN},
-      {"F4", VK_F4},         {"Shift", VK_SHIFT},   {"Ctrl", VK_CONTROL}, {"Alt", VK_MENU},
-      {"Backspace", VK_BACK}};
+      {"Tab", VK_TAB},        {"Return", VK_RETURN}, {"Esc", VK_ESCAPE},   {"Space", VK_SPACE},
+      {"End", VK_END},        {"Home", VK_HOME},     {"Up", VK_UP},        {"Down", VK_DOWN},
+      {"F4", VK_F4},          {"Shift", VK_SHIFT},   {"Ctrl", VK_CONTROL}, {"Alt", VK_MENU},
+      {"Backspace", VK_BACK}, {"PageUp", VK_PRIOR},  {"PageDown", VK_NEXT}};
   const auto known = keys.find(key);
   keybd_event(static_cast<BYTE>(known == keys.end() ? key[0] : known->second), 0, how, 0);
 }
