@@ -3,6 +3,7 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "Fuzz.h"
+#include "base/AnsiText.h"
 #include "forms/Session.h"
 
 namespace corvane {
