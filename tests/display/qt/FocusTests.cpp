@@ -1,0 +1,53 @@
+#include <QtTest>
+
+#include "Screen.h"
+
+namespace corvane {
+namespace {
+
+TEST(Focus, ByTabSelectsTheTextOfAFieldAndByMouseDoesNot) {
+  TestForm form;
+  form.txtName.SetText("name");
+  PlayWhole(form, [&] {
+    PressAt(form.txtNumber);
+    PressKey("Tab");
+    EXPECT_EQ(Seen(form.txtName), "[name]");
+    PressAt(form.txtNumber);
+    PressAt(form.txtName);
+    EXPECT_EQ(Seen(form.txtName), "name");
+  });
+}
+
+// As a screen reader sets it: at the widget, past the window.
+TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    PressAt(form.cmdHelp);  // which makes the window the active one
+    WidgetOf(form.txtNumber)->setFocus();
+    EXPECT_EQ(form.Focused, &form.txtNumber);
+    form.txtNumber.SetText("x");
+    WidgetOf(form.cboRows)->setFocus();
+    EXPECT_EQ(form.Focused, &form.txtNumber);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return WidgetOf(form.txtNumber)->hasFocus(); }));
+    form.txtNumber.SetText("1");
+    WidgetOf(form.cboRows)->setFocus();
+    EXPECT_EQ(form.Focused, &form.cboRows);
+  });
+}
+
+TEST(Windows, BearTheTitlesOfTheirForms) {
+  TestForm form, dialog;
+  dialog.Caption = "Another";
+  form.cmdOK.Click = [&] { dialog.ShowModal(); };
+  PlayWhole(form, [&] {
+    EXPECT_EQ(MainWindow()->windowTitle(), "Test");
+    WhenNext([] {
+      EXPECT_EQ(QApplication::activeModalWidget()->windowTitle(), "Another");
+      TheDisplay.EndProgram();
+    });
+    PressAt(form.cmdOK);
+  });
+}
+
+}  // namespace
+}  // namespace corvane
