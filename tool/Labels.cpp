@@ -39,12 +39,36 @@ constexpr int LineHeight(int size) { return size + 1; }
 
 }  // namespace
 
+Box LabelSheet::CellsOf(const Box& box) {
+  const auto cell = [](int place, int count) {
+    return std::clamp((place + SheetMargin) / CellSize, 0, count - 1);
+  };
+  return {cell(box.Left, Across), cell(box.Top, Down), cell(box.Right, Across),
+          cell(box.Bottom, Down)};
+}
+
+void LabelSheet::Take(const Box& box) {
+  const Box cells = CellsOf(box);
+  for (int y = cells.Top; y <= cells.Bottom; ++y) {
+    for (int x = cells.Left; x <= cells.Right; ++x) {
+      Taken[static_cast<std::size_t>(y * Across + x)].push_back(box);
+    }
+  }
+}
+
 bool LabelSheet::IsFree(const Box& box) const {
-  const bool onSheet = box.Left >= -SheetMargin && box.Top >= -SheetMargin &&
-                       box.Right <= ScreenWidth + SheetMargin &&
-                       box.Bottom <= ScreenHeight + SheetMargin;
-  return onSheet &&
-         std::ranges::none_of(Taken, [&box](const Box& taken) { return Overlap(box, taken); });
+  if (box.Left < -SheetMargin || box.Top < -SheetMargin || box.Right > ScreenWidth + SheetMargin ||
+      box.Bottom > ScreenHeight + SheetMargin) {
+    return false;
+  }
+  const auto meets = [&box](const Box& taken) { return Overlap(box, taken); };
+  const Box cells = CellsOf(box);
+  for (int y = cells.Top; y <= cells.Bottom; ++y) {
+    for (int x = cells.Left; x <= cells.Right; ++x) {
+      if (std::ranges::any_of(Taken[static_cast<std::size_t>(y * Across + x)], meets)) return false;
+    }
+  }
+  return true;
 }
 
 bool LabelSheet::Put(std::string_view text, int size, std::span<const Point> corners,

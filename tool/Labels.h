@@ -2,6 +2,8 @@
 // has taken. One that finds none is left out, since what it says also stands in a tooltip.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,7 +21,7 @@ struct Label {
 class LabelSheet {
  public:
   /// Keeps labels away from `box`.
-  void Take(const Box& box) { Taken.push_back(box); }
+  void Take(const Box& box);
   [[nodiscard]] bool IsFree(const Box& box) const;
   /// Puts `text` at the first of `corners` (left top of the text) where it fits; gives back False
   /// if there is none.
@@ -27,7 +29,13 @@ class LabelSheet {
                          Label& label);
 
  private:
-  std::vector<Box> Taken;
+  static constexpr int CellSize = 32;  // pixels
+  static constexpr int Across = (ScreenWidth + 2 * SheetMargin) / CellSize + 1;
+  static constexpr int Down = (ScreenHeight + 2 * SheetMargin) / CellSize + 1;
+  [[nodiscard]] static Box CellsOf(const Box& box);
+
+  // The boxes in each cell of a grid, so that thousands of labels find their places at once.
+  std::array<std::vector<Box>, std::size_t{Across} * Down> Taken;
 };
 
 /// About how many pixels wide `text` (UTF-8) is in a sans-serif font of this size; rather too many.
