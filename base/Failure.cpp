@@ -49,6 +49,10 @@ const char* StateText(FileState state) {
       return "The file is DAMAGED: its old contents could not be restored. Use your backup.";
     case FileState::NotRemoved:
       return "The unfinished new file could not be removed. Do not use it.";
+    case FileState::Unknown:
+      return "What the file holds now is unknown. Check it before you use it.";
+    case FileState::Untouched:
+      return "No file was changed.";
   }
   return "";
 }
@@ -60,15 +64,17 @@ std::error_code make_error_code(FileError error) {
   return {static_cast<int>(error), category};
 }
 
-std::string ReasonText(std::error_code error) {
-  std::string text = SystemMessage(error);
-  if (!IsInUse(error)) return text;
-  return text + " (it is open in another program, such as the game itself while it runs)";
+std::string ReasonText(std::error_code error, const std::string& path) {
+  const std::string text = SystemMessage(error);
+  const std::string hint = SystemHint(error, path);
+  return hint.empty() ? text : text + " (" + hint + ")";
 }
 
 std::string FailureMessage(const Failure& failure) {
-  std::string text = failure.Path + " could not be " + Verb(failure.Action) + ": " +
-                     ReasonText(failure.Reason) + ".";
+  std::string text = failure.Path;
+  if (!failure.LinkTarget.empty()) text.append(" (a link to ").append(failure.LinkTarget) += ')';
+  text.append(" could not be ").append(Verb(failure.Action)).append(": ");
+  text.append(ReasonText(failure.Reason, failure.Path)) += '.';
   if (failure.Action == FileAction::Save) text.append(" ").append(StateText(failure.State));
   return text;
 }

@@ -1,60 +1,112 @@
 #include "base/FileRanges.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <system_error>
-#include <utility>
 #include <vector>
 
 #include "base/RawFile.h"
+#include "base/Signals.h"
 
 namespace corvane {
 namespace {
 
+/// One save. From the first changed byte to the end of the undo nothing is allocated, so that the
+/// undo cannot fail for want of memory.
 class Save {
  public:
   Save(const std::string& path, std::span<const WriteRange> ranges) : Path(path), Ranges(ranges) {}
 
-  std::error_code Open(IfMissing ifMissing);
-  std::error_code RememberOld();
+  std::error_code Prepare(IfMissing ifMissing);
   std::error_code Replace();
-  FileState Undo();
+  [[nodiscard]] FileState Undo();
 
  private:
+  std::error_code Open(IfMissing ifMissing);
+  std::error_code Create(std::error_code missing);
+  std::error_code LookAtFile();
+  std::error_code RememberOld();
+  std::error_code CheckPlace() const;
+  [[nodiscard]] FileState UndoCreate();
+  [[nodiscard]] FileState UndoChange();
+  std::error_code OpenAgain();
   std::error_code PutBack();
+  std::error_code PutBackLength();
   std::error_code PutBackRange(std::size_t range);
+  std::error_code ReadNow(std::size_t range, std::span<const std::byte>& now);
+  [[nodiscard]] FileState Compare();
 
   const std::string& Path;
   std::span<const WriteRange> Ranges;
   RawFile File;
   bool Created = false;
+  bool Attempted = false;  // a byte may have changed
+  bool PutAnyBack = false;
   bool FlushFailed = false;
-  std::uint64_t OldLength = 0;
+  FileState Unopened = FileState::Untouched;     // told of a file that could not be opened
+  FileStatus Old;                                // of type None until it is known
   std::vector<std::vector<std::byte>> OldBytes;  // of each range, as far as the file reached
+  std::vector<std::byte> Buffer;                 // as large as the largest range
 };
 
+std::error_code Save::Prepare(IfMissing ifMissing) {
+  if (std::error_code error = Open(ifMissing)) return error;
+  if (std::error_code error = LookAtFile()) return error;
+  return RememberOld();
+}
+
 std::error_code Save::Open(IfMissing ifMissing) {
-  std::error_code error = File.Open(Path, OpenMode::Change);
-  if (error == std::errc::no_such_file_or_directory && ifMissing == IfMissing::Create) {
-    error = File.Open(Path, OpenMode::Create);
-    Created = !error;
+  const std::error_code error = File.Open(Path, OpenMode::Change);
+  if (!error) return {};
+  FileStatus there;
+  if (!File.PathStatus(there))
+    Unopened = there.Type == FileType::None ? FileState::NotCreated : FileState::Unchanged;
+  const bool missing = error == std::errc::no_such_file_or_directory;
+  return missing && ifMissing == IfMissing::Create ? Create(error) : error;
+}
+
+std::error_code Save::Create(std::error_code missing) {
+  const std::error_code error = File.Reopen(OpenMode::Create);
+  if (!error) {
+    Created = true;
+    return {};
   }
-  return error;
+  FileStatus there;
+  const std::error_code untold = File.PathStatus(there);
+  const bool absent = !untold && there.Type == FileType::None;
+  const bool exists = error == std::errc::file_exists;
+  Unopened = exists ? FileState::Unchanged : FileState::Unknown;
+  if (absent) Unopened = FileState::NotCreated;
+  return exists && absent ? missing : error;  // a link that leads nowhere exists by itself
+}
+
+std::error_code Save::LookAtFile() {
+  FileStatus found;
+  if (std::error_code error = File.Status(found)) return error;
+  if (found.Type == FileType::Folder) return std::make_error_code(std::errc::is_a_directory);
+  if (found.Type != FileType::Ordinary) return std::make_error_code(std::errc::invalid_argument);
+  Old = found;
+  return {};
 }
 
 std::error_code Save::RememberOld() {
-  if (Created) return {};
-  if (std::error_code error = File.Length(OldLength)) return error;
   for (const WriteRange& range : Ranges) {
     std::vector<std::byte> old(range.Bytes.size());
     std::size_t read = 0;
-    if (std::error_code error = File.ReadAt(range.Offset, old, read)) return error;
+    if (!Created) {
+      if (std::error_code error = File.ReadAt(range.Offset, old, read)) return error;
+    }
     old.resize(read);
+    const auto known = range.Known.first(std::min(read, range.Known.size()));
+    if (!std::equal(known.begin(), known.end(), old.begin())) return FileError::ChangedByAnother;
+    Buffer.resize(std::max(Buffer.size(), read));
     OldBytes.push_back(std::move(old));
   }
   return {};
 }
 
 std::error_code Save::Replace() {
+  Attempted = true;
   for (const WriteRange& range : Ranges) {
     if (std::error_code error = File.WriteAt(range.Offset, range.Bytes)) return error;
   }
@@ -62,46 +114,117 @@ std::error_code Save::Replace() {
     FlushFailed = true;
     return error;
   }
+  if (std::error_code error = CheckPlace()) return error;
   return File.Close();
 }
 
-// Undoes whatever Replace did and tells the state of the file.
-FileState Save::Undo() {
-  if (Created) {
-    if (File.IsOpen()) static_cast<void>(File.Close());  // the file goes, whatever this says
-    return RemoveFile(Path) ? FileState::NotRemoved : FileState::Removed;
-  }
-  if (!File.Changed()) return FileState::Unchanged;
-  if (!File.IsOpen() && File.Open(Path, OpenMode::Change)) return FileState::Damaged;
-  if (PutBack()) return FileState::Damaged;
-  // A flush that failed once may succeed falsely when tried again, so it proves nothing then.
-  return FlushFailed || File.Flush() || File.Close() ? FileState::Unconfirmed
-                                                     : FileState::Unchanged;
+// The file at the path must still be the one that was written.
+std::error_code Save::CheckPlace() const {
+  FileStatus there;
+  if (std::error_code error = File.PathStatus(there)) return error;
+  const bool same = there.Type != FileType::None && there.Identity == Old.Identity;
+  return same ? std::error_code() : FileError::Replaced;
 }
 
+// Undoes whatever was done and tells the state of the file.
+FileState Save::Undo() {
+  FileState state = File.IsOpen() ? FileState::Unchanged : Unopened;
+  if (Created) {
+    state = UndoCreate();
+  } else if (Attempted) {
+    state = UndoChange();
+  }
+  if (File.IsOpen()) static_cast<void>(File.Close());  // holds what it held before this
+  return state;
+}
+
+FileState Save::UndoCreate() {
+  if (File.IsOpen()) static_cast<void>(File.Close());  // the file goes, whatever this says
+  FileStatus there;
+  if (Old.Type != FileType::None) {
+    // Another file that has come to stand there is not ours to remove.
+    if (File.PathStatus(there)) return FileState::Unknown;
+    if (there.Type == FileType::None) return FileState::Removed;
+    if (there.Identity != Old.Identity) return FileState::Unchanged;
+  }
+  if (!File.Remove()) return FileState::Removed;
+  if (File.PathStatus(there)) return FileState::Unknown;
+  return there.Type == FileType::None ? FileState::Removed : FileState::NotRemoved;
+}
+
+FileState Save::UndoChange() {
+  if (!File.IsOpen() && OpenAgain()) return FileState::Unknown;
+  const std::error_code failed = PutBack();
+  if (failed) {
+    const FileState state = Compare();
+    if (state != FileState::Unchanged) return state;
+  }
+  // A flush that failed once may succeed falsely when tried again, so it proves nothing then.
+  if (FlushFailed) return FileState::Unconfirmed;
+  if (!PutAnyBack) return FileState::Unchanged;
+  return File.Flush() || File.Close() ? FileState::Unconfirmed : FileState::Unchanged;
+}
+
+std::error_code Save::OpenAgain() {
+  if (std::error_code error = File.Reopen(OpenMode::Change)) return error;
+  PutAnyBack = true;  // the close that failed may have lost what was written
+  FileStatus found;
+  if (std::error_code error = File.Status(found)) return error;
+  return found.Identity == Old.Identity ? std::error_code() : FileError::Replaced;
+}
+
+// Goes on behind a failure: the more of the old file is back, the better.
 std::error_code Save::PutBack() {
-  std::uint64_t length = 0;
-  if (std::error_code error = File.Length(length)) return error;
-  if (length > OldLength) {
-    if (std::error_code error = File.SetLength(OldLength)) return error;
-  }
+  std::error_code failed = PutBackLength();
   for (std::size_t range = 0; range < Ranges.size(); ++range) {
-    if (std::error_code error = PutBackRange(range)) return error;
+    if (std::error_code error = PutBackRange(range)) failed = error;
   }
+  return failed;
+}
+
+std::error_code Save::PutBackLength() {
+  FileStatus now;
+  if (std::error_code error = File.Status(now)) return error;
+  if (now.Length <= Old.Length) return {};
+  PutAnyBack = true;
+  return File.SetLength(Old.Length);
+}
+
+// The bytes of a range as far as the old file reached.
+std::error_code Save::ReadNow(std::size_t range, std::span<const std::byte>& now) {
+  const auto bytes = std::span(Buffer).first(OldBytes[range].size());
+  std::size_t read = 0;
+  if (std::error_code error = File.ReadAt(Ranges[range].Offset, bytes, read)) return error;
+  now = bytes.first(read);
   return {};
 }
 
 // Writes only what differs: where the save was refused, the same bytes would be refused again.
 std::error_code Save::PutBackRange(std::size_t range) {
   const std::vector<std::byte>& old = OldBytes[range];
-  std::vector<std::byte> now(old.size());
-  std::size_t read = 0;
-  if (std::error_code error = File.ReadAt(Ranges[range].Offset, now, read)) return error;
-  const auto first = std::mismatch(old.begin(), old.end(), now.begin()).first;
-  const auto last = std::mismatch(old.rbegin(), old.rend(), now.rbegin()).first.base();
-  if (first >= last) return {};
+  std::span<const std::byte> now;
+  if (std::error_code error = ReadNow(range, now)) return error;
+  const auto first = std::ranges::mismatch(old, now).in1;
+  if (first == old.end()) return {};
+  auto last = old.end();
+  if (now.size() == old.size()) {
+    while (*(last - 1) == now[static_cast<std::size_t>(last - 1 - old.begin())]) --last;
+  }
+  PutAnyBack = true;
   const auto start = static_cast<std::size_t>(first - old.begin());
   return File.WriteAt(Ranges[range].Offset + start, std::span(first, last));
+}
+
+FileState Save::Compare() {
+  FileStatus now;
+  if (File.Status(now)) return FileState::Unknown;
+  if (now.Length != Old.Length) return FileState::Damaged;
+  for (std::size_t range = 0; range < Ranges.size(); ++range) {
+    std::span<const std::byte> bytes;
+    if (ReadNow(range, bytes)) return FileState::Unknown;
+    if (!std::ranges::equal(bytes, OldBytes[range])) return FileState::Damaged;
+  }
+  return FileState::Unchanged;
 }
 
 std::error_code Read(RawFile& file, const std::string& path, std::span<const ReadRange> ranges) {
@@ -112,6 +235,12 @@ std::error_code Read(RawFile& file, const std::string& path, std::span<const Rea
     std::ranges::fill(range.Bytes.subspan(read), std::byte{0});
   }
   return file.Close();
+}
+
+std::string LinkTarget(const std::string& path) {
+  std::error_code none;  // then it is no link
+  const auto target = std::filesystem::read_symlink(path, none);
+  return none ? std::string() : target.string();
 }
 
 }  // namespace
@@ -125,17 +254,13 @@ Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges) 
 
 Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
                      IfMissing ifMissing) {
+  const EndSignalGuard guard;
   Save save(path, ranges);
-  std::error_code error = save.Open(ifMissing);
-  if (!error) error = save.RememberOld();
-  if (error) {
-    const bool missing = error == std::errc::no_such_file_or_directory;
-    return Failure{FileAction::Save, path, error,
-                   missing ? FileState::NotCreated : FileState::Unchanged};
-  }
-  error = save.Replace();
-  if (error) return Failure{FileAction::Save, path, error, save.Undo()};
-  return {};
+  std::error_code error = save.Prepare(ifMissing);
+  if (!error) error = save.Replace();
+  if (!error) return {};
+  const FileState state = save.Undo();
+  return Failure{FileAction::Save, path, error, state, LinkTarget(path)};
 }
 
 }  // namespace corvane

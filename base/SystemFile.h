@@ -1,5 +1,5 @@
 // Single steps of the system on a file. RawFile is made from them and adds what all systems share:
-// loops over short transfers, range checks, injected faults.
+// loops over short transfers and range checks. The tests put faults around these steps.
 #pragma once
 
 #include <cstddef>
@@ -14,11 +14,15 @@ namespace corvane {
 
 using SystemHandle = std::intptr_t;
 
-/// Never blocks. To write, it fails for whatever is not an ordinary file.
-[[nodiscard]] std::error_code SystemOpen(const std::string& path, OpenMode mode,
+[[nodiscard]] NativePath ToNativePath(const std::string& path);
+
+/// Never blocks.
+[[nodiscard]] std::error_code SystemOpen(const NativePath& path, OpenMode mode,
                                          SystemHandle& handle);
-[[nodiscard]] std::error_code SystemLength(SystemHandle handle, std::uint64_t& length);
-/// One transfer, which may be short; `moved` is 0 at the file's end.
+[[nodiscard]] std::error_code SystemStatus(SystemHandle handle, FileStatus& status);
+/// Of what stands at a path; of a link, what it leads to. Fails if that cannot be told.
+[[nodiscard]] std::error_code SystemPathStatus(const NativePath& path, FileStatus& status);
+/// One transfer, which may be short; `moved` is 0 at the end of the file.
 [[nodiscard]] std::error_code SystemRead(SystemHandle handle, std::uint64_t offset,
                                          std::span<std::byte> buffer, std::size_t& moved);
 [[nodiscard]] std::error_code SystemWrite(SystemHandle handle, std::uint64_t offset,
@@ -27,11 +31,11 @@ using SystemHandle = std::intptr_t;
 [[nodiscard]] std::error_code SystemFlush(SystemHandle handle);
 /// The handle is gone afterwards, also if this fails.
 [[nodiscard]] std::error_code SystemClose(SystemHandle handle);
-[[nodiscard]] std::error_code SystemRemove(const std::string& path);
+[[nodiscard]] std::error_code SystemRemove(const NativePath& path);
 
 /// The system's message for an error, in UTF-8, without a period.
 [[nodiscard]] std::string SystemMessage(std::error_code error);
-/// True if the file was refused because another program has it open or runs it.
-[[nodiscard]] bool IsInUse(std::error_code error);
+/// What probably causes an error with this file, or helps against it; empty if nothing is known.
+[[nodiscard]] std::string SystemHint(std::error_code error, const std::string& path);
 
 }  // namespace corvane

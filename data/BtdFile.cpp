@@ -30,6 +30,14 @@ void DecodeHead(const BtdImage& image, BtdHeader& header, VictoryLocations& vls)
   std::memcpy(vls.data(), image.data() + VLsOffset, sizeof vls);
 }
 
+void Encode(const BtdHeader& header, const VictoryLocations& vls, const BtdText& text,
+            BtdImage& image) {
+  std::memcpy(image.data(), &header.Magic, sizeof header.Magic);
+  image[MapIndexOffset] = std::byte{header.MapIndex};
+  std::memcpy(image.data() + VLsOffset, vls.data(), sizeof vls);
+  std::memcpy(image.data() + TextOffset, &text, sizeof text);
+}
+
 }  // namespace
 
 Result<BtdHead> ReadBtdHead(const std::string& path) {
@@ -52,13 +60,15 @@ Result<BtdFile> ReadBtd(const std::string& path) {
 }
 
 Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex, const VictoryLocations& vls,
-                  const BtdText& text) {
+                  const BtdText& text, const BtdFile* known) {
   BtdImage image;
-  std::memcpy(image.data(), &BtdMagic, sizeof BtdMagic);
-  image[MapIndexOffset] = std::byte{mapIndex};
-  std::memcpy(image.data() + VLsOffset, vls.data(), sizeof vls);
-  std::memcpy(image.data() + TextOffset, &text, sizeof text);
-  const WriteRange range{0, image};
+  Encode({BtdMagic, mapIndex}, vls, text, image);
+  BtdImage old;
+  WriteRange range{0, image};
+  if (known != nullptr) {
+    Encode(known->Header, known->VLs, known->Text, old);
+    range.Known = old;
+  }
   return SaveInPlace(path, {&range, 1}, IfMissing::Create);
 }
 

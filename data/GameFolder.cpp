@@ -1,14 +1,37 @@
 #include "data/GameFolder.h"
 
-#include <utility>
+#include <algorithm>
+#include <vector>
 
 #include "base/LetterCase.h"
+#include "base/RawFile.h"
 #include "base/Registry.h"
 #include "data/StrategicTables.h"
 #include "data/TableImages.h"
 
 namespace corvane {
 namespace {
+
+// The tables of a file as they were last read or written here.
+struct SeenFile {
+  std::string Path;
+  GameTables Tables;
+};
+std::vector<SeenFile> SeenFiles;
+
+SeenFile* FindSeen(const std::string& path) {
+  const auto seen = std::ranges::find_if(
+      SeenFiles, [&](const SeenFile& file) { return IsSameFile(file.Path, path); });
+  return seen == SeenFiles.end() ? nullptr : &*seen;
+}
+
+void Remember(const std::string& path) {
+  if (SeenFile* seen = FindSeen(path)) {
+    seen->Tables = Tables;
+  } else {
+    SeenFiles.push_back({path, Tables});
+  }
+}
 
 std::string FolderOf(const std::string& fileName, const std::string& fileTitle) {
   return fileName.substr(0, fileName.size() - fileTitle.size());
@@ -37,7 +60,19 @@ Result<FileKind> OpenTables(const std::string& fileName, const std::string& file
   Tables = *tables;
   GamePath = *folder;
   OpenedFile = fileTitle;
+  Remember(fileName);
   return kind;
 }
+
+Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges others) {
+  const SeenFile* seen = others == OthersChanges::Keep ? FindSeen(fileName) : nullptr;
+  const GameTables* known = seen == nullptr ? nullptr : &seen->Tables;
+  const auto saved = kind == FileKind::GameExeFile ? WriteGameTables(fileName, Tables, known)
+                                                   : WritePatchTables(fileName, Tables, known);
+  if (saved.Done()) Remember(fileName);
+  return saved;
+}
+
+void ForgetFiles() { SeenFiles.clear(); }
 
 }  // namespace corvane

@@ -11,10 +11,10 @@ namespace {
 
 constexpr std::size_t RowDigits = 3;
 
-std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
+std::string MapsFolder() { return JoinPath(GamePath, NameInFolder(GamePath, "Maps")); }
 
 void AddMapFile(const std::string& name, CatalogueReport& report) {
-  const auto head = ReadBtdHead(report.Folder + Separator + name);
+  const auto head = ReadBtdHead(JoinPath(report.Folder, name));
   if (!head.Done()) return report.Failures.push_back(head.Error());
   SetDestinations(head->Header.MapIndex, head->VLs);
   InsertMapRow(ThreeDigits(head->Header.MapIndex) + ' ' + name);
@@ -53,7 +53,8 @@ int RowMapIndex(std::string_view row) {
 
 std::string RowFileName(std::string_view row) {
   constexpr std::size_t start = RowDigits + 1;
-  return std::string(row.size() > start ? row.substr(start) : std::string_view());
+  if (row.size() <= start || row.substr(RowDigits) == ClearedRowEnd) return {};
+  return std::string(row.substr(start));
 }
 
 std::string ThreeDigits(int number) {
@@ -81,7 +82,14 @@ void SetDestinations(int map, const VictoryLocations& vls) {
 
 std::string BtdPath(const std::string& name, const std::string& listed) {
   const std::string folder = MapsFolder();
-  return folder + Separator + NameInFolder(folder, name, listed);
+  return JoinPath(folder, NameInFolder(folder, name, listed));
+}
+
+Result<std::string> BtdSavePath(const std::string& baseName, const std::string& listed) {
+  const std::string name = baseName + ".btd";
+  if (IsFileName(name)) return BtdPath(name, listed);
+  return Failure{FileAction::Save, JoinPath(MapsFolder(), name), FileError::NotAFileName,
+                 FileState::Untouched};
 }
 
 }  // namespace corvane

@@ -27,7 +27,8 @@ std::array<Range, TablePlaces.size()> GameRanges(Bytes bytes) {
   std::array<Range, TablePlaces.size()> ranges;
   for (std::size_t table = 0; table < ranges.size(); ++table) {
     const TablePlace& place = TablePlaces[table];
-    ranges[table] = {place.GameOffset, bytes.subspan(place.PatchOffset, place.Size)};
+    ranges[table].Offset = place.GameOffset;
+    ranges[table].Bytes = bytes.subspan(place.PatchOffset, place.Size);
   }
   return ranges;
 }
@@ -44,7 +45,7 @@ std::span<const std::byte> BytesOf(const GameTables& tables) {
 
 std::string GameExePath() {
   const bool opened = ToUpper(OpenedFile) == GameExeName;
-  return GamePath + Separator + NameInFolder(GamePath, opened ? OpenedFile : GameExeName);
+  return JoinPath(GamePath, NameInFolder(GamePath, opened ? OpenedFile : GameExeName));
 }
 
 std::string OpenedExePath() { return GamePath + NameInFolder(GamePath, OpenedFile); }
@@ -64,12 +65,21 @@ Result<GameTables> ReadPatchTables(const std::string& fileName) {
   return tables;
 }
 
-Result<> WriteGameTables(const std::string& fileName, const GameTables& tables) {
-  return SaveInPlace(fileName, GameRanges<WriteRange>(BytesOf(tables)), IfMissing::Fail);
+Result<> WriteGameTables(const std::string& fileName, const GameTables& tables,
+                         const GameTables* known) {
+  auto ranges = GameRanges<WriteRange>(BytesOf(tables));
+  if (known != nullptr) {
+    const auto old = GameRanges<WriteRange>(BytesOf(*known));
+    for (std::size_t table = 0; table < ranges.size(); ++table)
+      ranges[table].Known = old[table].Bytes;
+  }
+  return SaveInPlace(fileName, ranges, IfMissing::Fail);
 }
 
-Result<> WritePatchTables(const std::string& fileName, const GameTables& tables) {
-  const WriteRange whole{0, BytesOf(tables)};
+Result<> WritePatchTables(const std::string& fileName, const GameTables& tables,
+                          const GameTables* known) {
+  WriteRange whole{0, BytesOf(tables)};
+  if (known != nullptr) whole.Known = BytesOf(*known);
   return SaveInPlace(fileName, {&whole, 1}, IfMissing::Create);
 }
 

@@ -7,7 +7,7 @@ std::string NoMapFiles(const CatalogueReport& report) {
   std::string text = "Error: No map files were found in the folder " + report.Folder + ".";
   for (const Failure& failure : report.Failures) {
     if (failure.Reason != std::errc::no_such_file_or_directory)
-      text.append(" ").append(ReasonText(failure.Reason)).append(".");
+      text.append(" ").append(ReasonText(failure.Reason, failure.Path)).append(".");
   }
   return text;
 }

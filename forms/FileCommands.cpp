@@ -1,5 +1,6 @@
 // The commands of the File menu: open, check, save, leave.
 
+#include "Saving.h"
 #include "base/FolderScan.h"
 #include "base/LetterCase.h"
 #include "data/GameFolder.h"
@@ -20,13 +21,9 @@ bool TablesAreSound() {
   return findings.empty();
 }
 
-// Tells of a write that failed; after one that went well nothing is left to save.
-void FinishSave(const Result<>& written) {
-  if (written.Done()) {
-    TablesDirty = false;
-  } else {
-    Tell("Error: " + FailureMessage(written.Error()));
-  }
+void Save(const std::string& path, FileKind kind) {
+  const auto save = [&](OthersChanges others) { return SaveTables(path, kind, others); };
+  if (SaveAndTell(path, save)) TablesDirty = false;
 }
 
 }  // namespace
@@ -71,7 +68,7 @@ void Form1::mnuFileSave_Click() {
            "crash. Are you absolutely sure you want to do this?")) {
     return;
   }
-  FinishSave(WriteGameTables(path, Tables));
+  Save(path, FileKind::GameExeFile);
 }
 
 void Form1::mnuFileSavePatch_Click() {
@@ -82,7 +79,7 @@ void Form1::mnuFileSavePatch_Click() {
   const std::string& fileName = CommonDialog1.FileName;
   if (fileName.empty()) return;
   if (OrdinaryFileExists(fileName) && !Ask("Overwrite file " + fileName + "?")) return;
-  FinishSave(WritePatchTables(fileName, Tables));
+  Save(fileName, FileKind::PatchFile);
 }
 
 void Form1::mnuFileExit_Click() { Unload(); }

@@ -4,6 +4,8 @@
 
 #include "HelpTexts.h"
 #include "NumericFields.h"
+#include "Saving.h"
+#include "base/RawFile.h"
 #include "data/MapCatalogue.h"
 #include "services/Display.h"
 
@@ -91,13 +93,15 @@ void dlgEditBTD::FillLists() {
   cboVLDest.SetEnabled(false);
 }
 
-Result<> dlgEditBTD::ReadRecords() const {
+Result<> dlgEditBTD::ReadRecords() {
   const std::string path = BtdPath(ListedFile(), ListedFile());
   if (ListedFile().empty() || !BtdExists(path)) return {};
   const auto file = ReadBtd(path);
   if (!file.Done()) return file.Error();
   VLTable = file->VLs;
   VLText = file->Text;
+  ReadPath = path;
+  AsRead = *file;
   return {};
 }
 
@@ -144,11 +148,16 @@ void dlgEditBTD::cboVLDest_Click() {
 }
 
 void dlgEditBTD::OKButton_Click() {
-  const std::string path = BtdPath(txtFileName.Text() + ".btd", ListedFile());
-  if (BtdExists(path) && !Ask("Replace existing " + path + "?")) return;
+  const auto path = BtdSavePath(txtFileName.Text(), ListedFile());
+  if (!path.Done()) return Tell("Error: " + FailureMessage(path.Error()));
+  if (BtdExists(*path) && !Ask("Replace existing " + *path + "?")) return;
   const BtdText text = TextOfBoxes();
-  const auto written = WriteBtd(path, static_cast<std::uint8_t>(Map), VLTable, text);
-  if (!written.Done()) return Tell("Error: " + FailureMessage(written.Error()));
+  const bool isTheOneRead = AsRead && IsSameFile(*path, ReadPath);
+  const auto save = [&](OthersChanges others) {
+    const BtdFile* known = isTheOneRead && others == OthersChanges::Keep ? &*AsRead : nullptr;
+    return WriteBtd(*path, static_cast<std::uint8_t>(Map), VLTable, text, known);
+  };
+  if (!SaveAndTell(*path, save)) return;
   VLText = text;
   SetDestinations(Map, VLTable);
   Unload();

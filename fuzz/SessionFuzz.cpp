@@ -40,7 +40,7 @@ struct Player : Session {
       if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
       return UpTo(3) == 0 ? MessageAnswer::No : MessageAnswer::Yes;
     };
-    InjectedFault = [this](FileStep, std::size_t&) {
+    InjectedFault = [this](FileStep, Moment, std::size_t&) {
       return Steps++ == FaultAt ? std::make_error_code(std::errc::io_error) : std::error_code();
     };
   }

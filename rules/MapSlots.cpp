@@ -48,7 +48,7 @@ Result<> DeleteMapSlot(int map) {
   if (!cleared.Done()) return cleared;
   ClearTile(map);
   ClearLinks(map);
-  ReplaceMapRow(map, ThreeDigits(map) + " UNUSED");
+  ReplaceMapRow(map, ThreeDigits(map).append(ClearedRowEnd));
   return cleared;
 }
 

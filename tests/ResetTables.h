@@ -1,6 +1,7 @@
 // Puts the tables and what goes with them back to how the program starts.
 #pragma once
 
+#include "data/GameFolder.h"
 #include "data/MapCatalogue.h"
 #include "data/StrategicTables.h"
 
@@ -8,6 +9,7 @@ namespace corvane {
 
 inline void ResetTables() {
   Tables = {};
+  ForgetFiles();
   VLDest = {};
   GamePath.clear();
   OpenedFile.clear();

@@ -9,8 +9,9 @@
 #include <random>
 #include <sstream>
 
+#include "Faults.h"
 #include "ResetTables.h"
-#include "base/RawFile.h"
+#include "base/Result.h"
 #include "samples/SampleGame.h"
 
 /// What stands in a file; nothing if there is none.
@@ -46,7 +47,9 @@ inline std::string Told(const auto& result) {
 
 /// Every step on a file from the one of this number on, counted from 0, fails.
 inline void FailFrom(int first) {
-  corvane::InjectedFault = [step = 0, first](corvane::FileStep, std::size_t&) mutable {
-    return step++ < first ? std::error_code() : std::make_error_code(std::errc::io_error);
+  using namespace corvane;
+  InjectedFault = [step = 0, first](FileStep, Moment moment, std::size_t&) mutable {
+    if (moment == Moment::After || step++ < first) return std::error_code();
+    return std::make_error_code(std::errc::io_error);
   };
 }

@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <climits>
 
+#include "posix/Utf8.h"
+
 namespace corvane {
 namespace {
 
@@ -32,7 +34,10 @@ class Folder {
   /// Nothing behind the last entry, or with an error.
   const dirent64* Next(std::error_code& error) {
     if (Fetched == 0) {
-      const ssize_t got = ::getdents64(Descriptor, Bytes, sizeof Bytes);
+      ssize_t got = 0;
+      do {
+        got = ::getdents64(Descriptor, Bytes, sizeof Bytes);
+      } while (got < 0 && errno == EINTR);
       if (got < 0) error = LastError();
       if (got <= 0) return nullptr;
       Fetched = static_cast<std::size_t>(got);
@@ -62,21 +67,30 @@ bool IsThere(const std::string& path) {
   return ::lstat(path.c_str(), &status) == 0;
 }
 
-/// The first name in byte order that spells `capitals`; empty if there is none.
-std::string FirstMatch(const std::string& folder, const std::string& capitals) {
+/// The first name in byte order that matches `name`; empty if there is none.
+std::string FirstMatch(const std::string& folder, std::string_view name) {
   std::string first;
   std::error_code error;
   Folder open(folder);
   if (!open.IsOpen()) return first;
   while (const dirent64* entry = open.Next(error)) {
-    const std::string_view name = entry->d_name;
-    if (name.size() != capitals.size() || ToUpper(name) != capitals) continue;
-    if (first.empty() || name < first) first = name;
+    const std::string_view found = entry->d_name;
+    if (!EqualIgnoringCase(found, name)) continue;
+    if (first.empty() || found < first) first = found;
   }
   return first;
 }
 
 }  // namespace
+
+std::string JoinPath(const std::string& folder, const std::string& name) {
+  return folder + Separator + name;
+}
+
+bool IsFileName(const std::string& name) {
+  const bool plain = name.find_first_of(std::string_view("/\0", 2)) == name.npos;
+  return plain && !name.empty() && name != "." && name != "..";
+}
 
 std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t max,
                            std::vector<std::string>& names) {
@@ -97,11 +111,9 @@ std::error_code ScanFolder(const std::string& folder, std::string_view extension
 
 std::string NameInFolder(const std::string& folder, const std::string& name,
                          const std::string& preferred) {
-  const std::string start = folder + Separator;
-  if (IsThere(start + name)) return name;
-  const std::string capitals = ToUpper(name);
-  if (ToUpper(preferred) == capitals && IsThere(start + preferred)) return preferred;
-  const std::string match = FirstMatch(start, capitals);
+  if (IsThere(JoinPath(folder, name))) return name;
+  if (EqualIgnoringCase(preferred, name) && IsThere(JoinPath(folder, preferred))) return preferred;
+  const std::string match = FirstMatch(JoinPath(folder, ""), name);
   return match.empty() ? name : match;
 }
 

@@ -30,9 +30,10 @@ std::string HomeFolder() {
 /// The file's text, as far as it can be read.
 std::string ReadRegistry(const std::string& path) {
   RawFile file;
-  std::uint64_t length = 0;
-  if (file.Open(path, OpenMode::Read) || file.Length(length) || length > MaxRegistrySize) return {};
-  std::string text(length, '\0');
+  FileStatus status;
+  if (file.Open(path, OpenMode::Read) || file.Status(status)) return {};
+  if (status.Length > MaxRegistrySize) return {};
+  std::string text(status.Length, '\0');
   std::size_t read = 0;
   if (file.ReadAt(0, std::as_writable_bytes(std::span(text)), read)) return {};
   text.resize(read);

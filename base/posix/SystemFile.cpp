@@ -44,36 +44,46 @@ int FlagsFor(OpenMode mode) {
   return Always | O_RDONLY;
 }
 
-std::error_code CheckOrdinary(int descriptor) {
-  struct stat status {};
-  if (::fstat(descriptor, &status) != 0) return LastError();
-  if (S_ISREG(status.st_mode)) return {};
-  return {S_ISDIR(status.st_mode) ? EISDIR : EINVAL, std::system_category()};
+FileType TypeOf(mode_t mode) {
+  if (S_ISREG(mode)) return FileType::Ordinary;
+  return S_ISDIR(mode) ? FileType::Folder : FileType::Other;
+}
+
+FileStatus StatusOf(const struct stat& found) {
+  return {TypeOf(found.st_mode),
+          static_cast<std::uint64_t>(found.st_size),
+          {static_cast<std::uint64_t>(found.st_dev), static_cast<std::uint64_t>(found.st_ino)}};
 }
 
 }  // namespace
 
-std::error_code SystemOpen(const std::string& path, OpenMode mode, SystemHandle& handle) {
+NativePath ToNativePath(const std::string& path) { return path; }
+
+std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& handle) {
   constexpr mode_t LeaveToMask = 0666;
   const int descriptor =
       Uninterrupted([&] { return ::open(path.c_str(), FlagsFor(mode), LeaveToMask); });
   if (descriptor < 0) return LastError();
-  // Folders and pipes refuse a read at an offset by themselves: it saves a call for every map.
-  if (mode != OpenMode::Read) {
-    if (const auto error = CheckOrdinary(descriptor)) {
-      ::close(descriptor);
-      return error;
-    }
-  }
   handle = descriptor;
   return {};
 }
 
-std::error_code SystemLength(SystemHandle handle, std::uint64_t& length) {
-  struct stat status {};
-  if (::fstat(Descriptor(handle), &status) != 0) return LastError();
-  length = static_cast<std::uint64_t>(status.st_size);
+std::error_code SystemStatus(SystemHandle handle, FileStatus& status) {
+  struct stat found {};
+  if (::fstat(Descriptor(handle), &found) != 0) return LastError();
+  status = StatusOf(found);
   return {};
+}
+
+std::error_code SystemPathStatus(const NativePath& path, FileStatus& status) {
+  struct stat found {};
+  status = {};
+  if (::stat(path.c_str(), &found) == 0) {
+    status = StatusOf(found);
+    return {};
+  }
+  const bool absent = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
+  return absent ? std::error_code() : LastError();
 }
 
 std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<std::byte> buffer,
@@ -106,12 +116,16 @@ std::error_code SystemClose(SystemHandle handle) {
   return ::close(Descriptor(handle)) == 0 ? std::error_code() : LastError();
 }
 
-std::error_code SystemRemove(const std::string& path) {
+std::error_code SystemRemove(const NativePath& path) {
   return ::unlink(path.c_str()) == 0 ? std::error_code() : LastError();
 }
 
 std::string SystemMessage(std::error_code error) { return error.message(); }
 
-bool IsInUse(std::error_code error) { return error == std::errc::text_file_busy; }
+std::string SystemHint(std::error_code error, const std::string& /*path*/) {
+  return error == std::errc::text_file_busy
+             ? "it is open in another program, such as the game itself while it runs"
+             : "";
+}
 
 }  // namespace corvane

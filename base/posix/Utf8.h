@@ -1,4 +1,4 @@
-// UTF-8, one character at a time.
+// UTF-8, one character at a time, and its letter case.
 #pragma once
 
 #include <string>
@@ -14,5 +14,9 @@ inline constexpr char32_t NotUtf8 = 0xFFFFFFFF;
 
 /// `character` is at most 0x10FFFF and no surrogate.
 void AppendUtf8(char32_t character, std::string& text);
+
+/// True if the texts differ in letter case at most, character by character, as file names do on
+/// Windows. Bytes that are no UTF-8 match themselves only.
+[[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace corvane

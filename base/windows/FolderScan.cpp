@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "base/WideText.h"
@@ -34,12 +36,34 @@ bool IsOrdinaryFile(DWORD attributes) {
   return (attributes & Others) == 0;
 }
 
+/// The names that mean a device in every folder, whatever extension follows.
+bool IsDevice(std::string_view name) {
+  constexpr std::string_view Devices[] = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
+  std::string stem = ToUpper(name.substr(0, name.find('.')));
+  stem.resize(stem.find_last_not_of(' ') + 1);
+  const bool port = stem.starts_with("COM") || stem.starts_with("LPT");
+  if (!port) return std::ranges::find(Devices, stem) != std::end(Devices);
+  constexpr std::string_view Numbers[] = {"0", "1", "2", "3",      "4",      "5",     "6",
+                                          "7", "8", "9", "\u00B9", "\u00B2", "\u00B3"};
+  return std::ranges::find(Numbers, stem.substr(3)) != std::end(Numbers);
+}
+
 }  // namespace
+
+std::string JoinPath(const std::string& folder, const std::string& name) {
+  const bool verbatim = folder.starts_with(R"(\\?\)");
+  return verbatim && folder.ends_with(Separator) ? folder + name : folder + Separator + name;
+}
+
+bool IsFileName(const std::string& name) {
+  if (name.find_first_of(std::string_view("/\\:\0", 4)) != name.npos) return false;
+  return !name.empty() && name != "." && name != ".." && !IsDevice(name);
+}
 
 std::error_code ScanFolder(const std::string& folder, std::string_view extension, std::size_t max,
                            std::vector<std::string>& names) {
   WIN32_FIND_DATAW entry{};
-  const Search search = FindFirst(folder + Separator + '*', entry);
+  const Search search = FindFirst(JoinPath(folder, "*"), entry);
   if (search == nullptr) return LastErrorBut(ERROR_FILE_NOT_FOUND);  // so an empty drive answers
   const std::string ending = ToUpper(extension);
   for (std::size_t found = 0; found < max;) {
@@ -53,13 +77,9 @@ std::error_code ScanFolder(const std::string& folder, std::string_view extension
   return {};
 }
 
-std::string NameInFolder(const std::string& folder, const std::string& name,
+std::string NameInFolder(const std::string& /*folder*/, const std::string& name,
                          const std::string& /*preferred*/) {
-  // The search takes these as wildcards, and what stands behind the others as the name.
-  if (name.find_first_of("*?<>\"/\\:") != std::string::npos) return name;
-  WIN32_FIND_DATAW entry{};
-  const Search search = FindFirst(folder + Separator + name, entry);
-  return search == nullptr ? name : WideToText(entry.cFileName);
+  return name;  // the system itself is case-insensitive
 }
 
 bool OrdinaryFileExists(const std::string& path) {

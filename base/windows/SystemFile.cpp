@@ -47,14 +47,62 @@ std::error_code OpenError(const std::wstring& path) {
   return folder ? std::make_error_code(std::errc::is_a_directory) : error;
 }
 
+/// A colon behind that of the drive opens a stream beside the file's own contents.
+bool NamesAStream(const std::wstring& path) {
+  constexpr std::wstring_view Verbatim = LR"(\\?\)";
+  const std::size_t start = path.starts_with(Verbatim) ? Verbatim.size() : 0;
+  return path.find(L':', start + 2) != path.npos;
+}
+
+FileType TypeOf(DWORD attributes) {
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return FileType::Folder;
+  return (attributes & FILE_ATTRIBUTE_DEVICE) != 0 ? FileType::Other : FileType::Ordinary;
+}
+
+std::uint64_t Joined(DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; }
+
+std::error_code StatusOf(HANDLE file, FileStatus& status) {
+  BY_HANDLE_FILE_INFORMATION found{};
+  if (::GetFileInformationByHandle(file, &found) == 0) return LastError();
+  status = {TypeOf(found.dwFileAttributes),
+            Joined(found.nFileSizeHigh, found.nFileSizeLow),
+            {found.dwVolumeSerialNumber, Joined(found.nFileIndexHigh, found.nFileIndexLow)}};
+  return {};
+}
+
+bool IsAbsent(std::error_code error) {
+  constexpr int Names[] = {ERROR_INVALID_NAME, ERROR_BAD_PATHNAME, ERROR_DIRECTORY};
+  return error == std::errc::no_such_file_or_directory ||
+         std::ranges::find(Names, error.value()) != std::end(Names);
+}
+
+bool IsInUse(std::error_code error) {
+  constexpr int Causes[] = {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_USER_MAPPED_FILE};
+  return std::ranges::find(Causes, error.value()) != std::end(Causes);
+}
+
+bool IsUnderProgramFiles(const std::string& path) {
+  const std::wstring wide = TextToWide(path);
+  for (const wchar_t* name : {L"ProgramFiles", L"ProgramFiles(x86)", L"ProgramW6432"}) {
+    wchar_t folder[MAX_PATH];
+    const DWORD size = ::GetEnvironmentVariableW(name, folder, MAX_PATH);
+    if (size == 0 || size >= MAX_PATH || wide.size() <= size) continue;
+    const auto length = static_cast<int>(size);
+    if (::CompareStringOrdinal(wide.data(), length, folder, length, TRUE) == CSTR_EQUAL)
+      return true;
+  }
+  return false;
+}
+
 }  // namespace
 
-std::error_code SystemOpen(const std::string& path, OpenMode mode, SystemHandle& handle) {
-  const std::wstring wide = TextToWide(path);
-  // Behind the drive's a colon would open a stream beside the file's own contents.
-  if (wide.find(L':', 2) != wide.npos) return {ERROR_INVALID_NAME, std::system_category()};
-  const HANDLE opened = OpenNative(wide, mode);
-  if (opened == INVALID_HANDLE_VALUE) return OpenError(wide);
+NativePath ToNativePath(const std::string& path) { return TextToWide(path); }
+
+std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& handle) {
+  if (NamesAStream(path)) return {ERROR_INVALID_NAME, std::system_category()};
+  const HANDLE opened = OpenNative(path, mode);
+  if (opened == INVALID_HANDLE_VALUE) return OpenError(path);
+  // A read from a device could block. None is created, so nothing stays behind.
   if (::GetFileType(opened) != FILE_TYPE_DISK) {
     ::CloseHandle(opened);
     return std::make_error_code(std::errc::invalid_argument);
@@ -63,11 +111,22 @@ std::error_code SystemOpen(const std::string& path, OpenMode mode, SystemHandle&
   return {};
 }
 
-std::error_code SystemLength(SystemHandle handle, std::uint64_t& length) {
-  LARGE_INTEGER size{};
-  if (::GetFileSizeEx(Native(handle), &size) == 0) return LastError();
-  length = static_cast<std::uint64_t>(size.QuadPart);
-  return {};
+std::error_code SystemStatus(SystemHandle handle, FileStatus& status) {
+  return StatusOf(Native(handle), status);
+}
+
+std::error_code SystemPathStatus(const NativePath& path, FileStatus& status) {
+  constexpr DWORD Anyone = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  status = {};
+  const HANDLE file = ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, Anyone, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (file == INVALID_HANDLE_VALUE) {
+    const std::error_code error = LastError();
+    return IsAbsent(error) ? std::error_code() : error;
+  }
+  const std::error_code error = StatusOf(file, status);
+  ::CloseHandle(file);
+  return error;
 }
 
 std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<std::byte> buffer,
@@ -108,8 +167,8 @@ std::error_code SystemClose(SystemHandle handle) {
   return ::CloseHandle(Native(handle)) != 0 ? std::error_code() : LastError();
 }
 
-std::error_code SystemRemove(const std::string& path) {
-  return ::DeleteFileW(TextToWide(path).c_str()) != 0 ? std::error_code() : LastError();
+std::error_code SystemRemove(const NativePath& path) {
+  return ::DeleteFileW(path.c_str()) != 0 ? std::error_code() : LastError();
 }
 
 std::string SystemMessage(std::error_code error) {
@@ -125,10 +184,13 @@ std::string SystemMessage(std::error_code error) {
   return words.substr(0, words.find_last_not_of(" .") + 1);
 }
 
-bool IsInUse(std::error_code error) {
-  constexpr int Causes[] = {ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION, ERROR_USER_MAPPED_FILE};
-  return error.category() == std::system_category() &&
-         std::ranges::find(Causes, error.value()) != std::end(Causes);
+std::string SystemHint(std::error_code error, const std::string& path) {
+  if (error.category() != std::system_category()) return {};
+  if (IsInUse(error)) return "it is open in another program, such as the game itself while it runs";
+  if (error.value() == ERROR_ACCESS_DENIED && IsUnderProgramFiles(path))
+    return "Windows protects this folder: start Corvane as administrator, or work on a copy of the "
+           "game elsewhere";
+  return {};
 }
 
 }  // namespace corvane

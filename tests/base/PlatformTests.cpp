@@ -5,40 +5,70 @@
 #include "base/AnsiText.h"
 #include "base/FolderScan.h"
 #include "base/LetterCase.h"
+#include "base/RawFile.h"
 
 using namespace corvane;
 
-TEST(RawFile, FinishesShortTransfersAndRefusesWhatCannotBe) {
-  const TestFolder folder;
-  folder.Put("f", "abcdefghij");
-  RawFile file;
-  for (const auto& [name, mode] : {std::pair("f", OpenMode::Create), {"", OpenMode::Change}})
-    EXPECT_TRUE(file.Open(folder / name, mode));
-  ASSERT_FALSE(file.Open(folder / "f", OpenMode::Change));
-  EXPECT_EQ(file.Open(folder / "f", OpenMode::Read), std::errc::device_or_resource_busy);
-  EXPECT_TRUE(!file.SetLength(10) && file.Changed());
-  std::size_t most = 3, read = 99;  // 3 is too much for the last step of each transfer
-  std::string asked, text(12, '.');
-  InjectedFault = [&](FileStep step, std::size_t& bytes) {
-    return asked += "OLRWSFCX"[static_cast<int>(step)], bytes = most, std::error_code();
-  };
-  const auto buffer = std::as_writable_bytes(std::span(text));
-  EXPECT_FALSE(file.WriteAt(1, std::as_bytes(std::span("123456"))));
-  EXPECT_FALSE(file.ReadAt(0, buffer, read));
-  EXPECT_EQ(text.substr(0, read), std::string("a123456\0ij", 10));
-  for (const std::uint64_t offset : {~0ULL, ~0ULL - 11, ~0ULL / 2 - 11}) {
-    EXPECT_EQ(file.WriteAt(offset, buffer), std::errc::value_too_large);
-    EXPECT_EQ(file.ReadAt(offset, buffer, read = 99), std::errc::value_too_large);
-    EXPECT_EQ(read, 0U);
-  }
-  EXPECT_EQ(file.SetLength(~0ULL / 2 + 1), std::errc::value_too_large);
-  EXPECT_NE(file.SetLength(~0ULL / 2), std::errc::value_too_large);
+struct RawFiles : testing::Test {
+  RawFiles() { Folder.Put("f", "abcdefghij"); }
+  const TestFolder Folder;
+  RawFile File;
+  std::string Text = std::string(12, '.');
+  const std::span<std::byte> Buffer = std::as_writable_bytes(std::span(Text));
+  std::size_t Read = 99;
+};
+
+TEST_F(RawFiles, RefuseToOpenWhatCannotBe) {
+  EXPECT_TRUE(File.Open(Folder / "f", OpenMode::Create));
+  EXPECT_TRUE(File.Open(Folder / "", OpenMode::Change));
+  ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
+  EXPECT_EQ(File.Open(Folder / "f", OpenMode::Read), std::errc::device_or_resource_busy);
   RawFile reader;
-  EXPECT_TRUE(!reader.Open(folder / "f", OpenMode::Read) && reader.WriteAt(0, buffer));
-  most = 0;
-  EXPECT_TRUE(file.WriteAt(0, buffer)) << "or it would never end";
-  EXPECT_FALSE(file.SetLength(10));
-  EXPECT_EQ(asked, "WWWRRRRRSOWWS");
+  ASSERT_FALSE(reader.Open(Folder / "f", OpenMode::Read));
+  EXPECT_TRUE(reader.WriteAt(0, Buffer));
+}
+
+TEST_F(RawFiles, FinishShortTransfers) {
+  ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
+  std::string asked;
+  InjectedFault = [&](FileStep step, Moment moment, std::size_t& bytes) {
+    if (moment == Moment::Before) asked += FileStepLetters[static_cast<int>(step)];
+    bytes = 3;  // too much for the last part of each transfer
+    return std::error_code();
+  };
+  EXPECT_FALSE(File.WriteAt(1, std::as_bytes(std::span("123456"))));
+  EXPECT_FALSE(File.ReadAt(0, Buffer, Read));
+  EXPECT_EQ(Text.substr(0, Read), std::string("a123456\0ij", 10));
+  EXPECT_EQ(asked, "WWWRRRRR");
+}
+
+TEST_F(RawFiles, GiveUpOnAWriteThatMovesNothing) {
+  ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
+  InjectedFault = [](FileStep, Moment, std::size_t& bytes) {
+    bytes = 0;
+    return std::error_code();
+  };
+  EXPECT_EQ(File.WriteAt(0, Buffer), std::errc::io_error);
+}
+
+TEST_F(RawFiles, RefuseOffsetsThatNoFileReaches) {
+  ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
+  for (const std::uint64_t offset : {~0ULL, ~0ULL - 11, ~0ULL / 2 - 11}) {
+    EXPECT_EQ(File.WriteAt(offset, Buffer), std::errc::value_too_large);
+    EXPECT_EQ(File.ReadAt(offset, Buffer, Read = 99), std::errc::value_too_large);
+    EXPECT_EQ(Read, 0U);
+  }
+  EXPECT_EQ(File.SetLength(~0ULL / 2 + 1), std::errc::value_too_large);
+  EXPECT_NE(File.SetLength(~0ULL / 2), std::errc::value_too_large);
+}
+
+TEST_F(RawFiles, AreTheSameByWhateverNameAndNotIfGone) {
+  Folder.Put("g", "abcdefghij");
+  std::filesystem::create_hard_link(Folder.Path / "f", Folder.Path / "h");
+  EXPECT_TRUE(IsSameFile(Folder / "f", Folder / "./f"));
+  EXPECT_TRUE(IsSameFile(Folder / "f", Folder / "h"));
+  EXPECT_FALSE(IsSameFile(Folder / "f", Folder / "g"));
+  EXPECT_FALSE(IsSameFile(Folder / "none", Folder / "none"));
 }
 
 TEST(FolderScan, TakesOrdinaryFilesByExtensionUpToTheLimit) {

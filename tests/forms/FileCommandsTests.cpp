@@ -61,3 +61,113 @@ TEST(FileCommands, AnOpenThatFailsLeavesEverything) {
   }
   EXPECT_EQ(session.Ended, !installed);
 }
+
+static std::string ChangedQuestion(const std::string& path) {
+  return "The file " + path +
+         " was changed by another program since it was opened. Save and lose those changes?";
+}
+
+struct LostUpdates : testing::Test {
+  Session session;
+  // Another program changes a byte.
+  void Change(const std::string& name, std::size_t at) const {
+    std::string bytes = session.Folder.Get(name);
+    bytes.at(at) = static_cast<char>(bytes.at(at) + 1);
+    session.Folder.Put(name, bytes);
+  }
+  // Saves and answers the last question with No; the questions asked, less the fixed first one.
+  Texts SaveExe() {
+    session.Told();
+    session.Menu(session.Main.mnuFileSave);
+    Texts told = session.Told();
+    told.erase(told.begin());
+    return told;
+  }
+};
+
+TEST_F(LostUpdates, AnUntouchedGameIsSavedWithoutAQuestionTimeAfterTime) {
+  for (int time = 0; time < 2; ++time) {
+    PickRow(session.Main.cboArrows, 7 + time);
+    EXPECT_EQ(SaveExe(), Texts{});
+  }
+  Change("CC4.EXE", 1147263);  // no byte of the tables
+  EXPECT_EQ(SaveExe(), Texts{});
+}
+
+TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndNoKeepsItsChange) {
+  Change("CC4.EXE", 1201311);
+  const std::string theirs = session.Folder.Get("CC4.EXE");
+  TablesDirty = true;
+  TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons) {
+    session.Messages.push_back(text);
+    return text.starts_with("This will") ? MessageAnswer::Yes : MessageAnswer::No;
+  };
+  EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
+  EXPECT_EQ(session.Folder.Get("CC4.EXE"), theirs);
+  EXPECT_TRUE(TablesDirty);
+}
+
+TEST_F(LostUpdates, YesSavesOverTheChangeAndTheNextSaveAsksNothing) {
+  const std::string ours = session.Folder.Get("CC4.EXE");
+  Change("CC4.EXE", 1147264);
+  EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
+  EXPECT_EQ(session.Folder.Get("CC4.EXE"), ours);
+  EXPECT_EQ(SaveExe(), Texts{});
+}
+
+TEST_F(LostUpdates, AGameCutShortIsLengthenedWithoutAWord) {
+  std::filesystem::resize_file(session.File("CC4.EXE"), 1153999);
+  EXPECT_EQ(SaveExe(), Texts{});
+  EXPECT_EQ(session.Folder.Get("CC4.EXE").size(), 1201312U);
+}
+
+TEST_F(LostUpdates, APatchFileSavedHereIsAskedAboutOnceItDiffers) {
+  const Texts overwrite{"Overwrite file " + session.File("p.crv") + "?"};
+  session.SavePatch("p.crv");
+  session.Told();
+  session.SavePatch("p.crv");
+  EXPECT_EQ(session.Told(), overwrite);
+  Change("p.crv", 11211);
+  session.SavePatch("p.crv");
+  EXPECT_EQ(session.Told(), (Texts{overwrite[0], ChangedQuestion(session.File("p.crv"))}));
+}
+
+TEST_F(LostUpdates, APatchFileNeverSeenHereIsReplacedAsAsked) {
+  session.Folder.Put("other.crv", std::string(11212, 'x'));
+  session.SavePatch("other.crv");
+  EXPECT_EQ(session.Told(), Texts{"Overwrite file " + session.File("other.crv") + "?"});
+}
+
+TEST_F(LostUpdates, ABtdFileChangedWhileItsDialogIsOpenIsAskedAbout) {
+  const std::string name = "Maps/" + RowFileName(MapRow(0));
+  session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
+    Change(name, 8525);
+    const std::string theirs = session.Folder.Get(name);
+    TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons) {
+      session.Messages.push_back(text);
+      return text.starts_with("Replace") ? MessageAnswer::Yes : MessageAnswer::No;
+    };
+    session.Told();
+    Press(dialog.OKButton);
+    ASSERT_EQ(session.Messages.size(), 2U);
+    EXPECT_TRUE(session.Messages[1].ends_with(" Save and lose those changes?"));
+    EXPECT_EQ(session.Folder.Get(name), theirs);
+    EXPECT_TRUE(dialog.IsOpen());
+  });
+}
+
+TEST(BaseNames, ThatLeadOutOfMapsAreRefusedBeforeAnyQuestion) {
+  Session session;
+  session.Folder.Put("x.btd", "outside");
+  session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
+    session.Told();
+    dialog.txtFileName.SetText("../x");
+    Press(dialog.OKButton);
+    const Texts told = session.Told();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told[0].starts_with("Error: ")) << told[0];
+    EXPECT_TRUE(told[0].ends_with(" No file was changed.")) << told[0];
+    EXPECT_TRUE(dialog.IsOpen());
+  });
+  EXPECT_EQ(session.Folder.Get("x.btd"), "outside");
+}

@@ -17,6 +17,8 @@ enum class FileState {
   Unconfirmed,  // the old bytes were put back, but the disk did not confirm them
   Damaged,      // the old bytes could not be put back
   NotRemoved,   // the unfinished file that the save had created is still there
+  Unknown,      // what the file holds, or whether it exists, could not be found out
+  Untouched,    // no file was looked for
 };
 
 struct Failure {
@@ -24,6 +26,7 @@ struct Failure {
   std::string Path;
   std::error_code Reason;
   FileState State = FileState::Unchanged;
+  std::string LinkTarget = {};  // where Path leads, if it is a link that a save failed on
 };
 
 /// Reasons of our own, beside those of the system.
@@ -34,9 +37,9 @@ enum class FileError {
 };
 [[nodiscard]] std::error_code make_error_code(FileError error);
 
-/// The system's own words for an error, in UTF-8, without a period; where a file is in use, also
-/// what is probably using it.
-[[nodiscard]] std::string ReasonText(std::error_code error);
+/// The system's message for an error, in UTF-8, without a period; with what helps, where that is
+/// known of the error and the file at `path`.
+[[nodiscard]] std::string ReasonText(std::error_code error, const std::string& path = {});
 
 /// The sentences for the user: the file, what could not be done with it, the reason and, after a
 /// save, the file's state.

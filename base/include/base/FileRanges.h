@@ -19,6 +19,7 @@ struct ReadRange {
 struct WriteRange {
   std::uint64_t Offset = 0;
   std::span<const std::byte> Bytes;
+  std::span<const std::byte> Known = {};  // what others must not have changed, if anything
 };
 
 enum class IfMissing { Fail, Create };
@@ -28,8 +29,9 @@ enum class IfMissing { Fail, Create };
 [[nodiscard]] Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
 
 /// Replaces the ranges, leaves every other byte, never shortens the file, and returns when the disk
-/// has the bytes. After a failure the old bytes and length are put back, or a new file is removed
-/// again; the failure tells the state of the file.
+/// has the bytes. Where the file, as far as it reaches, does not hold what is Known, the save fails
+/// with ChangedByAnother. After a failure the old bytes and length are put back, or a new file is
+/// removed again; the failure tells the state of the file. Signals that end the program wait.
 [[nodiscard]] Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
                                    IfMissing ifMissing);
 

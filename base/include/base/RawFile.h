@@ -1,15 +1,19 @@
-// Raw bytes of one ordinary file, at offsets from 0. The only way in which the program touches
-// the contents of a file.
+// Raw bytes of one file, at offsets from 0. The only way in which the program touches the contents
+// of a file.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <system_error>
 
 namespace corvane {
+
+/// A path as the system's calls take it.
+using NativePath = std::filesystem::path::string_type;
 
 enum class OpenMode {
   Read,
@@ -17,13 +21,16 @@ enum class OpenMode {
   Create,  // read and write a new file; fails if something stands there
 };
 
-enum class FileStep { Open, Length, Read, Write, SetLength, Flush, Close, Remove };
+/// Tells two files apart, whatever their names.
+using FileIdentity = std::array<std::uint64_t, 2>;
 
-/// Asked ahead of every step on a file: an error fails the step before the system sees it
-/// (but a close still gives the file up); a smaller `bytes` makes a read or a write a short one, as
-/// systems may do.
-using FileFault = std::function<std::error_code(FileStep step, std::size_t& bytes)>;
-inline FileFault InjectedFault;  // empty but for tests that make files fail
+enum class FileType { None, Ordinary, Folder, Other };
+
+struct FileStatus {
+  FileType Type = FileType::None;
+  std::uint64_t Length = 0;  // bytes
+  FileIdentity Identity{};
+};
 
 /// An open file. Every operation gives back the system's error; offsets and lengths are in bytes.
 class RawFile {
@@ -33,10 +40,13 @@ class RawFile {
   RawFile& operator=(const RawFile&) = delete;
   ~RawFile();
 
-  /// To write, refuses whatever is not an ordinary file; to read, folders and pipes are refused
-  /// here or by the first read. Fails while a file is open.
+  /// Never blocks. Fails while a file is open. What is no ordinary file may open.
   [[nodiscard]] std::error_code Open(const std::string& path, OpenMode mode);
-  [[nodiscard]] std::error_code Length(std::uint64_t& length);
+  /// Opens the file at the path of the last Open. Allocates nothing, as all that follow.
+  [[nodiscard]] std::error_code Reopen(OpenMode mode);
+  [[nodiscard]] std::error_code Status(FileStatus& status);
+  /// What stands at the path of the last Open now; of type None if there is nothing.
+  [[nodiscard]] std::error_code PathStatus(FileStatus& status) const;
   /// Reads until the buffer is full or the file ends; `read` is the number of bytes that came.
   [[nodiscard]] std::error_code ReadAt(std::uint64_t offset, std::span<std::byte> buffer,
                                        std::size_t& read);
@@ -48,16 +58,19 @@ class RawFile {
   [[nodiscard]] std::error_code Flush();
   /// The file is given up, also if this fails: then what was written may be lost.
   [[nodiscard]] std::error_code Close();
+  /// Removes the file at the path of the last Open.
+  [[nodiscard]] std::error_code Remove() const;
   [[nodiscard]] bool IsOpen() const { return Handle != NoHandle; }
-  /// True once anything was written through this object.
-  [[nodiscard]] bool Changed() const { return HasChanged; }
 
  private:
   static constexpr std::intptr_t NoHandle = -1;
   std::intptr_t Handle = NoHandle;
-  bool HasChanged = false;
+  NativePath Path;
 };
 
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
+
+/// True if both paths lead to one file that exists.
+[[nodiscard]] bool IsSameFile(const std::string& left, const std::string& right);
 
 }  // namespace corvane

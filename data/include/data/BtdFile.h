@@ -77,9 +77,11 @@ static_assert(BtdHeadSize == 325 && BtdSize == 8526);
 [[nodiscard]] Result<BtdFile> ReadBtd(const std::string& path);
 
 /// Writes the first 8526 bytes in place and creates a file that does not exist. The failure tells
-/// the state of the file.
+/// the state of the file. With `known`, a file whose bytes differ from these, as far as it reaches,
+/// fails with ChangedByAnother.
 [[nodiscard]] Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex,
-                                const VictoryLocations& vls, const BtdText& text);
+                                const VictoryLocations& vls, const BtdText& text,
+                                const BtdFile* known = nullptr);
 
 /// True if an ordinary file, neither hidden nor system, stands at `path`.
 [[nodiscard]] bool BtdExists(const std::string& path);

@@ -1,4 +1,5 @@
-// What a chosen file is, told from its name alone, and which game folder goes with it.
+// Files of tables opened and saved: what a chosen file is, told from its name alone, which game
+// folder goes with it, and what others have done to it since.
 #pragma once
 
 #include <cstddef>
@@ -32,5 +33,16 @@ inline constexpr std::size_t InstallValueLimit = 1024;  // bytes, the closing NU
 /// without its folder. A file that cannot be read, and every other kind, changes nothing.
 [[nodiscard]] Result<FileKind> OpenTables(const std::string& fileName,
                                           const std::string& fileTitle);
+
+/// Whether a save may overwrite what another program has written into the file meanwhile.
+enum class OthersChanges { Keep, Overwrite };
+
+/// Writes the four tables to a file of the kind GameExeFile or PatchFile. Where its tables differ
+/// from those last opened from it or saved to it here, and Keep is given, it fails with
+/// ChangedByAnother. A file that was only cut short is lengthened again.
+[[nodiscard]] Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges others);
+
+/// Forgets which tables were opened from and saved to which files.
+void ForgetFiles();
 
 }  // namespace corvane

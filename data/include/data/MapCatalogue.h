@@ -30,6 +30,9 @@ struct CatalogueReport {
 /// The number that a row begins with; -1 if its first three characters are no digits.
 [[nodiscard]] int RowMapIndex(std::string_view row);
 
+/// The row of a cleared map slot ends in this, and names no file.
+inline constexpr std::string_view ClearedRowEnd = " UNUSED";
+
 /// The file name that a row holds; empty for a row without one.
 [[nodiscard]] std::string RowFileName(std::string_view row);
 
@@ -48,5 +51,10 @@ void SetDestinations(int map, const VictoryLocations& vls);
 /// Full name of a BTD file in the Maps folder. Reaches a file that differs from `name` in letter
 /// case only; of several such, the one that the catalogue listed as `listed`.
 [[nodiscard]] std::string BtdPath(const std::string& name, const std::string& listed);
+
+/// Where the base name `baseName` saves to: `baseName`.btd in the Maps folder, found as by BtdPath.
+/// Fails for a name that leads out of that folder or means a device.
+[[nodiscard]] Result<std::string> BtdSavePath(const std::string& baseName,
+                                              const std::string& listed);
 
 }  // namespace corvane

@@ -43,8 +43,11 @@ inline constexpr std::size_t PatchFileSize = 11212;
 [[nodiscard]] Result<GameTables> ReadPatchTables(const std::string& fileName);
 
 /// Replaces the images in place and leaves every other byte. A patch file that does not exist is
-/// created, a CC4.EXE is not. The failure tells the state of the file.
-[[nodiscard]] Result<> WriteGameTables(const std::string& fileName, const GameTables& tables);
-[[nodiscard]] Result<> WritePatchTables(const std::string& fileName, const GameTables& tables);
+/// created, a CC4.EXE is not. The failure tells the state of the file. With `known`, a file whose
+/// images differ from these, as far as it reaches, fails with ChangedByAnother.
+[[nodiscard]] Result<> WriteGameTables(const std::string& fileName, const GameTables& tables,
+                                       const GameTables* known = nullptr);
+[[nodiscard]] Result<> WritePatchTables(const std::string& fileName, const GameTables& tables,
+                                        const GameTables* known = nullptr);
 
 }  // namespace corvane

@@ -2,6 +2,7 @@
 // and writes the file on OK.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "data/BtdFile.h"
@@ -56,7 +57,7 @@ struct dlgEditBTD : Form {
  private:
   void Wire();
   void FillLists();
-  [[nodiscard]] Result<> ReadRecords() const;
+  [[nodiscard]] Result<> ReadRecords();
   void ShowVLs();
   [[nodiscard]] VictoryLocation& SelectedVL() const;
   [[nodiscard]] std::string ListedFile() const;
@@ -65,6 +66,8 @@ struct dlgEditBTD : Form {
   const int Map;
   VictoryLocations OpenedVLs;  // as the dialog showed them first
   BtdText OpenedText;
+  std::string ReadPath;  // of the file that was read, if any
+  std::optional<BtdFile> AsRead;
 };
 
 }  // namespace corvane

@@ -33,11 +33,13 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
     std::byte byte{};
     const ReadRange range{0, {&byte, 1}};
     EXPECT_FALSE(ReadRanges(folder / name, {&range, 1}).Done()) << name;
-    for (const auto mode : {OpenMode::Change, OpenMode::Create})
-      EXPECT_EQ(ReasonText(RawFile().Open(folder / name, mode)).find('('), std::string::npos)
+    const WriteRange write{0, {&byte, 1}};
+    for (const auto missing : {IfMissing::Fail, IfMissing::Create})
+      EXPECT_TRUE(Told(SaveInPlace(folder / name, {&write, 1}, missing)).ends_with(" unchanged."))
           << name;
   }
-  EXPECT_TRUE(ReasonText(RawFile().Open("/proc/self/exe", OpenMode::Change)).ends_with("it runs)"));
+  const auto running = SaveInPlace("/proc/self/exe", {}, IfMissing::Fail);
+  EXPECT_NE(Told(running).find("while it runs). The file is unchanged."), std::string::npos);
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".btd", 9, names));
   EXPECT_EQ(names, std::vector<std::string>{".map-link.btd"});

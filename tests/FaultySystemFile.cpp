@@ -1,0 +1,96 @@
+// The seam between RawFile and the system, with faults around the real steps. These are compiled a
+// second time under the names that are declared here.
+#include <algorithm>
+
+#include "Faults.h"
+#include "SystemFile.h"
+
+namespace corvane {
+
+std::error_code RealOpen(const NativePath&, OpenMode, SystemHandle&);
+std::error_code RealStatus(SystemHandle, FileStatus&);
+std::error_code RealPathStatus(const NativePath&, FileStatus&);
+std::error_code RealRead(SystemHandle, std::uint64_t, std::span<std::byte>, std::size_t&);
+std::error_code RealWrite(SystemHandle, std::uint64_t, std::span<const std::byte>, std::size_t&);
+std::error_code RealSetLength(SystemHandle, std::uint64_t);
+std::error_code RealFlush(SystemHandle);
+std::error_code RealClose(SystemHandle);
+std::error_code RealRemove(const NativePath&);
+
+namespace {
+
+std::error_code Ask(FileStep step, Moment moment, std::size_t& bytes) {
+  return InjectedFault ? InjectedFault(step, moment, bytes) : std::error_code();
+}
+
+template <class Real>
+std::error_code Around(FileStep step, const Real& real) {
+  std::size_t none = 0;
+  if (const auto error = Ask(step, Moment::Before, none)) return error;
+  const std::error_code error = real();
+  const auto fault = Ask(step, Moment::After, none);
+  return fault ? fault : error;
+}
+
+template <class Bytes, class Real>
+std::error_code AroundTransfer(FileStep step, Bytes bytes, std::size_t& moved, const Real& real) {
+  std::size_t size = bytes.size();
+  if (const auto error = Ask(step, Moment::Before, size)) return error;
+  const std::error_code error = real(bytes.first(std::min(size, bytes.size())), moved);
+  const auto fault = Ask(step, Moment::After, size);
+  return fault ? fault : error;
+}
+
+}  // namespace
+
+std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& handle) {
+  SystemHandle opened = -1;
+  const auto error = Around(FileStep::Open, [&] { return RealOpen(path, mode, opened); });
+  if (!error) handle = opened;
+  if (error && opened != -1) static_cast<void>(RealClose(opened));
+  return error;
+}
+
+std::error_code SystemStatus(SystemHandle handle, FileStatus& status) {
+  return Around(FileStep::Status, [&] { return RealStatus(handle, status); });
+}
+
+std::error_code SystemPathStatus(const NativePath& path, FileStatus& status) {
+  return Around(FileStep::PathStatus, [&] { return RealPathStatus(path, status); });
+}
+
+std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<std::byte> buffer,
+                           std::size_t& moved) {
+  return AroundTransfer(FileStep::Read, buffer, moved, [&](auto part, std::size_t& count) {
+    return RealRead(handle, offset, part, count);
+  });
+}
+
+std::error_code SystemWrite(SystemHandle handle, std::uint64_t offset,
+                            std::span<const std::byte> bytes, std::size_t& moved) {
+  return AroundTransfer(FileStep::Write, bytes, moved, [&](auto part, std::size_t& count) {
+    return RealWrite(handle, offset, part, count);
+  });
+}
+
+std::error_code SystemSetLength(SystemHandle handle, std::uint64_t length) {
+  return Around(FileStep::SetLength, [&] { return RealSetLength(handle, length); });
+}
+
+std::error_code SystemFlush(SystemHandle handle) {
+  return Around(FileStep::Flush, [&] { return RealFlush(handle); });
+}
+
+std::error_code SystemClose(SystemHandle handle) {
+  std::size_t none = 0;
+  const auto fault = Ask(FileStep::Close, Moment::Before, none);
+  const auto error = RealClose(handle);
+  const auto late = fault ? fault : Ask(FileStep::Close, Moment::After, none);
+  return late ? late : error;
+}
+
+std::error_code SystemRemove(const NativePath& path) {
+  return Around(FileStep::Remove, [&] { return RealRemove(path); });
+}
+
+}  // namespace corvane
