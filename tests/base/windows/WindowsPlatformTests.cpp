@@ -65,7 +65,20 @@ TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(path, ".btd", 9, names));
   EXPECT_EQ(names, std::vector<std::string>{"中ü.BTD"});
-  EXPECT_EQ(NameInFolder(path, "中Ü.btd"), "中ü.BTD");
-  for (const char* name : {"x.btd", "中?.BTD", "*", "中\".BTD", "中>.BTD", "../x", "..\\x", ":x"})
-    EXPECT_EQ(NameInFolder(path, name), name);
+  EXPECT_EQ(NameInFolder(path, "中Ü.btd"), "中Ü.btd") << "the system finds it by itself";
+}
+
+TEST(WindowsNames, NoneLeadsOutOfItsFolderOrMeansADevice) {
+  for (const char* name : {"../x", "..\\x", "c:x", "x:y", "", "..", "NUL", "nul.btd", "COM1.btd",
+                           "lpt9 .btd", "CON.a.btd", "COM\u00B9.btd"})
+    EXPECT_FALSE(IsFileName(name)) << name;
+  for (const char* name :
+       {"x.btd", ".btd", "COMA.btd", "COM10.btd", "NULL.btd", "xcon.btd", "中.btd"})
+    EXPECT_TRUE(IsFileName(name)) << name;
+}
+
+TEST(WindowsNames, AVerbatimFolderGetsNoSecondSeparator) {
+  EXPECT_EQ(JoinPath("\\\\?\\C:\\g\\", "x"), "\\\\?\\C:\\g\\x");
+  EXPECT_EQ(JoinPath("\\\\?\\C:\\g", "x"), "\\\\?\\C:\\g\\x");
+  EXPECT_EQ(JoinPath("C:\\g\\", "x"), "C:\\g\\\\x");
 }
