@@ -25,6 +25,31 @@ Inputs BtdInputs(const corvane::SampleGame& game) {
   return {file, file.substr(0, 8526), file.substr(0, 325), file.substr(0, 4)};
 }
 
+// `count` elements of an array.
+std::string Elements(int count, const std::string& element) {
+  std::string elements = element;
+  while (--count > 0) elements += ", " + element;
+  return '[' + elements + ']';
+}
+
+Inputs JsonInputs() {
+  const std::string vl =
+      R"({"TileX": 1, "TileY": 2, "Opaque0": [3, 4], "Kind": 50, "Name": "Dair\u0079", )"
+      R"("Opaque1": 5, "Destination": 254, "Opaque2": [6, 7]})";
+  const std::string btd = R"({"Format": "Corvane BTD", "Version": 1, "Magic": 19990326, )"
+                          R"("MapIndex": 9, "BaseName": {"Hex": "44616972790081"}, )"
+                          R"("AlliedBrief": ["one\r\n", "two"], "AxisBrief": [], )"
+                          R"("VictoryLocations": )" +
+                          Elements(10, vl) + '}';
+  const std::string rect =
+      R"({"Word0":1,"Word1":-2,"Word2":3,"Left":4,"Top":5,"Width":6,"Height":7})";
+  const std::string tables = R"({"Format":"Corvane tables","Version":1,"StrMap":)" +
+                             Elements(43, rect) + R"(,"StrArrow":)" + Elements(81, rect) +
+                             R"(,"MapConnections":[{"From":0,"To":42,"Arrow":-2}],"MapHotspots":)" +
+                             Elements(43, R"({"CenterX":8,"CenterY":9})") + '}';
+  return {btd, tables, btd.substr(0, 500), "[[[[1e5, -0, \"\\ud834\\udd1e\"]]]]"};
+}
+
 // The forms that a text can have in a registry file.
 Inputs RegistryInputs() {
   Inputs inputs;
@@ -75,7 +100,8 @@ int main(int argc, char** argv) {
                        Write(folder / "BtdFuzz", BtdInputs(game)) &&
                        Write(folder / "RegistryFuzz", RegistryInputs()) &&
                        Write(folder / "SessionFuzz", SessionInputs()) &&
-                       Write(folder / "DrawFuzz", DrawInputs(game));
+                       Write(folder / "DrawFuzz", DrawInputs(game)) &&
+                       Write(folder / "JsonFuzz", JsonInputs());
   if (!written) std::cerr << "corvane-corpus: could not write into " << folder.string() << "\n";
   return written ? 0 : 1;
 }

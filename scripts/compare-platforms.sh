@@ -8,8 +8,8 @@ cd "$(dirname "$0")/.."
 
 need build
 need windows
-build release --target corvane_tour
-build windows --target corvane_tour
+build release --target corvane_tour corvane-tool
+build windows --target corvane_tour corvane-tool
 . scripts/wine.sh
 
 folder=build/together
@@ -50,3 +50,28 @@ for system in linux windows; do
 done
 diff "$folder/linux.maps" "$folder/windows.maps"
 echo "patch file: $(wc -l <"$folder/linux.maps") maps, the same in both"
+
+# tool SYSTEM OUTPUT ARGUMENT...: runs corvane-tool and keeps what it prints, and its exit status.
+tool() {
+  local program=(build/release/tool/corvane-tool) output=$folder/$2-$1.txt status=0
+  [ "$1" = linux ] || program=(wine build/windows/tool/corvane-tool.exe)
+  "${program[@]}" "${@:3}" >"$output" 2>&1 || status=$?
+  echo "exit status $status" >>"$output"
+}
+
+# A map file that warnings, escapes and every byte of the code page occur in.
+maps=$folder/linux-alone/game/Maps
+for byte in {0..255}; do printf '%b' "\\0$(printf %o "$byte")"; done |
+  dd of="$maps/Merlaut.btd" bs=1 seek=200 conv=notrunc status=none
+printed=0
+for call in "check $maps/../CC4.EXE" "show $maps/../CC4.EXE" "show --json $maps/../CC4.EXE" \
+  "show --json $maps/Merlaut.btd" "diff $maps/Merlaut.btd $maps/DORNESCH.BTD" "check" "--help" \
+  "check --strict $maps/Merlaut.btd" "copy --dry-run --unchecked $maps/../CC4.EXE $folder/new.crv"; do
+  for system in linux windows; do
+    # shellcheck disable=SC2086 # one word an argument
+    tool $system call $call
+  done
+  cmp "$folder/call-linux.txt" "$folder/call-windows.txt" || { echo "corvane-tool $call"; exit 1; }
+  printed=$((printed + $(wc -c <"$folder/call-linux.txt")))
+done
+echo "corvane-tool: $printed bytes printed, the same on both"

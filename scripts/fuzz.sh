@@ -21,7 +21,7 @@ mkdir -p "$TMPDIR"
 build/fuzz/samples/corvane-corpus "$scratch/corpus"
 
 failed=0
-for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz DrawFuzz; do
+for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz DrawFuzz JsonFuzz; do
   log=build/fuzz/$driver.log
   longest=16384
   [ "$driver" != SessionFuzz ] || longest=512

@@ -1,0 +1,42 @@
+# bash completion for corvane-tool                                         -*- shell-script -*-
+
+_corvane_tool()
+{
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local verb='' options word name
+
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        case $word in
+            check | show | diff | copy | draw) verb=$word && break ;;
+        esac
+    done
+    case $verb in
+        check) options='--strict --game --help' ;;
+        show) options='--json --game --help' ;;
+        diff) options='--game --help' ;;
+        copy) options='--dry-run --force --unchecked --game --help' ;;
+        draw) options='--against --watch --game --help' ;;
+        *) options='--game --help --version' ;;
+    esac
+
+    COMPREPLY=()
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
+    fi
+    [[ $verb ]] || mapfile -t COMPREPLY < <(compgen -W 'check show diff copy draw' -- "$current")
+
+    # Folders, and what the program reads or writes, in any letter case.
+    compopt -o filenames 2>/dev/null
+    while IFS= read -r word; do
+        name=${word##*/}
+        case ${name,,} in
+            cc4.exe | *.crv | *.btd | *.json) [[ $previous != --game ]] || continue ;;
+            *.svg | *.html) [[ $verb == draw && $previous != --game ]] || continue ;;
+            *) [[ -d $word ]] || continue ;;
+        esac
+        COMPREPLY+=("$word")
+    done < <(compgen -f -- "$current")
+}
+
+complete -F _corvane_tool corvane-tool
