@@ -1,17 +1,14 @@
-#include "Dialogs.h"
-//
-#include <commdlg.h>
+#include "FileDialogs.h"
 
 #include <algorithm>
 #include <string>
 
+#include "Dialogs.h"
 #include "SystemFunction.h"
 #include "base/WideText.h"
 
 namespace corvane {
 namespace {
-
-using Chooser = BOOL(WINAPI*)(OPENFILENAMEW*);
 
 // Loaded by the first dialog: the library and those that it needs take 6 MiB and a quarter of the
 // start. Nullptr if it cannot be loaded.
@@ -24,13 +21,13 @@ Chooser LoadChooser(FileDialogKind kind) {
 }  // namespace
 
 void ShowFileDialog(HWND owner, CommonDialog& settings, FileDialogKind kind) {
-  const Chooser choose = LoadChooser(kind);
-  if (!choose) {
-    const std::string reason = "system error " + std::to_string(GetLastError());
-    ShowMessageBox(owner, "Error: comdlg32.dll could not be loaded: " + reason + ".",
-                   MessageButtons::Ok);
-    return;
-  }
+  if (const Chooser choose = LoadChooser(kind)) return RunFileDialog(owner, settings, choose);
+  const std::string reason = "system error " + std::to_string(GetLastError());
+  ShowMessageBox(owner, "Error: comdlg32.dll could not be loaded: " + reason + ".",
+                 MessageButtons::Ok);
+}
+
+void RunFileDialog(HWND owner, CommonDialog& settings, Chooser choose) {
   constexpr std::size_t LongestPath = 32768;
   std::wstring path(LongestPath, L'\0');
   std::wstring filters = TextToWide(settings.Filter) + L'|';

@@ -2,7 +2,7 @@
 #include <fstream>
 #include <utility>
 
-#include "Dialogs.h"
+#include "FileDialogs.h"
 #include "Screen.h"
 #include "base/WideText.h"
 
@@ -191,7 +191,7 @@ TEST(FileDialogs, AreShownByTheirSettings) {
                         .FilterIndex = 2,
                         .InitDir = "C:\\Games",
                         .FileName = "before"};
-  ShowFileDialog(nullptr, settings, ChooseNothing);
+  RunFileDialog(nullptr, settings, ChooseNothing);
   EXPECT_EQ(GivenFilter, std::wstring(L"Executable\0CC4.EXE\0All\0*.*\0", 27));
   EXPECT_EQ(Given.nFilterIndex, 2U);
   EXPECT_NE(Given.Flags & OFN_FILEMUSTEXIST, 0U);
@@ -203,7 +203,7 @@ TEST(FileDialogs, AreShownByTheirSettings) {
 
 TEST(FileDialogs, GiveBackThePathAndTheName) {
   CommonDialog settings;
-  ShowFileDialog(nullptr, settings, ChooseAFile);
+  RunFileDialog(nullptr, settings, ChooseAFile);
   EXPECT_EQ(settings.FileName, "C:\\Games\\\xC3\xA9.crv");
   EXPECT_EQ(settings.FileTitle, "\xC3\xA9.crv");
 }
