@@ -1,8 +1,18 @@
 #include "Markup.h"
 
+#include <algorithm>
+
 #include "tool/Printable.h"
 
 namespace corvane {
+namespace {
+
+// Stands for itself in markup. Nearly all of a picture does.
+bool IsPlain(char c) {
+  return c >= ' ' && c <= '~' && c != '&' && c != '<' && c != '>' && c != '"' && c != '\'';
+}
+
+}  // namespace
 
 void Markup::Open(std::string_view name, Attributes attributes) {
   Begin(name, attributes);
@@ -51,7 +61,10 @@ void Markup::Begin(std::string_view name, Attributes attributes) {
 }
 
 void Markup::Escape(std::string_view line) {
-  for (const char c : Printable(line)) {
+  const auto rest = std::ranges::find_if_not(line, IsPlain);
+  Out.append(line.begin(), rest);
+  if (rest == line.end()) return;
+  for (const char c : Printable({rest, line.end()})) {
     switch (c) {
       case '&':
         Out += "&amp;";
