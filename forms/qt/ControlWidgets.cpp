@@ -191,7 +191,6 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
   auto* box = new QComboBox(parent);
   // On Linux a reader hears the row that is shown as the name.
   box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
-  box->view()->setFont(PlainFont());
   const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + FieldMargins, 0);
   QObject::connect(box, &QComboBox::activated, box, [&combo](int row) { PickRow(combo, row); });
   return {&combo, box, [&combo, box, room] {

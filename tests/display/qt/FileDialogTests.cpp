@@ -12,7 +12,7 @@ class FileDialogs : public testing::Test {
  protected:
   FileDialogs() {
     qputenv("HOME", Home.path().toUtf8());
-    for (const char* folder : {".wine/dosdevices", ".wine/drive_c/Game/Maps"}) {
+    for (const char* folder : {".games", ".wine/dosdevices", ".wine/drive_c/Game/Maps"}) {
       EXPECT_TRUE(QDir(Home.path()).mkpath(folder));
     }
     EXPECT_TRUE(QFile::link("../drive_c", Home.filePath(".wine/dosdevices/c:")));
@@ -88,7 +88,7 @@ TEST_F(FileDialogs, ListHiddenFoldersAndTheDrivesOfTheWinePrefix) {
   settings.InitDir = "";
   Show(&CommonDialog::ShowOpen, settings, [this](QFileDialog& dialog) {
     EXPECT_EQ(dialog.directory(), QDir(Home.path()));
-    ExpectRows(dialog, {".wine"});
+    ExpectRows(dialog, {".games", ".wine"});
     const QString drives = Home.filePath(".wine/dosdevices/");
     EXPECT_TRUE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "c:")));
     EXPECT_FALSE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "d:")));

@@ -35,6 +35,26 @@ TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
   });
 }
 
+struct PaintCount : QObject {
+  bool eventFilter(QObject*, QEvent* event) override {
+    Paints += event->type() == QEvent::Paint;
+    return false;
+  }
+  int Paints = 0;
+};
+
+TEST(Focus, RepaintsTheRowsOfAList) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    PressAt(form.cmdHelp);
+    QApplication::processEvents();
+    PaintCount count;
+    WidgetOf<QListWidget>(form.lstRows)->viewport()->installEventFilter(&count);
+    WidgetOf(form.lstRows)->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count.Paints > 0; }));
+  });
+}
+
 TEST(Windows, BearTheTitlesOfTheirForms) {
   TestForm form, dialog;
   dialog.Caption = "Another";

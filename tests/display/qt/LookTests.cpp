@@ -174,6 +174,8 @@ TEST(Fonts, OfADroppedListAreNotNarrowed) {
     PressAt(form.cboRows);
     const auto* combo = WidgetOf<QComboBox>(form.cboRows);
     ASSERT_TRUE(combo->view()->isVisible());
+    EXPECT_GE(combo->view()->mapToGlobal(QPoint()).y(),
+              combo->mapToGlobal(combo->rect().bottomLeft()).y());
     EXPECT_LT(combo->font().stretch(), 100);
     EXPECT_EQ(combo->view()->font(), PlainFont());
     EXPECT_GE(combo->view()->viewport()->width(), combo->view()->sizeHintForColumn(0));
