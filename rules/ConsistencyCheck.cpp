@@ -1,5 +1,9 @@
 #include "rules/ConsistencyCheck.h"
 
+#include <charconv>
+#include <iterator>
+#include <string_view>
+
 #include "data/MapCatalogue.h"
 #include "data/StrategicTables.h"
 
@@ -9,10 +13,20 @@ namespace {
 constexpr std::int32_t MaxX = 800;
 constexpr std::int32_t MaxY = 600;
 
+constexpr std::size_t UsualMaxLength = std::size_t{64} << 10;  // bytes; fits 554 findings
+
+void Add(std::string& findings, std::string_view piece) { findings += piece; }
+
+void Add(std::string& findings, std::int32_t number) {
+  char digits[12];
+  findings.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
+}
+
 template <class... Pieces>
 void Append(std::string& findings, const Pieces&... pieces) {
-  findings += "\r\n";
-  ((findings += pieces), ...);
+  if (findings.empty()) findings.reserve(UsualMaxLength);
+  Add(findings, "\r\n");
+  (Add(findings, pieces), ...);
 }
 
 bool PositionFits(std::int32_t x, std::int32_t y) {
@@ -34,10 +48,9 @@ void CheckExit(std::string& findings, int map, int vl) {
   if (to == OffMap || to == NotAnExit) return;
   if (MapConnections(map, to) == NoConnection) {
     Append(findings, "No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
-           " via VL", std::to_string(vl));
+           " via VL", vl);
   } else if (MapConnections(to, map) == NoConnection) {
-    Append(findings, "No reciprocating STRARROW defined for link from ", std::to_string(map),
-           " to map ", std::to_string(to));
+    Append(findings, "No reciprocating STRARROW defined for link from ", map, " to map ", to);
   } else if (!HasExitTo(to, map)) {
     Append(findings, "No reciprocating BTD link defined for connection from map ", MapRow(map),
            " to map ", MapRow(to));
@@ -48,20 +61,20 @@ void CheckTile(std::string& findings, int map) {
   const Hotspot& hotspot = MapHotspots[map];
   const StrRect& tile = StrMap[map];
   if (!PositionFits(hotspot.CenterX, hotspot.CenterY)) {
-    Append(findings, "Invalid hotspot coordinates for STRMAP ", std::to_string(map));
+    Append(findings, "Invalid hotspot coordinates for STRMAP ", map);
   } else if (!PositionFits(tile.Left, tile.Top)) {
-    Append(findings, "Invalid tile coordinates for STRMAP ", std::to_string(map));
+    Append(findings, "Invalid tile coordinates for STRMAP ", map);
   } else if (!SizeFits(tile)) {
-    Append(findings, "Invalid size for STRMAP ", std::to_string(map));
+    Append(findings, "Invalid size for STRMAP ", map);
   }
 }
 
 void CheckArrow(std::string& findings, int arrow) {
   const StrRect& rect = StrArrow[arrow];
   if (!PositionFits(rect.Left, rect.Top)) {
-    Append(findings, "Invalid coordinates for STRARROW ", std::to_string(arrow));
+    Append(findings, "Invalid coordinates for STRARROW ", arrow);
   } else if (!SizeFits(rect)) {
-    Append(findings, "Invalid size for STRARROW ", std::to_string(arrow));
+    Append(findings, "Invalid size for STRARROW ", arrow);
   }
 }
 

@@ -30,7 +30,8 @@ static int Play(const std::string& folder, const std::string& file, const std::s
   for (const std::string& told : session.Messages) {
     if (!told.starts_with("Error: ")) continue;
     std::cout << told << "\n";
-    for (const char* end : {" is unchanged.", " was removed.", "not confirm them. Check the file."})
+    for (const char* end : {" is unchanged.", " was not created.", " was removed.",
+                            "not confirm them. Check the file."})
       if (told.ends_with(end)) return 2;
     return 3;
   }
