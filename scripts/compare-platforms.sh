@@ -38,6 +38,28 @@ for tour in windows-alone linux-first windows-first; do
   echo "$tour: $(find "$folder/$tour/game" -type f | wc -l) files, all as linux-alone leaves them"
 done
 
+# Pictures, pages and what else the tool puts out.
+old=$folder/linux-alone/game
+new=$folder/moved
+cp -r "$old" "$new"
+build/release/tool/corvane-tool show --json "$old/CC4.EXE" |
+  sed '5s/"Left": [0-9]*/"Left": 321/' >"$folder/moved.json"
+build/release/tool/corvane-tool copy --unchecked "$folder/moved.json" "$new/CC4.EXE" >"$folder/copy.log"
+for system in linux windows; do
+  case $system in
+    linux) tool=(build/release/tool/corvane-tool) ;;
+    windows) tool=(wine build/windows/tool/corvane-tool.exe) ;;
+  esac
+  "${tool[@]}" draw "$new/CC4.EXE" --against "$old/CC4.EXE" "$folder/$system.svg"
+  "${tool[@]}" draw "$new/CC4.EXE" "$folder/$system.html"
+  "${tool[@]}" show "$new/CC4.EXE" >"$folder/$system.show"
+  "${tool[@]}" check "$new/CC4.EXE" >"$folder/$system.check" || [ $? -eq 1 ]
+done
+for output in svg html show check; do
+  cmp "$folder/linux.$output" "$folder/windows.$output"
+  echo "corvane-tool, $output: $(wc -c <"$folder/linux.$output") bytes, the same from both"
+done
+
 # As the game's installer leaves it, in the view of 32-bit programs.
 key='HKLM\Software\Strategic Simulations Inc.\Close Combat\4.00'
 game=$PWD/$folder/linux-alone/game
