@@ -74,21 +74,32 @@ void PrintChanges(const Source& from, const Target& to, const std::optional<Sour
   if (lines.empty()) console.Print(name + ": no change\n");
 }
 
-std::string Reason(const Result<>& saved) {
-  return saved.Done() ? std::string() : FailureMessage(saved.Error());
-}
-
-std::string Write(const Source& from, const Target& to) {
-  if (to.Kind == SourceKind::Json)
-    return WriteWhole(to.Path, from.IsBtd ? BtdToJson(from.Btd) : TablesToJson(from.Tables));
+// Saves, unless the target no longer holds what stood there when the changes were printed. Under
+// --force, a JSON file is replaced whatever it holds.
+Result<> Save(const Source& from, const Target& to, const std::optional<Source>& old) {
   if (to.Kind == SourceKind::Btd) {
     const std::string image = BtdImage(from.Btd);
-    const WriteRange whole{0, std::as_bytes(std::span(image))};
-    return Reason(SaveInPlace(to.Path, {&whole, 1}, IfMissing::Create));
+    const std::string known = old ? BtdImage(old->Btd) : std::string();
+    const WriteRange whole{0, std::as_bytes(std::span(image)), std::as_bytes(std::span(known))};
+    return SaveInPlace(to.Path, {&whole, 1}, IfMissing::Create);
   }
   const GameTables tables = TablesOf(from.Tables);
-  return Reason(to.Kind == SourceKind::GameExe ? WriteGameTables(to.Path, tables)
-                                               : WritePatchTables(to.Path, tables));
+  const std::optional<GameTables> known = old ? std::optional(TablesOf(old->Tables)) : std::nullopt;
+  const auto write = to.Kind == SourceKind::GameExe ? WriteGameTables : WritePatchTables;
+  return write(to.Path, tables, known ? &*known : nullptr);
+}
+
+int Write(const Source& from, const Target& to, const std::optional<Source>& old,
+          const Console& console) {
+  if (to.Kind == SourceKind::Json) {
+    const std::string failure =
+        WriteWhole(to.Path, from.IsBtd ? BtdToJson(from.Btd) : TablesToJson(from.Tables));
+    return failure.empty() ? StatusDone : Fail(console, failure);
+  }
+  const Result<> saved = Save(from, to, old);
+  if (saved.Done()) return StatusDone;
+  ComplainOf(console, FailureMessage(saved.Error()));
+  return saved.Error().Reason == FileError::ChangedByAnother ? StatusNegative : StatusFailed;
 }
 
 // What stands in the target, as far as a copy replaces it. JSON files that are no document count as
@@ -100,11 +111,6 @@ Outcome<std::optional<Source>> ReadTarget(const Target& to) {
   if (source.Done()) return Read(std::move(*source));
   if (to.Kind == SourceKind::Json) return Read(std::nullopt);
   return Read::Failed(source.Reason());
-}
-
-bool IsSame(const std::optional<Source>& old, const std::optional<Source>& now) {
-  if (!old || !now) return old.has_value() == now.has_value();
-  return TablesOf(old->Tables) == TablesOf(now->Tables) && BtdImage(old->Btd) == BtdImage(now->Btd);
 }
 
 }  // namespace
@@ -126,14 +132,7 @@ int Copy(const CopyOptions& options, const Console& console) {
   if (!old.Done()) return Fail(console, old.Reason());
   PrintChanges(*from, to, *old, console);
   if (options.DryRun) return StatusDone;
-  const auto now = ReadTarget(to);
-  if (now.Done() && !IsSame(*old, *now)) {
-    ComplainOf(console, "The file " + to.Path +
-                            " was changed by another program meanwhile. Nothing was copied.");
-    return StatusNegative;
-  }
-  const std::string failure = Write(*from, to);
-  return failure.empty() ? StatusDone : Fail(console, failure);
+  return Write(*from, to, *old, console);
 }
 
 }  // namespace corvane

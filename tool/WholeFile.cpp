@@ -37,7 +37,7 @@ std::string WriteWhole(const std::string& path, std::string_view text) {
   const std::error_code error = Truncate(path, text.size());
   if (!error) return {};
   return path + " could not be truncated: " + ReasonText(error) +
-         ". It holds the new contents with blank lines behind them.";
+         ". It holds the new contents, perhaps with blank lines behind them.";
 }
 
 }  // namespace corvane

@@ -120,9 +120,10 @@ TEST_F(CopyVerb, KeepsWhatAnotherProgramWroteMeanwhile) {
   others.Arrows[7].Top = 77;
   OnPrint = [&] { Folder.Put("CC4.EXE", GameExeBytes(others)); };
   EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
-  EXPECT_EQ(Plain(Errors),
-            "corvane-tool: The file /CC4.EXE was changed by another program "
-            "meanwhile. Nothing was copied.\n");
+  EXPECT_EQ(
+      Plain(Errors),
+      "corvane-tool: /CC4.EXE could not be saved: another program has changed it. The file is "
+      "unchanged.\n");
   EXPECT_TRUE(Folder.Get("CC4.EXE") == GameExeBytes(others));
 }
 
