@@ -10,11 +10,13 @@ packages_build="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-dejavu-
 packages_test="$packages_build libgtest-dev strace"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
 packages_browser="$packages_build chromium chromium-driver python3"
+packages_lint="$packages_test clang clang-tidy g++-mingw-w64-x86-64 googletest"
 packages_fuzz="$packages_test clang libclang-rt-dev"
 packages_outside="$packages_test"
 packages_benchmark="$packages_test libbenchmark-dev"
 packages_roots="debootstrap debian-archive-keyring git util-linux"
-packages_package="$packages_build dpkg-dev file desktop-file-utils appstream lintian"
+packages_package="$packages_build dpkg-dev debhelper file desktop-file-utils appstream lintian"
+packages_release="git zip diffoscope-minimal"
 packages_windows="cmake ninja-build libcli11-dev nlohmann-json3-dev g++-mingw-w64-x86-64
   g++-mingw-w64-i686 googletest wine wine64 xvfb xauth zip fonts-wine"
 

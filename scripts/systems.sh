@@ -32,7 +32,7 @@ try() {
       failed=1
     fi
   done
-  version=$(in_root "$name" "$2" "$3" -dumpfullversion 2>/dev/null || true)
+  version=$(in_root "$name" "$2" "$3" -dumpfullversion -dumpversion 2>/dev/null || true)
   rows+=("| $title | $3 ${version:-} | $2 | ${times[0]} | ${times[1]} |")
   remove_root "$name"
 }

@@ -17,7 +17,7 @@ int RunProgram(int argc, char** argv, Form& form) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setDesktopFileName("org.corvane.Corvane");
-  QApplication::setWindowIcon(QIcon::fromTheme("corvane"));
+  QApplication::setWindowIcon(QIcon::fromTheme("org.corvane.Corvane"));
   // Nothing is stored anywhere; the file dialog would keep a history.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   DressApplication();

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# scripts/release.sh: builds everything that a release consists of, in build/release-VERSION, from the
+# last commit: source archive, Debian source and binary package, .tar.gz, Windows zips, release notes
+# and SHA256SUMS. Builds it all a second time from another folder and compares every byte.
+# For Debian and Ubuntu; the working tree must be clean.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/dependencies.sh
+. scripts/release-parts.sh
+
+[ -z "$(git status --porcelain)" ] || { echo "Commit or remove what git status lists first." >&2; exit 1; }
+need package
+need windows
+need release
+agree_on_version
+
+out=build/release-$version
+first=$(mktemp -d)
+second=$(mktemp -d -p "$first" another-folder-XXXXXX)
+trap 'rm -rf "$first"' EXIT
+for place in "$first" "$second"; do
+  echo "== building in $place"
+  git clone --quiet . "$place/clone"
+  (cd "$place/clone" && make_release "$place/files") >"$place/log" 2>&1 ||
+    { tail -n 40 "$place/log"; echo "The build failed." >&2; exit 1; }
+done
+
+rm -rf "$out"
+cp -r "$first/files" "$out"
+if diff -r "$first/files" "$second/files"; then
+  echo "== both builds are the same, byte for byte"
+else
+  diffoscope --text "$out.differences" "$first/files" "$second/files" || true
+  echo "The builds differ; $out.differences explains where." >&2
+  exit 1
+fi
+lintian --pedantic --fail-on error,warning "$out"/*.dsc "$out"/*.deb
+cat "$out/SHA256SUMS"
