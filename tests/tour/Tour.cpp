@@ -234,8 +234,9 @@ void Tour::TakeTheExitAway() {
 }
 
 void Tour::MakeTheExit() {
-  Step("Edit it again: an exit to the first map, OK");
+  Step("Edit it again: name it after the road, make it an exit to the first map, OK");
   EditTheMapFile([this](const dlgEditBTD& names) {
+    TypeOver(names.txtVLName, "Merlaut road");
     PressAt(names.cboVLType);
     PressKey("Down");
     PressKey("Return");
