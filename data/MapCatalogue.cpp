@@ -13,8 +13,8 @@ constexpr std::size_t RowDigits = 3;
 
 std::string MapsFolder() { return JoinPath(GamePath, NameInFolder(GamePath, "Maps")); }
 
-void AddMapFile(const std::string& name, CatalogueReport& report) {
-  const auto head = ReadBtdHead(JoinPath(report.Folder, name));
+void AddMapFile(const std::string& name, const HeadReader& readHead, CatalogueReport& report) {
+  const auto head = readHead(JoinPath(report.Folder, name));
   if (!head.Done()) return report.Failures.push_back(head.Error());
   SetDestinations(head->Header.MapIndex, head->VLs);
   InsertMapRow(ThreeDigits(head->Header.MapIndex) + ' ' + name);
@@ -22,7 +22,7 @@ void AddMapFile(const std::string& name, CatalogueReport& report) {
 
 }  // namespace
 
-CatalogueReport LoadMapCatalogue() {
+CatalogueReport LoadMapCatalogue(const HeadReader& readHead) {
   MapRows.clear();
   ArrowRows.clear();
   for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) ArrowRows.push_back(ThreeDigits(arrow));
@@ -32,7 +32,7 @@ CatalogueReport LoadMapCatalogue() {
   std::vector<std::string> names;
   const std::error_code error = ScanFolder(report.Folder, ".BTD", MapSlotCount, names);
   report.FoundFiles = !names.empty();
-  for (const std::string& name : names) AddMapFile(name, report);
+  for (const std::string& name : names) AddMapFile(name, readHead, report);
   if (error) report.Failures.push_back({FileAction::List, report.Folder, error});
   return report;
 }

@@ -1,8 +1,9 @@
 #include "tool/Layer.h"
 
+#include <algorithm>
 #include <cstring>
+#include <utility>
 
-#include "Paths.h"
 #include "base/FolderScan.h"
 #include "data/MapCatalogue.h"
 
@@ -11,41 +12,36 @@ namespace {
 
 std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
 
-// In place: a map file is too large to be moved about.
-void ReadMapFile(const std::string& folder, MapFile& file, std::vector<std::string>& faults) {
-  const std::string path = folder + Separator + file.Name;  // spelled as the folder lists it
-  const Result<BtdFile> read = ReadBtd(path);
-  if (!read.Done()) return faults.push_back(FailureMessage(read.Error()));
-  file.Length = FileLength(path);
-  file.Header = read->Header;
-  file.VLs = read->VLs;
-  file.Text = read->Text;
+// Puts the file that each row names at the row's place. Swaps: a map file is 8 KiB.
+void ArrangeByRow(std::vector<MapFile>& files) {
+  for (std::size_t row = 0; row < std::min(MapRows.size(), files.size()); ++row) {
+    const auto place = files.begin() + static_cast<std::ptrdiff_t>(row);
+    const auto named = std::find_if(
+        place, files.end(),
+        [name = RowFileName(MapRows[row])](const MapFile& file) { return file.Name == name; });
+    if (named != files.end() && named != place) std::swap(*place, *named);
+  }
 }
 
-bool HasFilesLeftOut(const std::string& folder) {
+bool HasFilesLeftOut() {
   std::vector<std::string> names;
-  static_cast<void>(ScanFolder(folder, ".BTD", MapSlotCount + 1, names));  // listed once already
+  static_cast<void>(
+      ScanFolder(MapsFolder(), ".BTD", MapSlotCount + 1, names));  // listed once already
   return names.size() > MapSlotCount;
 }
 
 }  // namespace
 
-Layer CaptureLayer(std::vector<std::string>& faults) {
-  Layer layer{.Tiles = StrMap,
-              .Arrows = StrArrow,
-              .Connections = MapConnections,
-              .Hotspots = MapHotspots,
-              .Destinations = VLDest,
-              .Rows = MapRows};
-  if (MapRows.empty()) return layer;
-  const std::string folder = MapsFolder();
-  layer.Files.resize(MapRows.size());
-  for (std::size_t row = 0; row < MapRows.size(); ++row) {
-    layer.Files[row].Name = RowFileName(MapRows[row]);
-    ReadMapFile(folder, layer.Files[row], faults);
-  }
-  layer.FilesLeftOut = MapRows.size() >= MapSlotCount && HasFilesLeftOut(folder);
-  return layer;
+Layer CaptureLayer(std::vector<MapFile> files) {
+  ArrangeByRow(files);
+  return {.Tiles = StrMap,
+          .Arrows = StrArrow,
+          .Connections = MapConnections,
+          .Hotspots = MapHotspots,
+          .Destinations = VLDest,
+          .Rows = MapRows,
+          .Files = std::move(files),
+          .FilesLeftOut = MapRows.size() >= MapSlotCount && HasFilesLeftOut()};
 }
 
 GameTables TablesOf(const Layer& layer) {

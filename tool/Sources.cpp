@@ -87,15 +87,28 @@ std::optional<std::string> GameFolderOf(const Source& source, const std::string&
   return source.Kind == SourceKind::GameExe ? FolderOf(source.Path) : ReadInstallPath();
 }
 
-void ReadMaps(Source& source, const std::string& folder) {
+// Reads a whole map file for the catalogue, which needs its head.
+Result<BtdHead> ReadMapFile(const std::string& path, std::vector<MapFile>& files) {
+  const Result<BtdFile> read = ReadBtd(path);
+  if (!read.Done()) return read.Error();
+  files.push_back(
+      {std::string(FileTitle(path)), FileLength(path), read->Header, read->VLs, read->Text});
+  return BtdHead{read->Header, read->VLs};
+}
+
+std::vector<MapFile> ReadMaps(Source& source, const std::string& folder) {
+  std::vector<MapFile> files;
+  files.reserve(MapSlotCount);
   GamePath = folder;
-  const CatalogueReport report = LoadMapCatalogue();
+  const CatalogueReport report =
+      LoadMapCatalogue([&](const std::string& path) { return ReadMapFile(path, files); });
   source.HasMaps = report.FoundFiles;
   source.MapsFolder = report.Folder;
   for (const Failure& failure : report.Failures) {
     if (source.HasMaps || failure.Reason != std::errc::no_such_file_or_directory)
       source.Faults.push_back(FailureMessage(failure));
   }
+  return files;
 }
 
 }  // namespace
@@ -120,15 +133,16 @@ Outcome<Source> ReadSource(const std::string& path, const std::string& game, Map
   if (std::string failure = ReadContents(source); !failure.empty())
     return Outcome<Source>::Failed(std::move(failure));
   if (source.IsBtd) return source;
+  std::vector<MapFile> files;
   if (maps != MapsWanted::No) {
     const std::optional<std::string> folder = GameFolderOf(source, game);
-    if (folder) ReadMaps(source, *folder);
+    if (folder) files = ReadMaps(source, *folder);
     if (maps == MapsWanted::Yes && !folder) return Outcome<Source>::Failed(NoGame);
     if (maps == MapsWanted::Yes && !source.HasMaps)
       return Outcome<Source>::Failed("No map files were found in the folder " + source.MapsFolder +
                                      ".");
   }
-  source.Tables = CaptureLayer(source.Faults);
+  source.Tables = CaptureLayer(std::move(files));
   return source;
 }
 

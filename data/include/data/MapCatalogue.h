@@ -3,6 +3,7 @@
 // file of a cleared slot go by that number.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@ namespace corvane {
 inline std::vector<std::string> MapRows;    // in text order, letter case ignored; at most 43
 inline std::vector<std::string> ArrowRows;  // "000" to "080" once a catalogue was loaded
 
+/// How the catalogue reads the head of a map file. Who needs whole files reads them here, once.
+using HeadReader = std::function<Result<BtdHead>(const std::string& path)>;
+
 struct CatalogueReport {
   std::string Folder;             // the Maps folder
   bool FoundFiles = false;        // the folder holds map files
@@ -22,7 +26,7 @@ struct CatalogueReport {
 };
 
 /// Rebuilds both lists, and VLDest for every map that has a file.
-[[nodiscard]] CatalogueReport LoadMapCatalogue();
+[[nodiscard]] CatalogueReport LoadMapCatalogue(const HeadReader& readHead = ReadBtdHead);
 
 /// The row of a map slot; the empty text if there is none.
 [[nodiscard]] const std::string& MapRow(int map);

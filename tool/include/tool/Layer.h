@@ -31,9 +31,8 @@ struct Layer {
   bool FilesLeftOut = false;        // the folder holds more files than there are map slots
 };
 
-/// The tables and the catalogue of the process, with the map files read whole. For each file that
-/// cannot be read, `faults` gets a sentence, and the layer a blank record.
-[[nodiscard]] Layer CaptureLayer(std::vector<std::string>& faults);
+/// The tables and the catalogue of the process, with the files that its rows name, in any order.
+[[nodiscard]] Layer CaptureLayer(std::vector<MapFile> files);
 
 /// The four tables alone, as the files hold them.
 [[nodiscard]] GameTables TablesOf(const Layer& layer);
