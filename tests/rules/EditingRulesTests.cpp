@@ -7,65 +7,140 @@ using namespace corvane;
 
 using Rows = std::vector<std::string>;
 
-TEST(ConnectionEditing, ListsEveryMapAndAsksForTheMapsByTheirRows) {
+TEST(ConnectionEditing, ListsAnEmptyRowForAMapWithoutOne) {
   ResetTables();  // every map has a connection to every map, by arrow 0
   MapRows = {"000 A.btd"};
-  EXPECT_EQ(ConnectionRows(1).size(), 43U);
-  EXPECT_EQ(ConnectionRows(1)[0] + ConnectionRows(1)[42], "000 A.btd");
-  EXPECT_TRUE(ConnectionDeletePrompt("000 A.btd", "001 B.btd")
-                  .starts_with("Are you sure you want to delete the connection from map 000 A.btd "
-                               "to map 001 B.btd?  Note: You must"));
+  Rows rows(MapSlotCount);
+  rows[0] = "000 A.btd";
+  EXPECT_EQ(ConnectionRows(1), rows);
 }
 
-TEST(FieldEntry, TakesDigitsUpToTheLargestNumberAndBeepsOnceAtAllElse) {
-  const std::map<std::string, std::int32_t> numbers{
-      {"", 0}, {"007", 7}, {"2147483647", 2147483647}, {"0000000000000000000042", 42}};
-  int beeps = 0;
-  Beep = [&] { ++beeps; };
-  for (const char* text : {"", "007", "2147483647", "0000000000000000000042", "2147483648", "-1",
-                           "99999999999999999999999999", " 1", "1 ", "1/", ":", "\xD9\xA1"}) {
-    SCOPED_TRACE(text);
+TEST(ConnectionEditing, ChangesOneDirectionAndMarksOnlyAnAssignment) {
+  ResetTables();
+  MapConnections(1, 2) = MapConnections(2, 1) = 7;
+  DeleteConnection(1, 2);
+  EXPECT_EQ(MapConnections(1, 2), NoConnection);
+  EXPECT_TRUE(AddConnection(1, 2));
+  EXPECT_EQ(MapConnections(1, 2), 0);
+  EXPECT_FALSE(TablesDirty);
+  AssignArrow(1, 2, 0);  // which it has already
+  EXPECT_TRUE(TablesDirty);
+  EXPECT_EQ(MapConnections(2, 1), 7);
+}
+
+struct FieldEntry : testing::Test {
+  FieldEntry() {
     ResetTables();
-    beeps = 0;
-    const bool fits = numbers.contains(text);
-    EXPECT_EQ(EnterField(MapTop, -1, text), fits);
-    EXPECT_EQ(beeps, fits ? 0 : 1);
-    EXPECT_FALSE(TablesDirty);
+    Beep = [this] { ++Beeps; };
     StrMap[42].Top = -5;
-    EXPECT_EQ(EnterField(MapTop, 42, text), fits);
-    EXPECT_EQ(StrMap[42].Top, fits ? numbers.at(text) : -5);
-    EXPECT_EQ(TablesDirty, fits);
   }
-  Beep = [] {};
+  ~FieldEntry() override {
+    Beep = [] {};
+  }
+  int Beeps = 0;
+};
+
+TEST_F(FieldEntry, StoresDigitsUpToTheLargestNumber) {
+  const std::pair<const char*, std::int32_t> rows[] = {
+      {"", 0}, {"007", 7}, {"2147483647", 2147483647}, {"0000000000000000000042", 42}};
+  for (const auto& [text, number] : rows) {
+    TablesDirty = false;
+    EXPECT_TRUE(EnterField(MapTop, 42, text)) << text;
+    EXPECT_EQ(StrMap[42].Top, number);
+    EXPECT_TRUE(TablesDirty) << text;
+  }
+  EXPECT_EQ(Beeps, 0);
 }
 
-TEST(MapSlots, ANewOneGoesByItsTextAndAClearedOneLeavesNothingThatLeadsThere) {
-  const TestFolder folder;
-  GamePath = folder / "";
-  folder.Put("Maps/A.btd");
+TEST_F(FieldEntry, BeepsOnceAtAllElseAndStoresNothing) {
+  for (const char* text : {"2147483648", "-1", "99999999999999999999999999", " 1", "1 ", "1/", ":",
+                           "a.b", "\xD9\xA1"}) {
+    Beeps = 0;
+    EXPECT_FALSE(EnterField(MapTop, 42, text)) << text;
+    EXPECT_EQ(Beeps, 1) << text;
+  }
+  EXPECT_EQ(StrMap[42].Top, -5);
+  EXPECT_FALSE(TablesDirty);
+}
+
+TEST_F(FieldEntry, JudgesATextWithoutARowAndStoresNothing) {
+  EXPECT_TRUE(EnterField(MapTop, -1, "7"));
+  EXPECT_FALSE(EnterField(MapTop, -1, "x"));
+  EXPECT_EQ(Beeps, 1);
+  EXPECT_FALSE(TablesDirty);
+}
+
+TEST(AddMapSlot, GoesByItsTextAndStopsAt41Rows) {
+  ResetTables();
   MapRows = {"000 A.btd", "007 B.btd"};
   EXPECT_TRUE(AddMapSlot());
   EXPECT_EQ(MapRows, (Rows{"000 A.btd", "002", "007 B.btd"}));
-  const StrRect rect{7, 6, 5, 4, 3, 2, 1};
-  StrMap[0] = StrMap[1] = StrArrow[1] = rect;
-  MapHotspots[1] = {8, 9};
-  for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(0, vl) = vl + 1;
-  MapRows.shrink_to_fit();  // or a row behind the last would still lie in memory of its own
-  for (const int map : {1, 2, 3, 42, -1, MapSlotCount}) EXPECT_TRUE(DeleteMapSlot(map).Done());
-  EXPECT_FALSE(std::filesystem::exists(folder / "Maps/B.btd"));
-  FailFrom(0);
-  EXPECT_FALSE(DeleteMapSlot(0).Done()) << "its file cannot be cleared";
-  EXPECT_TRUE(StrMap[0] == rect && StrArrow[1] == rect);
-  EXPECT_TRUE(StrMap[1] == StrRect{7} && MapHotspots[1] == Hotspot{});
-  for (int other = 0; other < MapSlotCount; ++other)
-    EXPECT_EQ(MapConnections(1, other) + MapConnections(other, 1), 2 * NoConnection) << other;
+  MapRows = Rows(40);
+  EXPECT_TRUE(AddMapSlot());
+  EXPECT_EQ(MapRows.back(), "040");
+  EXPECT_FALSE(AddMapSlot());
+  EXPECT_EQ(MapRows.size(), 41U);
+}
+
+// Two maps with files and a slot without one. The tables hold a tile, a hotspot and links in all.
+struct DeleteMapSlots : testing::Test {
+  DeleteMapSlots() {
+    GamePath = Folder / "";
+    Folder.Put("Maps/A.btd", "a");
+    Folder.Put("Maps/B.btd", "b");
+    MapRows = {"000 A.btd", "009 B.btd", "010"};
+    MapRows.shrink_to_fit();  // or a row behind the last would still lie in memory of its own
+    StrMap[0] = StrMap[1] = StrArrow[1] = Rect;
+    MapHotspots[1] = {8, 9};
+    for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(0, vl) = vl;
+  }
+  const TestFolder Folder;
+  const StrRect Rect{7, 6, 5, 4, 3, 2, 1};
+};
+
+TEST_F(DeleteMapSlots, ClearTheTileButItsFirstWord) {
+  EXPECT_TRUE(DeleteMapSlot(1).Done());
+  EXPECT_EQ(StrMap[1], StrRect{7});
+  EXPECT_EQ(MapHotspots[1], Hotspot{});
+  EXPECT_EQ(StrMap[0], Rect);
+  EXPECT_EQ(StrArrow[1], Rect);
+  EXPECT_FALSE(TablesDirty);
+}
+
+TEST_F(DeleteMapSlots, LeaveNothingThatLeadsThere) {
+  EXPECT_TRUE(DeleteMapSlot(1).Done());
+  for (int other = 0; other < MapSlotCount; ++other) {
+    EXPECT_EQ(MapConnections(1, other), NoConnection) << other;
+    EXPECT_EQ(MapConnections(other, 1), NoConnection) << other;
+  }
   EXPECT_EQ(MapConnections(0, 4), 0);
   for (int vl = 0; vl < VLSlotCount; ++vl) {
-    EXPECT_EQ(VLDest(0, vl), vl < 3 ? OffMap : vl + 1);
-    EXPECT_EQ(VLDest(1, vl), NotAnExit);
+    EXPECT_EQ(VLDest(0, vl), vl == 1 ? OffMap : vl) << vl;
+    EXPECT_EQ(VLDest(1, vl), NotAnExit) << vl;
   }
+}
+
+TEST_F(DeleteMapSlots, EmptyTheFileAndKeepTheNumberInIt) {
+  EXPECT_TRUE(DeleteMapSlot(1).Done());
+  EXPECT_EQ(Folder.Get("Maps/B.btd"), BtdBytes({"", {BtdMagic, 9}, {}, {}, ""}));
+  EXPECT_EQ(Folder.Get("Maps/A.btd"), "a");
+  EXPECT_EQ(MapRows, (Rows{"000 A.btd", "001 UNUSED", "010"}));
+}
+
+TEST_F(DeleteMapSlots, CreateNoFileAndTouchNoOtherSlot) {
+  Folder.Put("Maps/UNUSED", "mine");
+  std::filesystem::remove(Folder / "Maps/B.btd");
+  for (const int map : {1, 1, 2, 3, 42, -1, MapSlotCount})
+    EXPECT_TRUE(DeleteMapSlot(map).Done()) << map;
+  EXPECT_EQ(Folder.Get("Maps/UNUSED"), "mine");
+  EXPECT_FALSE(std::filesystem::exists(Folder / "Maps/B.btd"));
   EXPECT_EQ(MapRows, (Rows{"000 A.btd", "001 UNUSED", "002 UNUSED"}));
-  EXPECT_FALSE(TablesDirty);
-  MapRows = Rows(40);
-  EXPECT_TRUE(AddMapSlot() && !AddMapSlot() && MapRows.size() == 41);
+}
+
+TEST_F(DeleteMapSlots, ChangeNothingWhenTheFileCannotBeCleared) {
+  FailFrom(0);
+  EXPECT_FALSE(DeleteMapSlot(0).Done());
+  EXPECT_EQ(StrMap[0], Rect);
+  EXPECT_EQ(VLDest(0, 9), 9);
+  EXPECT_EQ(MapRows[0], "000 A.btd");
 }
