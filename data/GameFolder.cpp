@@ -19,9 +19,13 @@ struct SeenFile {
 };
 std::vector<SeenFile> SeenFiles;
 
+// By the same path, which asks nothing of the system, or by another to the same file.
 SeenFile* FindSeen(const std::string& path) {
-  const auto seen = std::ranges::find_if(
-      SeenFiles, [&](const SeenFile& file) { return IsSameFile(file.Path, path); });
+  auto seen = std::ranges::find(SeenFiles, path, &SeenFile::Path);
+  if (seen == SeenFiles.end()) {
+    seen = std::ranges::find_if(SeenFiles,
+                                [&](const SeenFile& file) { return IsSameFile(file.Path, path); });
+  }
   return seen == SeenFiles.end() ? nullptr : &*seen;
 }
 
