@@ -34,6 +34,11 @@ struct EditMapBTD : testing::Test {
     session.Within<dlgEditBTD>(session.Main.cmdEditBTD, user);
   }
   static VictoryLocation& Edited(int vl) { return dlgEditBTD::VLTable[std::size_t(vl)]; }
+  // How the question spells Bytes.BTD: as it stands there, or as it was typed where the system is
+  // case-insensitive.
+  static std::string Spelled(const std::string& typed) {
+    return Separator == '\\' ? typed + ".btd" : "Bytes.BTD";
+  }
   static std::string PathOf(const std::string& name) {
     return GamePath + Separator + "Maps" + Separator + name;
   }
@@ -66,7 +71,7 @@ TEST_F(EditMapBTD, AnUntouchedSaveChangesOnlyTheseBytes) {
   wanted.replace(325 + 6, 3, 3, '\0');            // behind the text of the base name
   wanted.replace(4430 + 1000, 3096, 3096, '\0');  // and of the briefing
   EXPECT_TRUE(File() == wanted);
-  EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf("Bytes.BTD") + "?"});
+  EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf(Spelled("bytes")) + "?"});
   EXPECT_FALSE(TablesDirty);
 }
 
@@ -187,7 +192,7 @@ TEST_F(EditMapBTD, AskedAboutAFileInOtherLettersNoKeepsAll) {
     Session::Type(dialog.txtFileName, "BYTES");
     session.Answer = MessageAnswer::No;
     Press(dialog.OKButton);
-    EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf("Bytes.BTD") + "?"});
+    EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf(Spelled("BYTES")) + "?"});
     EXPECT_TRUE(dialog.IsOpen());
   });
   EXPECT_TRUE(File() == Before);

@@ -4,6 +4,7 @@
 
 #include "TestFolder.h"
 #include "base/FolderScan.h"
+#include "base/RawFile.h"
 #include "base/Registry.h"
 #include "data/GameFolder.h"
 
