@@ -67,20 +67,6 @@ need() {
     apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# True if 32-bit Windows programs run here. Their Wine comes from another architecture, whose lists
-# are not to be had everywhere; then all is as it was before.
-need_wine32() {
-  installed wine32:i386 && return 0
-  dpkg --print-foreign-architectures | grep -qx i386 && return 1
-  as_root dpkg --add-architecture i386
-  as_root apt-get update -qq &>/dev/null &&
-    as_root env DEBIAN_FRONTEND=noninteractive \
-      apt-get install -qq -y --no-install-recommends wine32:i386 &>/dev/null && return 0
-  as_root dpkg --remove-architecture i386
-  as_root apt-get update -qq
-  return 1
-}
-
 # build PRESET [ARGUMENT...]: configures a preset and builds it, with progress on a terminal only.
 # Configured anew each time, since a library may have come that was not there before.
 build() {

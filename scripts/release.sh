@@ -21,7 +21,8 @@ trap 'rm -rf "$first"' EXIT
 for place in "$first" "$second"; do
   echo "== building in $place"
   git clone --quiet . "$place/clone"
-  (cd "$place/clone" && make_release "$place/files") >"$place/log" 2>&1 ||
+  (cd "$place/clone" && bash -euo pipefail -c '. scripts/release-parts.sh && make_release "$1"' \
+    bash "$place/files") >"$place/log" 2>&1 ||
     { tail -n 40 "$place/log"; echo "The build failed." >&2; exit 1; }
 done
 

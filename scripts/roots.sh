@@ -91,24 +91,28 @@ remove_root() {
 }
 
 # in_root NAME USER COMMAND...: runs it there, from the home folder of the user, with downloaded
-# packages kept from one root of a system to the next.
+# packages kept from one root of a system to the next. The folder $shared, if set, is there, too.
 in_root() {
   local root=$roots/$1 user=$2 packages
   packages=$roots/$(cat "$root.system").packages
   shift 2
   # shellcheck disable=SC2016 # expanded inside
-  unshare --mount --pid --fork --kill-child bash -c '
+  shared=${shared-} unshare --mount --pid --fork --kill-child bash -euc '
     root=$1 packages=$2 user=$3; shift 3
     mount --make-rprivate /
     mount -t proc proc "$root/proc"
     mount -t tmpfs -o mode=1777 tmpfs "$root/dev/shm"
     mount -t devpts -o newinstance,ptmxmode=0666 devpts "$root/dev/pts"
     mount --bind "$packages" "$root/var/cache/apt/archives"
+    if [ -n "${shared-}" ]; then
+      mkdir -p "$root$shared"
+      mount --bind "$shared" "$root$shared"
+    fi
     home=$(chroot "$root" getent passwd "$user" | cut -d: -f6)
     exec chroot "$root" env -i HOME="$home" USER="$user" LOGNAME="$user" LANG=C.UTF-8 \
       PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive \
       setpriv --reuid="$user" --regid="$user" --init-groups \
-      sh -c "cd && exec \"\$@\"" sh "$@"' bash "$root" "$packages" "$user" "$@"
+      sh -c "cd; \"\$@\"; exit \$?" sh "$@"' bash "$root" "$packages" "$user" "$@"
 }
 
 # put_sources NAME USER: the sources as they stand in the last commit, in ~/corvane.

@@ -1,39 +1,40 @@
 #!/usr/bin/env bash
-# Builds the Windows program, 64 and 32 bits, runs its tests and the tour of its real windows under
-# Wine, and leaves build/windows/Corvane.exe and a zip of it. For Debian and Ubuntu.
+# scripts/windows.sh [--debian13]: builds the Windows program, 64 and 32 bits, runs its tests and the
+# tour of its real windows under Wine, and leaves build/windows/Corvane.exe. Where this system has no
+# Wine for 32 bits, --debian13 runs the tests of both in a clean installation of Debian 13, which has;
+# that takes root. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 
 need windows
-runs="windows"
-if need_wine32; then
-  runs="windows windows32"
-else
-  echo "Wine for 32-bit programs cannot be installed here: the 32-bit tests are built, not run."
-fi
-. scripts/wine.sh
-
-# run_tests PRESET [ARGUMENT...]: runs the tests that the arguments of ctest choose, and keeps its log.
-run_tests() {
-  local preset=$1
-  shift
-  on_screen ctest --preset "$preset" --no-tests=error "$@"
-  cat "build/$preset/Testing/Temporary/LastTest.log" >>"build/$preset/tests.log"
-}
-
-for preset in windows windows32; do
-  echo "== $preset: build and tests"
+presets="windows windows32"
+for preset in $presets; do
+  echo "== $preset: build"
   build "$preset"
-  [[ " $runs " == *" $preset "* ]] || continue
-  rm -f "build/$preset/tests.log"
-  run_tests "$preset" -R corvane_tests
-  # Twice at most: as a window comes up, the screen may take back a key that is held down already.
-  run_tests "$preset" -E corvane_tests --repeat until-pass:2
 done
+if installed wine32:i386; then
+  scripts/windows-tests.sh windows windows32
+else
+  scripts/windows-tests.sh windows
+  [ "${1-}" = --debian13 ] ||
+    echo "There is no Wine for 32-bit programs here; with --debian13 their tests run in another system."
+fi
+if [ "${1-}" = --debian13 ]; then
+  need roots
+  . scripts/roots.sh
+  new_root debian13 wine
+  in_root wine root dpkg --add-architecture i386
+  in_root wine root apt-get update -qq
+  in_root wine root apt-get install -qq -y --no-install-recommends \
+    wine wine64 wine32:i386 fonts-wine xvfb xauth cmake >/dev/null
+  shared=$PWD in_root wine root env CORVANE_WINEPREFIX="$PWD/build/wine-debian13" \
+    "$PWD/scripts/windows-tests.sh" windows windows32
+  remove_root wine
+fi
 
 # Linked twice, the program is the same to the byte.
-for preset in windows windows32; do
+for preset in $presets; do
   first=$(sha256sum <"build/$preset/Corvane.exe")
   rm "build/$preset/Corvane.exe"
   build "$preset" --target corvane
@@ -41,19 +42,10 @@ for preset in windows windows32; do
     { echo "$preset: the same sources made another program" >&2; exit 1; }
 done
 
-rm -f build/Corvane-windows.zip
-zip -qj build/Corvane-windows.zip build/windows/Corvane.exe README.md
-
-for preset in $runs; do
-  echo "== ran under Wine: $preset"
-  tr -d '\r' <"build/$preset/tests.log" |
-    sed -nE 's/^Command: .*[\\/]([^"\\/]+\.exe)".*/\1:/p; /^\[==========\].* ran|^All came out/p'
-done
-for preset in windows windows32; do
+for preset in $presets; do
   echo "== $preset"
   ls -l "build/$preset/Corvane.exe"
   imports=$(x86_64-w64-mingw32-objdump -p "build/$preset/Corvane.exe" | sed -n 's/.*DLL Name: //p' | sort -f)
   # shellcheck disable=SC2086 # one word a name
   echo "imports:" $imports
 done
-ls -l build/Corvane-windows.zip

@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# scripts/try-package.sh FILE.deb [SYSTEM]: installs the package on a clean Debian 13 (or another system
+# of scripts/roots.sh), starts both programs, removes the package, and lists what is left. As root.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/dependencies.sh
+. scripts/roots.sh
+
+[ -f "${1-}" ] || { echo "usage: scripts/try-package.sh FILE.deb [SYSTEM]" >&2; exit 2; }
+need roots
+new_root "${2-debian13}" package
+trap 'remove_root package' EXIT
+cp "$1" "$roots/package/tmp/corvane.deb"
+in_root package root apt-get install -qq -y --no-install-recommends \
+  xvfb xauth x11-utils openbox fonts-dejavu-core >/dev/null
+
+files() { (cd "$roots/package" && find etc home opt root srv usr var -xdev | sort); }
+
+# What it depends on stays, so it is there before the first listing.
+depends=$(dpkg-deb -f "$1" Depends | sed 's/([^)]*)//g; s/|[^,]*//g; s/,/ /g')
+# shellcheck disable=SC2086 # a list
+in_root package root apt-get install -qq -y --no-install-recommends $depends >/dev/null
+files >"$roots/package.before"
+
+in_root package root apt-get install -qq -y --no-install-recommends /tmp/corvane.deb >/dev/null
+in_root package modder corvane-tool --version
+in_root package modder man -w corvane 2>/dev/null || true
+# The window has to come up, and the program to end when the window closes.
+cat >"$roots/package/tmp/start.sh" <<'END'
+openbox &
+corvane &
+program=$!
+for _ in $(seq 100); do
+  if xwininfo -root -tree | grep -q '"Corvane'; then
+    echo "the window is there"
+    kill "$program"
+    wait "$program" || true
+    exit 0
+  fi
+  kill -0 "$program" || exit 1
+  sleep 0.1
+done
+exit 1
+END
+in_root package modder xvfb-run -a -s "-screen 0 1280x900x24" sh /tmp/start.sh
+in_root package root apt-get purge -qq -y corvane >/dev/null
+files >"$roots/package.after"
+if diff "$roots/package.before" "$roots/package.after" | grep -E '^>' |
+  grep -vE ' (var/(lib|cache|log)/(apt|dpkg|ldconfig|debconf|fontconfig)|home/modder/\.cache/(fontconfig|mesa|openbox))'; then
+  echo "is left behind" >&2
+  exit 1
+fi
+echo "installed, started and removed on ${2-debian13}: nothing is left behind"
