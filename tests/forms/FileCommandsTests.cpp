@@ -1,48 +1,134 @@
 #include "Session.h"
 #include "data/GameFolder.h"
+#include "rules/ConnectionEditing.h"
 
 using namespace corvane;
 
-TEST(FileCommands, PatchFilesGoOutAndAsk) {
+static const KeyStroke CtrlS = {'S', {.Ctrl = true}};
+
+TEST(Saves, AreUnavailableBeforeTheFirstOpen) {
   Session session(GameFiles(MakeSampleGame()));
-  Form1& main = session.Main;
-  PressKey(main, {'S', {.Ctrl = true}});
-  EXPECT_FALSE(main.mnuFileSave.Enabled || main.mnuFileSavePatch.Enabled);
-  EXPECT_TRUE(session.Told().empty());
-  std::filesystem::rename(session.File("CC4.EXE"), session.File("cc4.exe"));
-  session.OpenFile("cc4.exe");
-  const CommonDialog& asked = session.Asked;
-  EXPECT_EQ(asked.Filter, "CC4.EXE (CC4.EXE)|CC4.EXE|Corvane Patch Files (*.crv)|*.crv");
-  EXPECT_TRUE(asked.Flags == 6144 && asked.DefaultExt.empty() && asked.FilterIndex == 1);
-  EXPECT_EQ(asked.InitDir, std::filesystem::current_path().string());
-  TablesDirty = true;
-  session.Choice.clear();
-  session.Menu(main.mnuFileSavePatch);
-  session.Menu(main.mnuFileOpen);
-  EXPECT_TRUE(TablesDirty);
-  session.Choice = session.File("New.crv");
-  PressKey(main, {'S', {.Ctrl = true}});
-  EXPECT_TRUE(session.Told().empty() && !TablesDirty);
-  EXPECT_EQ(asked.Filter, "Corvane Patch Files (*.crv)|*.crv");
-  EXPECT_TRUE(asked.Flags == 2048 && asked.DefaultExt == ".CRV" && asked.InitDir == GamePath);
-  EXPECT_TRUE(session.Folder.Get("New.crv") == PatchBytes(MakeSampleGame().Tables));
-  TablesDirty = true;
-  session.Answer = MessageAnswer::No;
-  session.SavePatch("New.crv");
-  EXPECT_EQ(session.Told(), Texts{"Overwrite file " + session.File("New.crv") + "?"});
-  std::filesystem::create_directory(session.Folder.Path / "Sub.crv");
-  session.SavePatch("Sub.crv");  // a folder does not count as standing there, nor can be written
-  EXPECT_TRUE(
-      session.Told().at(0).starts_with("Error: " + session.File("Sub.crv") + " could not be"));
-  OpenMenu(main.mnuFile);
-  EXPECT_TRUE(TablesDirty && OpenedFile == "cc4.exe" && main.mnuFileSave.Enabled);
+  PressKey(session.Main, CtrlS);
+  EXPECT_FALSE(session.Main.mnuFileSave.Enabled);
+  EXPECT_FALSE(session.Main.mnuFileSavePatch.Enabled);
+  EXPECT_EQ(session.Told(), Texts());
 }
 
-TEST(FileCommands, AnOpenThatFailsLeavesEverything) {
+struct FileCommands : testing::Test {
+  FileCommands() { TablesDirty = true; }
   Session session;
   Form1& main = session.Main;
+};
+
+TEST_F(FileCommands, SetTheOpenDialog) {
+  session.OpenFile("none");
+  const CommonDialog& asked = session.Asked;
+  EXPECT_EQ(asked.Filter, "CC4.EXE (CC4.EXE)|CC4.EXE|Corvane Patch Files (*.crv)|*.crv");
+  EXPECT_EQ(asked.Flags, 6144);
+  EXPECT_EQ(asked.DefaultExt, "");
+  EXPECT_EQ(asked.FilterIndex, 1);
+  EXPECT_EQ(asked.InitDir, std::filesystem::current_path().string());
+}
+
+TEST_F(FileCommands, SetTheSaveDialog) {
+  session.SavePatch("New.crv");
+  const CommonDialog& asked = session.Asked;
+  EXPECT_EQ(asked.Filter, "Corvane Patch Files (*.crv)|*.crv");
+  EXPECT_EQ(asked.Flags, 2048);
+  EXPECT_EQ(asked.DefaultExt, ".CRV");
+  EXPECT_EQ(asked.FilterIndex, 1);
+  EXPECT_EQ(asked.InitDir, GamePath);
+}
+
+TEST_F(FileCommands, DoNothingWhenTheDialogIsCancelled) {
+  session.Choice.clear();
+  for (MenuItem* item : {&main.mnuFileSavePatch, &main.mnuFileOpen}) session.Menu(*item);
+  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_TRUE(TablesDirty);
+}
+
+TEST_F(FileCommands, SaveANewPatchFileUnaskedByCtrlS) {
+  session.Choice = session.File("New.crv");
+  PressKey(main, CtrlS);
+  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_FALSE(TablesDirty);
+  EXPECT_TRUE(session.Folder.Get("New.crv") == PatchBytes(MakeSampleGame().Tables));
+  EXPECT_EQ(OpenedFile, "CC4.EXE");
+}
+
+TEST_F(FileCommands, AskBeforeReplacingAPatchFile) {
+  session.Folder.Put("old.crv", "old");
+  for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+    EXPECT_EQ(session.Folder.Get("old.crv"), "old");
+    EXPECT_TRUE(TablesDirty);
+    session.Answer = answer;
+    session.SavePatch("old.crv");
+    EXPECT_EQ(session.Told(), Texts{"Overwrite file " + session.File("old.crv") + "?"});
+  }
+  EXPECT_FALSE(TablesDirty);
+  EXPECT_EQ(session.Folder.Get("old.crv").size(), 11212U);
+}
+
+TEST_F(FileCommands, OfferAPatchFileOnlyWhereTheGameHasAFolder) {
+  GamePath.clear();
+  OpenMenu(main.mnuFile);
+  EXPECT_FALSE(main.mnuFileSavePatch.Enabled);
+  EXPECT_TRUE(main.mnuFileSave.Enabled);
+}
+
+TEST_F(FileCommands, FillEveryListAnewOnASecondOpen) {
+  session.OpenFile("CC4.EXE");
+  EXPECT_EQ(main.lstMaps.ListCount(), 43);
+  EXPECT_EQ(main.cboArrows.ListCount(), 81);
+  EXPECT_EQ(main.lstConnections.ListCount(), std::ssize(ConnectionRows(0)));
+}
+
+TEST_F(FileCommands, TakeAFolderForNoFileAndFailToWriteIt) {
+  std::filesystem::create_directory(session.Folder.Path / "Sub.crv");
+  session.SavePatch("Sub.crv");
+  const Texts told = session.Told();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_TRUE(told[0].starts_with("Error: " + session.File("Sub.crv") + " could not be"));
+  EXPECT_TRUE(TablesDirty);
+}
+
+TEST_F(FileCommands, TakeAGameInSmallLetters) {
+  std::filesystem::rename(session.File("CC4.EXE"), session.File("cc4.exe"));
+  session.OpenFile("cc4.exe");
+  OpenMenu(main.mnuFile);
+  EXPECT_EQ(OpenedFile, "cc4.exe");
+  EXPECT_TRUE(main.mnuFileSave.Enabled);
+  EXPECT_TRUE(main.mnuFileSavePatch.Enabled);
+  EXPECT_FALSE(TablesDirty);
+}
+
+// The message of a first map without connections comes in the middle of the open.
+TEST_F(FileCommands, CountTheTablesAsSavedOnlyAtTheEndOfAnOpen) {
+  GameTables tables = MakeSampleGame().Tables;
+  for (int to = 0; to < MapSlotCount; ++to) tables.Connections(0, to) = NoConnection;
+  session.Folder.Put("CC4.EXE", GameExeBytes(tables));
+  std::optional<bool> dirty;
+  TheDisplay.ShowMessage = [&](const std::string&, MessageButtons) {
+    dirty = TablesDirty;
+    return MessageAnswer::Ok;
+  };
+  session.OpenFile("CC4.EXE");
+  EXPECT_EQ(dirty, true);
+  EXPECT_FALSE(TablesDirty);
+}
+
+TEST_F(FileCommands, AskBeforeLeavingUnsavedTables) {
+  for (const auto answer : {MessageAnswer::No, MessageAnswer::Yes}) {
+    EXPECT_TRUE(main.IsOpen());
+    session.Answer = answer;
+    session.Menu(main.mnuFileExit);
+    EXPECT_EQ(session.Told(), Texts{"Quit without saving changes?"});
+  }
+  EXPECT_FALSE(main.IsOpen());
+}
+
+TEST_F(FileCommands, LeaveEverythingWhenAnOpenFails) {
   PickRow(main.lstMaps, 7);
-  PickRow(main.cboArrows, 44);
   const ConnectionTable before = MapConnections;
   const bool installed = ReadInstallPath().has_value();  // which a patch file needs
   const std::pair<const char*, std::string> rows[] = {
@@ -57,7 +143,9 @@ TEST(FileCommands, AnOpenThatFailsLeavesEverything) {
     EXPECT_FALSE(session.Ended);
     session.OpenFile(name);
     EXPECT_EQ(session.Told().at(0).substr(0, error.size()), error);
-    EXPECT_TRUE(MapConnections == before && TablesDirty && main.lstMaps.ListIndex() == 7);
+    EXPECT_EQ(MapConnections, before);
+    EXPECT_EQ(main.lstMaps.ListIndex(), 7);
+    EXPECT_TRUE(TablesDirty);
   }
   EXPECT_EQ(session.Ended, !installed);
 }

@@ -1,60 +1,90 @@
+// The whole way: a network is broken, mended, saved and opened again.
 #include "Session.h"
 
 using namespace corvane;
 
-TEST(WholeSession, ABrokenNetworkIsMendedSavedAndOpenedAgain) {
-  Session session;
-  Form1& main = session.Main;
-  const auto choose = [&](MenuItem& item) {
+struct WholeSession : testing::Test {
+  WholeSession() {
+    while (VLDest(0, ExitVL) != To) ++ExitVL;
+  }
+  Texts Choose(MenuItem& item) {
     session.Told();
     session.Menu(item);
     return session.Told();
-  };
-  const int to = RowMapIndex(main.lstConnections.Text());  // a neighbour of map 0
-  int vl = 0;
-  while (VLDest(0, vl) != to) ++vl;
+  }
+  void Enter(TextBox& box, const std::string& number) {
+    Session::Type(box, number);
+    PressKey(main, Key::Tab);
+  }
+  Session session;
+  Form1& main = session.Main;
+  const int To = RowMapIndex(main.lstConnections.Text());  // a neighbour of map 0
+  int ExitVL = 0;                                          // of map 0, which leads there
+  const Texts Question = {"This will directly modify the file " + session.File("CC4.EXE") +
+                          ". If there are errors in the changes you have made, the game will "
+                          "almost certainly crash. Are you absolutely sure you want to do this?"};
+};
+
+TEST_F(WholeSession, ABrokenNetworkIsRefusedByBothSaves) {
   Press(main.cmdDeleteConnection);
-  EXPECT_EQ(choose(main.mnuFileSavePatch),
-            Texts{"Error: \r\nNo STRARROW defined for BTD link from " + MapRow(0) + " to map " +
-                  MapRow(to) + " via VL" + std::to_string(vl) +
-                  "\r\nNo reciprocating STRARROW defined for link from " + std::to_string(to) +
-                  " to map 0"});
+  const std::string to = std::to_string(To);
+  const Texts findings{"Error: \r\nNo STRARROW defined for BTD link from " + MapRow(0) +
+                       " to map " + MapRow(To) + " via VL" + std::to_string(ExitVL) +
+                       "\r\nNo reciprocating STRARROW defined for link from " + to + " to map 0"};
+  session.Choice = session.File("p.crv");
+  EXPECT_EQ(Choose(main.mnuFileSavePatch), findings);
+  EXPECT_EQ(Choose(main.mnuFileSave), findings);
+  EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(MakeSampleGame().Tables));
+  EXPECT_FALSE(std::filesystem::exists(session.File("p.crv")));
+}
+
+TEST_F(WholeSession, AMendedNetworkIsSavedAndOpenedAgain) {
+  Press(main.cmdDeleteConnection);
   session.Within<dlgAddConnection>(main.cmdAddConnection, [&](dlgAddConnection& dialog) {
-    PickRow(dialog.cboLstMaps, to);
+    PickRow(dialog.cboLstMaps, To);
     Press(dialog.OKButton);
   });
   PickRow(main.cboArrows, 80);
   session.Within<dlgEditBTD>(main.cmdEditBTD, [&](dlgEditBTD& dialog) {
-    PickRow(dialog.lstVLs, vl);
+    PickRow(dialog.lstVLs, ExitVL);
     PickRow(dialog.cboVLType, 2);
     PickRow(dialog.lstVLs, 9);
     PickRow(dialog.cboVLType, 1);
-    PickRow(dialog.cboVLDest, to);
+    PickRow(dialog.cboVLDest, To);
     Press(dialog.OKButton);
   });
-  PickRow(main.lstMaps, 3);
-  Session::Type(main.txtMapLeft, "801");
-  session.Answer = MessageAnswer::No;
-  const Texts question = {"This will directly modify the file " + session.File("CC4.EXE") +
-                          ". If there are errors in the changes you have made, the game will "
-                          "almost certainly crash. Are you absolutely sure you want to do this?"};
-  EXPECT_EQ(choose(main.mnuFileSave), question);  // what is being typed is not in the tables
-  EXPECT_EQ(choose(main.mnuFileExit), Texts{"Quit without saving changes?"});
-  PressKey(main, Key::Tab);
-  session.Answer = MessageAnswer::Yes;
-  EXPECT_EQ(choose(main.mnuFileSave), Texts{"Error: \r\nInvalid tile coordinates for STRMAP 3"});
-  Session::Type(main.txtMapLeft, "513");
-  PressKey(main, Key::Tab);
+  EXPECT_EQ(Choose(main.mnuFileSave), Question);
   GameTables wanted = MakeSampleGame().Tables;
+  wanted.Connections(0, To) = 80;
   EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(wanted));
-  EXPECT_TRUE(TablesDirty && main.IsOpen());
-  EXPECT_EQ(choose(main.mnuFileSave), question);
-  wanted.Connections(0, to) = 80;
-  wanted.Tiles[3].Left = 513;
-  EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(wanted) && !TablesDirty);
   ResetTables();
   session.OpenFile("CC4.EXE");
-  EXPECT_TRUE(MapConnections == wanted.Connections && VLDest(0, 9) == to);
+  EXPECT_EQ(MapConnections, wanted.Connections);
+  EXPECT_EQ(VLDest(0, 9), To);
+}
+
+TEST_F(WholeSession, ANumberBeingTypedIsNotInTheTables) {
+  PickRow(main.lstMaps, 3);
+  Session::Type(main.txtMapLeft, "801");
+  EXPECT_EQ(Choose(main.mnuFileSave), Question);
+  EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(MakeSampleGame().Tables));
+  PressKey(main, Key::Tab);
+  EXPECT_EQ(Choose(main.mnuFileSave), Texts{"Error: \r\nInvalid tile coordinates for STRMAP 3"});
+}
+
+TEST_F(WholeSession, TheGameIsWrittenOnYesOnlyAndThenLeftUnasked) {
+  PickRow(main.lstMaps, 3);
+  Enter(main.txtMapLeft, "513");
+  GameTables wanted = MakeSampleGame().Tables;
+  session.Answer = MessageAnswer::No;
+  EXPECT_EQ(Choose(main.mnuFileSave), Question);
+  EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(wanted));
+  EXPECT_TRUE(TablesDirty);
+  session.Answer = MessageAnswer::Yes;
+  EXPECT_EQ(Choose(main.mnuFileSave), Question);
+  wanted.Tiles[3].Left = 513;
+  EXPECT_TRUE(session.Folder.Get("CC4.EXE") == GameExeBytes(wanted));
   CloseWindow(main);
-  EXPECT_TRUE(session.Told().empty() && !main.IsOpen());
+  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_FALSE(main.IsOpen());
 }

@@ -45,6 +45,16 @@ TEST_F(ConsistencyCheck, FindingsComeInOrderAndOncePerExit) {
       "\r\nNo STRARROW defined for BTD link from  to map  via VL0");
 }
 
+TEST_F(ConsistencyCheck, TheLastSlotCountsAndSoDoesANegativeArrow) {
+  VLDest(0, 9) = 1;
+  VLDest(1, 9) = 0;  // the exit back
+  MapConnections(0, 1) = MapConnections(1, 0) = -2;
+  EXPECT_EQ(CheckTables(), "");
+  MapConnections(0, 1) = NoConnection;
+  EXPECT_EQ(CheckTables().find("via VL0"), std::string::npos);
+  EXPECT_NE(CheckTables().find("000 A.btd to map 001 B.btd via VL9"), std::string::npos);
+}
+
 TEST_F(ConsistencyCheck, RangesAreInclusiveAndTheFirstFaultOfASlotHidesTheOthers) {
   const std::tuple<std::int32_t*, std::int64_t, std::int64_t, std::string> rows[] = {
       {&MapHotspots[42].CenterX, 0, 800, "hotspot coordinates for STRMAP 42"},

@@ -2,81 +2,123 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <span>
+
 #include "TestForm.h"
 #include "services/Display.h"
 
 using namespace corvane;
 
-TEST(Gestures, ValidateComesFirstAndARefusalLeavesEverything) {
+namespace {
+
+// What is done with the focus in a field, the event that it raises, and where the focus is then.
+struct Row {
+  const char* Name;
+  void (*Act)(TestForm&);
+  std::string Event;
+  const char* Focus;
+};
+
+// clang-format off
+const Row AskTheField[] = {
+    {"pick", [](TestForm& f) { PickRow(f.lstRows, 1); }, "rowbee ", "lstRows"},
+    {"double-click", [](TestForm& f) { DoubleClick(f.lstRows, 2); }, "rowcat doublecat ", "lstRows"},
+    {"double-click again", [](TestForm& f) { DoubleClick(f.lstRows, 2); }, "doublecat ", "lstRows"},
+    {"combo", [](TestForm& f) { PickRow(f.cboRows, 0); }, "comboant ", "cboRows"},
+    {"same row", [](TestForm& f) { PickRow(f.cboRows, 0); }, "comboant ", "cboRows"},
+    {"button", [](TestForm& f) { Press(f.cmdHelp); }, "help ", "cmdHelp"},
+    {"Alt+H", [](TestForm& f) { EXPECT_TRUE(PressKey(f, {'h', {.Alt = true}})); }, "help ", "cmdHelp"},
+    {"Enter", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Enter)); }, "ok ", "txtNumber"},
+    {"Tab", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Tab)); }, "", "txtName"},
+    {"typing elsewhere", [](TestForm& f) { EditText(f.txtName, {0, 0, "y"}); }, "namey ", "txtName"}};
+
+const Row DoNotAskTheField[] = {
+    {"Esc", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Escape)); }, "cancel ", "txtNumber"},
+    {"menu item", [](TestForm& f) { Choose(f.mnuSave); }, "save ", "txtNumber"},
+    {"close box", [](TestForm& f) { CloseWindow(f); }, "unload ", "txtNumber"},
+    {"no such row", [](TestForm& f) { PickRow(f.lstRows, 8); }, "", "txtNumber"},
+    {"row -1", [](TestForm& f) { PickRow(f.lstRows, -1); }, "", "txtNumber"},
+    {"no such combo row", [](TestForm& f) { PickRow(f.cboRows, 8); }, "", "txtNumber"},
+    {"combo row -1", [](TestForm& f) { PickRow(f.cboRows, -1); }, "", "txtNumber"},
+    {"greyed button", [](TestForm& f) { Press(f.cmdOff); }, "", "txtNumber"},
+    {"its mnemonic", [](TestForm& f) { EXPECT_FALSE(PressKey(f, {'O', {.Alt = true}})); }, "", "txtNumber"},
+    {"label", [](TestForm& f) { EXPECT_FALSE(MoveFocus(f.lblNote)); }, "", "txtNumber"}};
+// clang-format on
+
+void ExpectEvents(std::span<const Row> rows, const char* text, const std::string& before) {
   TestForm f;
-  const TextEdit letter = {0, 0, "y"};
-  // What is done, the events, and where the focus is then.
-  const std::tuple<std::function<void()>, std::string, const Control*> rows[] = {
-      {[&] { PickRow(f.lstRows, 1); }, "accept rowbee ", &f.lstRows},
-      {[&] { DoubleClick(f.lstRows, 2); }, "accept rowcat doublecat ", &f.lstRows},
-      {[&] { DoubleClick(f.lstRows, 2); }, "accept doublecat ", &f.lstRows},
-      {[&] { PickRow(f.cboRows, 0); }, "accept comboant ", &f.cboRows},
-      {[&] { PickRow(f.cboRows, 0); }, "accept comboant ", &f.cboRows},  // a choice all the same
-      {[&] { Press(f.cmdHelp); }, "accept help ", &f.cmdHelp},
-      {[&] {
-         EXPECT_TRUE(PressKey(f, {'h', {.Alt = true}}));
-       },
-       "accept help ", &f.cmdHelp},
-      {[&] { EXPECT_TRUE(PressKey(f, Key::Enter)); }, "accept ok ", &f.txtNumber},
-      {[&] { PressKey(f, Key::Tab); }, "accept ", &f.txtName},
-      {[&] { EditText(f.txtName, letter); }, "accept namey ", &f.txtName},
-      {[&] { EXPECT_TRUE(PressKey(f, Key::Escape)); }, "cancel ", &f.txtNumber},
-      {[&] { Choose(f.mnuSave); }, "save ", &f.txtNumber},
-      {[&] { CloseWindow(f); }, "unload ", &f.txtNumber},
-      // What is not there or takes no focus.
-      {[&] { PickRow(f.lstRows, 8); }, "", &f.txtNumber},
-      {[&] { PickRow(f.lstRows, -1); }, "", &f.txtNumber},
-      {[&] { PickRow(f.cboRows, 8); }, "", &f.txtNumber},
-      {[&] { PickRow(f.cboRows, -1); }, "", &f.txtNumber},
-      {[&] { Press(f.cmdOff); }, "", &f.txtNumber},
-      {[&] {
-         EXPECT_FALSE(PressKey(f, {'O', {.Alt = true}}));
-       },
-       "", &f.txtNumber},
-      {[&] { EXPECT_FALSE(MoveFocus(f.lblNote)); }, "", &f.txtNumber}};
   f.Open();
-  for (const auto& [gesture, events, focus] : rows) {
-    SCOPED_TRACE(events);
-    for (const bool refuse : {true, false}) {
-      f.txtNumber.SetText(refuse ? "x" : "");
-      f.Focused = &f.txtNumber;
-      gesture();
-      EXPECT_EQ(f.Told(), refuse && events.starts_with("accept ") ? "refuse " : events);
-      EXPECT_EQ(f.Focused, refuse ? &f.txtNumber : focus);
-    }
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.Name);
+    f.txtNumber.SetText(text);
+    f.Focused = &f.txtNumber;
+    row.Act(f);
+    EXPECT_EQ(f.Told(), before + row.Event);
+    EXPECT_STREQ(f.Focused->Name, row.Focus);
   }
 }
+
+}  // namespace
+
+TEST(Gestures, RunValidateFirst) { ExpectEvents(AskTheField, "", "accept "); }
+
+TEST(Gestures, DoNothingWhenValidateRefuses) {
+  TestForm f;
+  f.Open();
+  f.txtNumber.SetText("x");
+  f.Focused = &f.txtNumber;
+  for (const Row& row : AskTheField) {
+    row.Act(f);
+    EXPECT_EQ(f.Told(), "refuse ") << row.Name;
+    EXPECT_EQ(f.Focused, &f.txtNumber) << row.Name;
+  }
+}
+
+TEST(Gestures, RunNoValidateWhereTheFocusStays) { ExpectEvents(DoNotAskTheField, "x", ""); }
 
 TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   TestForm f;
   f.txtLines.SetEnabled(false);
   f.cmdOK.SetVisible(false);
   f.Open();
-  std::string names;
-  for (const char way : std::string("<<>>>>>>>")) {
-    EXPECT_TRUE(PressKey(f, {Key::Tab, {.Shift = way == '<'}}));
-    names += std::string(f.Focused->Name) + " ";
+  const std::pair<bool, const Control*> steps[] = {
+      {true, &f.cmdHelp},    {true, &f.cmdCancel}, {false, &f.cmdHelp},
+      {false, &f.lstRows},   {false, &f.lstFew},   {false, &f.cboRows},
+      {false, &f.txtNumber}, {false, &f.txtName},  {false, &f.cmdCancel}};
+  for (const auto& [shift, focus] : steps) {
+    EXPECT_TRUE(PressKey(f, {Key::Tab, {.Shift = shift}}));
+    EXPECT_EQ(f.Focused, focus) << focus->Name;
   }
-  EXPECT_EQ(names, "cmdHelp cmdCancel cmdHelp lstRows lstFew cboRows txtNumber txtName cmdCancel ");
-  f.Told();
-  EXPECT_TRUE(PressKey(f, Key::Enter));  // presses the button that has the focus
-  EXPECT_EQ(f.Told(), "cancel ");
+}
+
+TEST(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
+  TestForm f;
+  f.Open();
+  EXPECT_TRUE(MoveFocus(f.cmdCancel));
   f.cmdHelp.SetEnabled(false);
   EXPECT_EQ(f.Focused, &f.cmdCancel);
   f.cmdCancel.SetEnabled(false);  // was the last: on to the first
   EXPECT_EQ(f.Focused, &f.lstRows);
   f.lstRows.SetVisible(false);
   EXPECT_EQ(f.Focused, &f.lstFew);
-  EXPECT_FALSE(PressKey(f, Key::Enter) || PressKey(f, Key::Escape));
-  EXPECT_EQ(f.Told(), "");
   for (Control* control : f.TabOrder()) control->SetVisible(false);
   EXPECT_EQ(f.Focused, nullptr);
   EXPECT_TRUE(PressKey(f, Key::Tab));
+}
+
+TEST(Gestures, EnterPressesTheFocusedButtonAndNoGreyedOne) {
+  TestForm f;
+  f.Open();
+  EXPECT_TRUE(MoveFocus(f.cmdHelp));
+  EXPECT_TRUE(PressKey(f, Key::Enter));
+  EXPECT_EQ(f.Told(), "help ");
+  EXPECT_TRUE(MoveFocus(f.lstRows));
+  f.cmdOK.SetEnabled(false);
+  f.cmdCancel.SetVisible(false);
+  EXPECT_FALSE(PressKey(f, Key::Enter));
+  EXPECT_FALSE(PressKey(f, Key::Escape));
+  EXPECT_EQ(f.Told(), "");
 }
 
 TEST(Gestures, EnterBreaksALineOnlyWithCtrlInSeveralLines) {
@@ -144,74 +186,177 @@ TEST(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
   EXPECT_EQ(f.Focused, &f.txtName);
 }
 
-TEST(Controls, SpeakAndAreDrawnAnewOnChangeAlone) {
+TEST(Gestures, AMenuRunsItsClickAndAGreyedItemNone) {
   TestForm f;
+  f.Open();
+  OpenMenu(f.mnuFile);  // greys the item
+  Choose(f.mnuSave);
+  EXPECT_EQ(f.Told(), "file ");
+  for (const char* events : {"file save ", "file "}) {
+    EXPECT_TRUE(PressKey(f, {'s', {.Ctrl = true}}));
+    EXPECT_EQ(f.Told(), events);
+  }
+}
+
+TEST(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
+  TestForm f, dialog;
+  f.Open();
+  dialog.QueryUnload = [] { return true; };
+  f.lstRows.Click = [&] { dialog.Open(); };
+  DoubleClick(f.lstRows, 1);
+  dialog.Unload();
+  f.lstRows.Click = [&] { f.lstRows.SetListIndex(-1); };
+  DoubleClick(f.lstRows, 2);
+  f.lstRows.Click = [&] { f.lstRows.SetEnabled(false); };
+  DoubleClick(f.lstRows, 3);
+  EXPECT_EQ(f.Told(), "");
+}
+
+namespace {
+
+struct Controls : testing::Test {
+  Controls() {
+    TheDisplay.Redraw = [this](Control& control) { Redrawn.insert(control.Name); };
+  }
+  ~Controls() override { TheDisplay = {}; }
+  // The controls to be drawn anew since the last call.
+  std::set<std::string> Drawn() { return std::exchange(Redrawn, {}); }
+  using Names = std::set<std::string>;
+  Names Redrawn;
+  TestForm f;
+};
+
+}  // namespace
+
+TEST_F(Controls, AListKeepsItsOrderAndItsSelectedRow) {
   ListBox& list = f.lstFew;
-  list.Click = [&] { f.Log += std::to_string(list.ListIndex()) + " "; };
-  TheDisplay.Redraw = [&](Control& control) { f.Log += control.Name[0]; };
   for (const char* row : {"b", "C", "a"}) list.AddItem(row);
-  EXPECT_EQ(list.List(0) + list.List(1) + list.List(2) + list.List(3) + list.List(4), "abCone");
-  for (const int row : {1, 1, 4, -7, 1}) list.SetListIndex(row);
-  EXPECT_EQ(f.Told(), "llll1 l-1 l1 ");
+  list.SetListIndex(1);
   list.AddItem("aa");
-  EXPECT_EQ(list.Text(), "b");  // moved down, still selected
+  EXPECT_EQ(list.Text(), "b");
+  const char* const rows[] = {"", "a", "aa", "b", "C", "one", ""};
+  for (int row = -1; row < 6; ++row) EXPECT_EQ(list.List(row), rows[row + 1]) << row;
   for (const int row : {-1, 2, 5}) list.SetList(row, "z");
   EXPECT_EQ(list.Text(), "z");
   list.Clear();
-  EXPECT_EQ(f.Told() + list.Text(), "lll");
-  f.cboRows.AddItem("ibex");
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.ListCount(), 0);
+}
+
+TEST_F(Controls, AListSpeaksWhenItsSelectedRowChangesAlone) {
+  ListBox& list = f.lstFew;
+  int clicks = 0;
+  list.Click = [&] { ++clicks; };
+  list.AddItem("two");
+  const std::tuple<int, int, int> rows[] = {
+      {1, 1, 1}, {1, 1, 1}, {4, -1, 2}, {-7, -1, 2}, {1, 1, 3}};
+  for (const auto& [set, index, raised] : rows) {
+    list.SetListIndex(set);
+    EXPECT_EQ(list.ListIndex(), index) << set;
+    EXPECT_EQ(clicks, raised) << set;
+  }
+  list.Clear();
+  EXPECT_EQ(clicks, 3);
+}
+
+TEST_F(Controls, AreDrawnAnewOnEveryChange) {
+  const std::pair<const char*, std::function<void()>> changes[] = {{"lstFew", [&] { f.lstFew.AddItem("two"); }},
+                                                                   {"lstFew", [&] { f.lstFew.SetListIndex(1); }},
+                                                                   {"lstFew", [&] { f.lstFew.SetList(0, "x"); }},
+                                                                   {"lstFew", [&] { f.lstFew.Clear(); }},
+                                                                   {"cboRows", [&] { f.cboRows.AddItem("ibex"); }},
+                                                                   {"cmdOff", [&] { f.cmdOff.SetEnabled(true); }},
+                                                                   {"cmdOff", [&] { f.cmdOff.SetVisible(false); }},
+                                                                   {"txtName", [&] { f.txtName.SetText("a"); }},
+                                                                   {"txtName", [&] { f.txtName.SelectAll(); }}};
+  for (const auto& [name, change] : changes) {
+    change();
+    EXPECT_EQ(Drawn(), Names{name}) << &name - &changes[0].first;
+  }
+}
+
+TEST_F(Controls, AreNotDrawnAnewByWhatIsNoChange) {
+  f.lstRows.SetListIndex(-1);
+  f.lstRows.SetList(8, "x");
   f.cmdOff.SetEnabled(false);
   f.cmdOff.SetVisible(true);
-  f.cmdOff.SetVisible(false);
-  EXPECT_EQ(f.Told(), "cc");
+  f.txtName.SetText("");
+  EXPECT_EQ(Drawn(), Names());
+}
+
+TEST_F(Controls, ATextBoxSpeaksAndUnselectsWhenItsTextChangesAlone) {
   f.txtName.SetText("\xC3\xA4zz");
+  EXPECT_EQ(f.Told(), "name\xC3\xA4zz ");
   f.txtName.SelStart = 1;
   f.txtName.SelectAll();
-  EXPECT_TRUE(f.txtName.SelStart == 0 && f.txtName.SelLength == 3);
+  EXPECT_EQ(f.txtName.SelStart, 0);
+  EXPECT_EQ(f.txtName.SelLength, 3);
+  EXPECT_TRUE(f.txtName.SelectionSet);
   f.txtName.SelStart = 1;
   for (const char* text : {"b", "b"}) f.txtName.SetText(text);
-  EXPECT_EQ(f.txtName.SelStart + f.txtName.SelLength, 0);
-  EXPECT_EQ(f.Told(), "tname\xC3\xA4zz ttnameb ");
-  TheDisplay = {};
+  EXPECT_EQ(f.Told(), "nameb ");
+  EXPECT_EQ(f.txtName.SelStart, 0);
+  EXPECT_EQ(f.txtName.SelLength, 0);
 }
+
+namespace {
+
+// The text, what the user makes of it before and behind the caret, and what it becomes.
+const char* const Edits[][4] = {
+    {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
+    {"\r\n\nb", "", "\nb", "\nb"},       // Delete takes the pair behind the caret
+    {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace takes the lone one
+    {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is a pair
+    {"\xC2\xA0\x01", "\xC2\xA0\x01?", "", "\xC2\xA0\x01?"},
+    {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, no Cyrillic
+    {"0123456789", "01ABCD", "23456789", "01AB23456789"},
+    {"0123456789", "ABCDEFGHIJKLMN", "", "ABCDEFGHIJKL"},
+    {"01234567890", "01234567890\n", "", "01234567890"},  // no half of a pair
+    {"0123456789abcdef", "x", "0123456789abcdef", "0123456789abcdef"},
+    {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // done elsewhere
+    {"0123456789abcdef", "0", "23456789abcdef", "023456789abcdef"},
+    {"abc", "x", "yz", "xyz"},
+    {"abc", "", "", ""},
+    {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: the breaks stay as they are
+
+}  // namespace
 
 TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
   TestForm f;
   TextBox box(f, {"Brief", "", {}, 11}, 12, TextLines::Several);
   f.Open();
-  // The text, what the user makes of it before and behind the caret, and what it becomes.
-  const char* const rows[][4] = {
-      {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
-      {"\r\n\nb", "", "\nb", "\nb"},       // Delete takes the pair behind the caret
-      {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace takes the lone one
-      {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is a pair
-      {"\xC2\xA0\x01", "\xC2\xA0\x01?", "", "\xC2\xA0\x01?"},
-      {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, no Cyrillic
-      {"0123456789", "01ABCD", "23456789", "01AB23456789"},
-      {"0123456789", "ABCDEFGHIJKLMN", "", "ABCDEFGHIJKL"},
-      {"01234567890", "01234567890\n", "", "01234567890"},  // no half of a pair
-      {"0123456789abcdef", "x", "0123456789abcdef", "0123456789abcdef"},
-      {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // done elsewhere
-      {"0123456789abcdef", "0", "23456789abcdef", "023456789abcdef"},
-      {"abc", "x", "yz", "xyz"},
-      {"abc", "", "", ""},
-      {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: the breaks stay as they are
-  for (const auto& [text, before, behind, wanted] : rows) {
+  for (const auto& [text, before, behind, wanted] : Edits) {
     box.SetText(text);
     EditText(box, FindEdit(box, std::string(before) + behind, before));
     EXPECT_EQ(box.Text(), wanted);
   }
-  EXPECT_EQ(ShownText(box, "<>", 3), "<>b<>");
-  f.txtName.SetText("1\r\n456");  // the program's own filling is not held to the limit
+}
+
+TEST(TextEditing, TheProgramsFillingIsNotHeldToTheLimit) {
+  TestForm f;
+  f.Open();
+  f.txtName.SetText("1\r\n456");
   f.txtName.SelectAll();
   f.Told();
-  EditText(f.txtName, {6, 0, "7"});
-  EXPECT_EQ(f.Told() + f.txtName.Text(), "1\r\n456");
+  EditText(f.txtName, {6, 0, "7"});  // which has no room
+  EXPECT_EQ(f.Told(), "");
+  EXPECT_EQ(f.txtName.Text(), "1\r\n456");
   EXPECT_EQ(f.txtName.SelLength, 0);
   EditText(f.txtName, FindEdit(f.txtName, "\r\n456", ""));
   EXPECT_EQ(f.txtName.Text(), "\r\n456");
-  EditText(f.txtName, {0, 5, {"a\0b\r", 4}});  // the end of a text or of its line does not come in
+}
+
+TEST(TextEditing, TheEndOfATextOrOfItsLineDoesNotComeIn) {
+  TestForm f;
+  f.Open();
+  EditText(f.txtName, {0, 0, {"a\0b\r", 4}});
   EXPECT_EQ(f.txtName.Text(), "ab");
   EXPECT_EQ(f.txtName.SelStart, 2);
+}
+
+TEST(TextEditing, LineBreaksAreShownAsTheDisplayWantsThem) {
+  TestForm f;
+  f.txtLines.SetText("\nb\rc");
+  EXPECT_EQ(ShownText(f.txtLines, "<>", 3), "<>b<>");
   EXPECT_EQ(WithLineBreaks("a\r\nb\rc\n", "<>"), "a<>b<>c<>");
 }
