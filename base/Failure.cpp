@@ -14,6 +14,8 @@ class FileErrors : public std::error_category {
         return "another program has changed it";
       case FileError::Replaced:
         return "another file has taken its place";
+      case FileError::Removed:
+        return "another program has removed it";
       case FileError::NotAFileName:
         return "this cannot be the name of a file in that folder";
     }
@@ -43,6 +45,8 @@ const char* StateText(FileState state) {
       return "The file does not exist and was not created.";
     case FileState::Removed:
       return "The unfinished new file was removed.";
+    case FileState::Gone:
+      return "The file no longer exists.";
     case FileState::Unconfirmed:
       return "Its old contents were restored, but the disk did not confirm them. Check the file.";
     case FileState::Damaged:

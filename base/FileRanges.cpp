@@ -26,7 +26,7 @@ class Save {
   std::error_code Create(std::error_code missing);
   std::error_code LookAtFile();
   std::error_code RememberOld();
-  std::error_code CheckPlace() const;
+  std::error_code CheckPlace();
   [[nodiscard]] FileState UndoCreate();
   [[nodiscard]] FileState UndoChange();
   std::error_code OpenAgain();
@@ -43,6 +43,7 @@ class Save {
   bool Attempted = false;  // a byte may have changed
   bool PutAnyBack = false;
   bool FlushFailed = false;
+  bool Gone = false;                             // when its place was checked
   FileState Unopened = FileState::Untouched;     // told of a file that could not be opened
   FileStatus Old;                                // of type None until it is known
   std::vector<std::vector<std::byte>> OldBytes;  // of each range, as far as the file reached
@@ -119,11 +120,12 @@ std::error_code Save::Replace() {
 }
 
 // The file at the path must still be the one that was written.
-std::error_code Save::CheckPlace() const {
+std::error_code Save::CheckPlace() {
   FileStatus there;
   if (std::error_code error = File.PathStatus(there)) return error;
-  const bool same = there.Type != FileType::None && there.Identity == Old.Identity;
-  return same ? std::error_code() : FileError::Replaced;
+  Gone = there.Type == FileType::None;
+  if (Gone) return FileError::Removed;
+  return there.Identity == Old.Identity ? std::error_code() : FileError::Replaced;
 }
 
 // Undoes whatever was done and tells the state of the file.
@@ -132,7 +134,8 @@ FileState Save::Undo() {
   if (Created) {
     state = UndoCreate();
   } else if (Attempted) {
-    state = UndoChange();
+    state = UndoChange();  // the file may live on under another name
+    if (Gone && !IsTorn(state)) state = FileState::Gone;
   }
   if (File.IsOpen()) static_cast<void>(File.Close());  // holds what it held before this
   return state;

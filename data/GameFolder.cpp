@@ -37,6 +37,10 @@ void Remember(const std::string& path) {
   }
 }
 
+void Forget(const std::string& path) {
+  std::erase_if(SeenFiles, [&](const SeenFile& file) { return IsSameFile(file.Path, path); });
+}
+
 std::string FolderOf(const std::string& fileName, const std::string& fileTitle) {
   return fileName.substr(0, fileName.size() - fileTitle.size());
 }
@@ -73,7 +77,11 @@ Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges ot
   const GameTables* known = seen == nullptr ? nullptr : &seen->Tables;
   const auto saved = kind == FileKind::GameExeFile ? WriteGameTables(fileName, Tables, known)
                                                    : WritePatchTables(fileName, Tables, known);
-  if (saved.Done()) Remember(fileName);
+  if (saved.Done()) {
+    Remember(fileName);
+  } else if (IsTorn(saved.Error().State)) {
+    Forget(fileName);  // what differs now is our own doing
+  }
   return saved;
 }
 

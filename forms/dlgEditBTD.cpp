@@ -155,7 +155,10 @@ void dlgEditBTD::OKButton_Click() {
   const bool isTheOneRead = AsRead && IsSameFile(*path, ReadPath);
   const auto save = [&](OthersChanges others) {
     const BtdFile* known = isTheOneRead && others == OthersChanges::Keep ? &*AsRead : nullptr;
-    return WriteBtd(*path, static_cast<std::uint8_t>(Map), VLTable, text, known);
+    auto saved = WriteBtd(*path, static_cast<std::uint8_t>(Map), VLTable, text, known);
+    // What then differs from what was read is our own doing.
+    if (isTheOneRead && !saved.Done() && IsTorn(saved.Error().State)) AsRead.reset();
+    return saved;
   };
   if (!SaveAndTell(*path, save)) return;
   VLText = text;

@@ -113,6 +113,20 @@ TEST_F(Taken, AFileRenamedOverIsNotCalledSavedAndTheOldOneGetsItsBytesBack) {
   EXPECT_EQ(Folder.Get("moved"), "old bytes");
 }
 
+TEST_F(Taken, AFileThatIsRemovedIsToldToBeGoneAndItsOtherNameKeepsTheOldBytes) {
+  Folder.Put("f", "old bytes");
+  std::filesystem::create_hard_link(Path, Folder / "other");
+  InjectedFault = [this](FileStep step, Moment moment, std::size_t&) {
+    if (step == FileStep::Write && moment == Moment::After) std::filesystem::remove(Path);
+    return std::error_code();
+  };
+  const std::string told = Told(Save());
+  EXPECT_EQ(told, Path +
+                      " could not be saved: another program has removed it. The file no longer "
+                      "exists.");
+  EXPECT_EQ(Folder.Get("other"), "old bytes");
+}
+
 TEST_F(Taken, ANewFileRenamedOverIsNotRemovedInItsPlace) {
   ReplaceAt(FileStep::Flush);
   const auto saved = Save();

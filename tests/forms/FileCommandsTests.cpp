@@ -209,6 +209,23 @@ TEST_F(LostUpdates, AGameCutShortIsLengthenedWithoutAWord) {
   EXPECT_EQ(session.Folder.Get("CC4.EXE").size(), 1201312U);
 }
 
+// The first range is written, and then nothing more, so that it cannot be put back.
+static void FailBehindTheFirstWrite() {
+  InjectedFault = [writes = 0](FileStep step, Moment moment, std::size_t&) mutable {
+    if (moment == Moment::After) return std::error_code();
+    const bool fails = step == FileStep::Flush || (step == FileStep::Write && writes++ > 0);
+    return fails ? std::make_error_code(std::errc::io_error) : std::error_code();
+  };
+}
+
+TEST_F(LostUpdates, AGameThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
+  StrMap[0].Left = 5;
+  FailBehindTheFirstWrite();
+  EXPECT_NE(SaveExe().at(0).find("DAMAGED"), std::string::npos);
+  InjectedFault = nullptr;
+  EXPECT_EQ(SaveExe(), Texts{});
+}
+
 TEST_F(LostUpdates, APatchFileSavedHereIsAskedAboutOnceItDiffers) {
   const Texts overwrite{"Overwrite file " + session.File("p.crv") + "?"};
   session.SavePatch("p.crv");
@@ -241,6 +258,20 @@ TEST_F(LostUpdates, ABtdFileChangedWhileItsDialogIsOpenIsAskedAbout) {
     EXPECT_TRUE(session.Messages[1].ends_with(" Save and lose those changes?"));
     EXPECT_EQ(session.Folder.Get(name), theirs);
     EXPECT_TRUE(dialog.IsOpen());
+  });
+}
+
+TEST_F(LostUpdates, ABtdFileThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
+  session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
+    Session::Type(dialog.txtVLName, "Ford");
+    session.Told();
+    FailBehindTheFirstWrite();
+    Press(dialog.OKButton);
+    InjectedFault = nullptr;
+    EXPECT_NE(session.Told().at(1).find("DAMAGED"), std::string::npos);
+    Press(dialog.OKButton);
+    EXPECT_EQ(session.Told().size(), 1U);  // whether to replace the file
+    EXPECT_FALSE(dialog.IsOpen());
   });
 }
 

@@ -61,6 +61,7 @@ bool IsTrue(FileState state, const std::optional<std::string>& old,
       return old && now == old;
     case FileState::NotCreated:
     case FileState::Removed:
+    case FileState::Gone:
       return !old && !now;
     case FileState::Damaged:
       return old && now && now != old;

@@ -14,12 +14,18 @@ enum class FileState {
   Unchanged,    // also after any failure of another action
   NotCreated,   // no file was there, and none is
   Removed,      // the file that the save had created is gone again
+  Gone,         // another program removed the file during the save
   Unconfirmed,  // the old bytes were put back, but the disk did not confirm them
   Damaged,      // the old bytes could not be put back
   NotRemoved,   // the unfinished file that the save had created is still there
   Unknown,      // what the file holds, or whether it exists, could not be found out
   Untouched,    // no file was looked for
 };
+
+/// True if a save left some of its own bytes in the file, so that it differs from what was there.
+[[nodiscard]] constexpr bool IsTorn(FileState state) {
+  return state == FileState::Damaged || state == FileState::NotRemoved;
+}
 
 struct Failure {
   FileAction Action = FileAction::Read;
@@ -33,6 +39,7 @@ struct Failure {
 enum class FileError {
   ChangedByAnother = 1,  // the bytes to be replaced are not those that were last read or written
   Replaced,              // another file has taken the place of the open one
+  Removed,               // no file stands in the place of the open one
   NotAFileName,          // a name that leads out of its folder or means a device
 };
 [[nodiscard]] std::error_code make_error_code(FileError error);
