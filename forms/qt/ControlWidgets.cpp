@@ -34,18 +34,48 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
   return font;
 }
 
+// True if a row changed.
+bool MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
+  const int missing = list.ListCount() - rows.rowCount();
+  if (missing < 0) rows.removeRows(list.ListCount(), -missing);
+  if (missing > 0) rows.insertRows(rows.rowCount(), missing);
+  bool changed = missing != 0;
+  for (int row = 0; row < list.ListCount(); ++row) {
+    const QModelIndex at = rows.index(row, 0);
+    const QString text = QString::fromStdString(list.List(row));
+    if (at.data() == text) continue;
+    rows.setData(at, text);
+    changed = true;
+  }
+  return changed;
+}
+
 // Its selected row is the control's. Of the mouse it knows a row that is pressed, no more, so that
 // nothing but a pick of another row takes the selection off a row.
 class RowList : public QListWidget {
  public:
-  RowList(QWidget* parent, ListBox& list) : QListWidget(parent), Shown(list) {}
+  RowList(QWidget* parent, ListBox& list) : QListWidget(parent), Shown(list) {
+    // By a screen reader, which goes past mouse and keyboard.
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+      if (!SelectsItself) PickRow(Shown, selectionModel()->selectedIndexes().value(0).row());
+    });
+  }
+
+  void Mirror() {
+    const QScopedValueRollback quiet(SelectsItself, true);
+    MirrorRows(Shown, *model());
+    setCurrentRow(Shown.ListIndex(), QItemSelectionModel::ClearAndSelect);
+  }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override { Do(*event, PickRow); }
   void mouseMoveEvent(QMouseEvent* event) override { Do(*event, PickRow); }
   void mouseDoubleClickEvent(QMouseEvent* event) override { Do(*event, DoubleClick); }
   void keyPressEvent(QKeyEvent* event) override {
-    QListWidget::keyPressEvent(event);
+    {
+      const QScopedValueRollback quiet(SelectsItself, true);
+      QListWidget::keyPressEvent(event);
+    }
     PickRow(Shown, currentRow());
   }
   // The list view's own would make a row the current one.
@@ -64,6 +94,7 @@ class RowList : public QListWidget {
   }
 
   ListBox& Shown;
+  bool SelectsItself = false;  // the change of the selected row that is going on is its own
 };
 
 // What the two kinds of text box do alike under different names.
@@ -163,28 +194,9 @@ ControlWidget Make(Button& button, QWidget* parent) {
   return {&button, widget, [] {}};
 }
 
-// True if a row changed.
-bool MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
-  const int missing = list.ListCount() - rows.rowCount();
-  if (missing < 0) rows.removeRows(list.ListCount(), -missing);
-  if (missing > 0) rows.insertRows(rows.rowCount(), missing);
-  bool changed = missing != 0;
-  for (int row = 0; row < list.ListCount(); ++row) {
-    const QModelIndex at = rows.index(row, 0);
-    const QString text = QString::fromStdString(list.List(row));
-    if (at.data() == text) continue;
-    rows.setData(at, text);
-    changed = true;
-  }
-  return changed;
-}
-
 ControlWidget Make(ListBox& list, QWidget* parent) {
   auto* view = new RowList(parent, list);
-  return {&list, view, [&list, view] {
-            MirrorRows(list, *view->model());
-            view->setCurrentRow(list.ListIndex(), QItemSelectionModel::ClearAndSelect);
-          }};
+  return {&list, view, [view] { view->Mirror(); }};
 }
 
 ControlWidget Make(ComboBox& combo, QWidget* parent) {

@@ -39,6 +39,32 @@ TEST(ScreenReader, HearsTheLabelOfAField) {
   });
 }
 
+// Selects a row, or takes the selection off it, as a screen reader does.
+void SelectByReader(const ListBox& list, int row, bool select = true) {
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(WidgetOf(list));
+  ASSERT_NE(told, nullptr);
+  QAccessibleTableInterface* table = told->tableInterface();
+  ASSERT_NE(table, nullptr);
+  select ? table->selectRow(row) : table->unselectRow(row);
+}
+
+TEST(ScreenReader, PicksARowOfAList) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    SelectByReader(form.lstRows, 3);
+    EXPECT_EQ(form.Told(), "rowdog ");
+    EXPECT_EQ(ScreenDifferences(form), "");
+    SelectByReader(form.lstRows, 3, false);
+    EXPECT_EQ(form.Told(), "");
+    EXPECT_EQ(ScreenDifferences(form), "");
+    form.txtNumber.SetText("x");
+    PressAt(form.txtNumber);
+    SelectByReader(form.lstRows, 1);
+    EXPECT_EQ(form.Told(), "refuse ");
+    EXPECT_EQ(ScreenDifferences(form), "");
+  });
+}
+
 // The platform of the tests has no bell either.
 TEST(Refusal, ShowsWhereThereIsNoBell) {
   TestForm form;
