@@ -1,22 +1,24 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <variant>
 
-#include "Driver.h"
 #include "TestForm.h"
+#include "display/PlayWhole.h"
 
 namespace corvane {
 namespace {
 
-// The events raised by a key, a press at a control or more, and where the keyboard is then.
+// What is done (a key, a press at a control or more), the events that it raises, and where the
+// keyboard is then.
 struct Step {
-  std::string Events, Focus;
   std::variant<const char*, const Control*, std::function<void()>> Do;
+  std::string Events, Focus;
 };
 
 void Check(TestForm& f, const std::vector<Step>& steps) {
   for (const Step& step : steps) {
-    const auto& [events, focus, act] = step;
+    const auto& [act, events, focus] = step;
     if (act.index() == 0) PressKey(std::get<0>(act));
     if (act.index() == 1) PressAt(*std::get<1>(act));
     if (act.index() == 2) std::get<2>(act)();
@@ -26,95 +28,185 @@ void Check(TestForm& f, const std::vector<Step>& steps) {
     EXPECT_EQ(f.Focused->Name, focus);
     EXPECT_EQ(ScreenDifferences(f), "");
     EXPECT_EQ(Seen(f.txtNumber), f.txtNumber.Text() == "x" ? "[x]" : f.txtNumber.Text());
-    EXPECT_FALSE(SeenPopup());
   }
+  EXPECT_FALSE(SeenPopup());
 }
 
-// Without a window the script would not be played, and nothing in it could fail.
-void PlayWhole(TestForm& f, const std::function<void()>& script) {
-  bool played = false;
-  Play(f, [&] { script(), played = true; });
-  EXPECT_TRUE(played);
-}
-
-// clang-format off
-TEST(Display, KeepsTheFocusInARefusedFieldAndLetsNothingReact) {
+struct Display : testing::Test {
+  void Play(const std::vector<Step>& steps) {
+    PlayWhole(f, [&] { Check(f, steps); });
+  }
   TestForm f;
-  f.txtNumber.SetText("x");
-  const char *no = "refuse ", *in = "txtNumber";
-  PlayWhole(f, [&] {
-    PressAt(f.txtNumber), PressKey("Tab"), f.Log = "";
-    Check(f, {{no, in, "Tab"}, {no, in, "Shift+Tab"}, {no, in, "Return"}, {no, in, "Alt+H"},
-              {no, in, &f.cboRows}, {no, in, &f.cmdHelp}, {no, in, &f.txtName},
-              {no, in, &f.txtLines}, {no, in, [&] { PressRow(f.lstRows, 2); }},
-              {no, in, [&] { PressScrollBar(f.lstRows); }},
-              {"refuse refuse ", in, [&] { DoubleClickRow(f.lstRows, 1); }},
-              {"", in, &f.Holder}, {"", in, &f.lblNote}, {"", in, &f.cmdOff}, {"", in, ClickEmptyArea},
-              {"file ", in, [&] { PressMenu(f.mnuFile), PressMenu(f.mnuFile); }},
-              {"unload ", in, PressCloseBox}, {"cancel ", in, "Esc"},
-              {"accept rowbee ", "lstRows", [&] { Type("1"), PressRow(f.lstRows, 1); }}});
-  });
+};
+
+// A field that refuses its text, and has said so once.
+struct RefusedField : Display {
+  void Play(const std::vector<Step>& steps) {
+    f.txtNumber.SetText("x");
+    PlayWhole(f, [&] {
+      PressAt(f.txtNumber);
+      PressKey("Tab");
+      f.Told();
+      Check(f, steps);
+    });
+  }
+};
+
+TEST_F(RefusedField, KeepsTheFocusAndLetsNothingReact) {
+  std::vector<Step> steps;
+  for (const char* key : {"Tab", "Shift+Tab", "Return", "Alt+H"})
+    steps.push_back({key, "refuse ", "txtNumber"});
+  for (const Control* control :
+       std::initializer_list<const Control*>{&f.cboRows, &f.cmdHelp, &f.txtName, &f.txtLines})
+    steps.push_back({control, "refuse ", "txtNumber"});
+  steps.push_back({[&] { PressRow(f.lstRows, 2); }, "refuse ", "txtNumber"});
+  steps.push_back({[&] { PressScrollBar(f.lstRows); }, "refuse ", "txtNumber"});
+  steps.push_back({[&] { DoubleClickRow(f.lstRows, 1); }, "refuse refuse ", "txtNumber"});
+  Play(steps);
 }
 
-TEST(Display, TurnsMouseAndKeysIntoEvents) {
-  TestForm f;
+TEST_F(RefusedField, IsNotAskedWhereTheFocusStays) {
+  const auto openAndShutMenu = [&] {
+    PressMenu(f.mnuFile);
+    PressMenu(f.mnuFile);
+  };
+  Play({{&f.Holder, "", "txtNumber"},
+        {&f.lblNote, "", "txtNumber"},
+        {&f.cmdOff, "", "txtNumber"},
+        {ClickEmptyArea, "", "txtNumber"},
+        {openAndShutMenu, "file ", "txtNumber"},
+        {PressCloseBox, "unload ", "txtNumber"},
+        {"Esc", "cancel ", "txtNumber"}});
+}
+
+TEST_F(RefusedField, IsLeftOnceItsTextIsAccepted) {
+  Play({{[] { Type("1"); }, "", "txtNumber"},
+        {[&] { PressRow(f.lstRows, 1); }, "accept rowbee ", "lstRows"}});
+}
+
+TEST_F(Display, PicksRowsOfAListByMouseAndKeys) {
+  Play({{"Tab", "", "lstFew"},
+        {"Shift+Tab", "", "lstRows"},
+        {"Down", "rowant ", "lstRows"},
+        {"End", "rowhen ", "lstRows"},
+        {"B", "rowbee ", "lstRows"},
+        {"Ctrl+Space", "", "lstRows"},
+        {[&] { PressRow(f.lstRows, 1); }, "", "lstRows"},
+        {[&] { PressRow(f.lstRows, 1, true); }, "", "lstRows"},
+        {[&] { PressRow(f.lstFew, 1); }, "", "lstFew"},  // below its rows
+        {[&] { DoubleClickRow(f.lstRows, 2); }, "rowcat doublecat ", "lstRows"},
+        {[&] { PressRow(f.lstRows, 3); }, "rowdog ", "lstRows"},
+        {"Return", "ok ", "lstRows"}});
+}
+
+TEST_F(Display, PicksRowsOfAComboBoxByMouseKeysAndWheel) {
+  const auto dropAndPick = [&] {
+    PressAt(f.cboRows);
+    PressKey("Home");
+    PressKey("Return");
+  };
+  const auto dropAndCancel = [] {
+    PressKey("Alt+Down");
+    PressKey("Down");
+    PressKey("Esc");
+  };
+  Play({{[&] { TurnWheel(f.cboRows); }, "", "lstRows"},
+        {dropAndPick, "comboant ", "cboRows"},
+        {dropAndCancel, "", "cboRows"},
+        {"Down", "combobee ", "cboRows"},
+        {"F", "combofox ", "cboRows"},
+        {[&] { TurnWheel(f.cboRows); }, "combognu ", "cboRows"}});
+}
+
+TEST_F(Display, PressesButtonsByMouseAndKeys) {
+  Play({{"Alt+H", "help ", "cmdHelp"},
+        {"Space", "help ", "cmdHelp"},
+        {"Return", "help ", "cmdHelp"},
+        {"Up", "", "cmdHelp"},
+        {&f.cmdOK, "ok ", "cmdOK"},
+        {&f.txtLines, "", "txtLines"},
+        {"Return", "ok ", "txtLines"}});
+}
+
+TEST_F(Display, ChoosesMenuItemsByMouseAndKeys) {
   const auto openInVain = [&] {
     PressMenu(f.mnuFile);
     EXPECT_FALSE(SeenEnabled(f.mnuSave));
-    PressItem(f.mnuSave), ClickEmptyArea();  // which closes the menu
+    PressItem(f.mnuSave);
+    ClickEmptyArea();  // which closes the menu
   };
-  PlayWhole(f, [&] {
-    Check(f, {
-        {"", "lstFew", "Tab"}, {"", "lstRows", "Shift+Tab"}, {"rowant ", "lstRows", "Down"},
-        {"rowhen ", "lstRows", "End"}, {"rowbee ", "lstRows", "B"}, {"", "lstRows", "Ctrl+Space"},
-        {"", "lstRows", [&] { PressRow(f.lstRows, 1), PressRow(f.lstRows, 1, true); }},
-        {"", "lstFew", [&] { PressRow(f.lstFew, 1); }},  // below its rows
-        {"rowcat doublecat ", "lstRows", [&] { DoubleClickRow(f.lstRows, 2); }},
-        {"", "lstRows", [&] { TurnWheel(f.cboRows); }},
-        {"comboant ", "cboRows", [&] { PressAt(f.cboRows), PressKey("Home"), PressKey("Return"); }},
-        {"", "cboRows", [] { PressKey("Alt+Down"), PressKey("Down"), PressKey("Esc"); }},
-        {"combobee ", "cboRows", "Down"}, {"combofox ", "cboRows", "F"},
-        {"combognu ", "cboRows", [&] { TurnWheel(f.cboRows); }}, {"help ", "cmdHelp", "Alt+H"},
-        {"help ", "cmdHelp", "Space"}, {"help ", "cmdHelp", "Return"}, {"", "cmdHelp", "Up"},
-        {"ok ", "cmdOK", &f.cmdOK}, {"", "txtLines", &f.txtLines}, {"ok ", "txtLines", "Return"},
-        {"rowdog ok ", "lstRows", [&] { PressRow(f.lstRows, 3), PressKey("Return"); }},
-        {"file ", "lstRows", openInVain},
-        {"file save ", "lstRows", [&] { PressMenu(f.mnuFile), PressItem(f.mnuSave); }},
-        {"file ", "lstRows", "Ctrl+S"}, {"file save ", "lstRows", "Ctrl+S"},
-        {"file ", "lstRows", [] { PressKey("Alt+F"), PressKey("Esc"), PressKey("Esc"); }}});
-    EXPECT_EQ(Seen(f.lstFew), "");
-  });
+  const auto choose = [&] {
+    PressMenu(f.mnuFile);
+    PressItem(f.mnuSave);
+  };
+  const auto openByKeys = [] {
+    PressKey("Alt+F");
+    PressKey("Esc");
+    PressKey("Esc");
+  };
+  Play({{openInVain, "file ", "lstRows"},
+        {choose, "file save ", "lstRows"},
+        {"Ctrl+S", "file ", "lstRows"},
+        {"Ctrl+S", "file save ", "lstRows"},
+        {openByKeys, "file ", "lstRows"}});
 }
-// clang-format on
 
-TEST(Display, ShowsWhatBecomesOfATextAndSparesTheRest) {
-  const std::string odd = "\x01\t\x0b\x0c \xC2\xA0\xC2\x81\xC3\xBF~";  // none may be lost
-  TestForm f;
-  f.txtNumber.SetText(odd), f.txtName.SetText("beyond"), f.txtLines.SetText("1\r2\n3\r\n" + odd);
+const std::string Odd = "\x01\t\x0b\x0c \xC2\xA0\xC2\x81\xC3\xBF~";  // none may be lost
+
+TEST_F(Display, CorrectsWhatIsTypedInSightOfTheUser) {
   PlayWhole(f, [&] {
-    PressAt(f.txtName), PressKey("End"), Type("s");
-    EXPECT_EQ(Seen(f.txtName), "beyond");
-    f.txtName.SetText(""), PressKey("Tab"), PressKey("Shift+Tab"), f.Log = "";
-    Type("a"), PressKey("Home"), Type("\xE6\xBC\xA2ZYXW");
-    EXPECT_EQ(f.Log + Seen(f.txtName), "namea name?a name?Za name?ZYa name?ZYXa ?ZYXa");
-    for (const auto& [key, text] : {std::pair("Ctrl+Z", "a"), std::pair("Ctrl+Z", ""),
-                                    std::pair("Ctrl+Y", "a"), std::pair("Ctrl+Y", "?ZYXa")}) {
+    PressAt(f.txtName);
+    Type("a");
+    PressKey("Home");
+    Type("\xE6\xBC\xA2ZYXW");
+    EXPECT_EQ(f.txtName.Text(), "?ZYXa");
+    EXPECT_EQ(Seen(f.txtName), "?ZYXa");
+    EXPECT_EQ(f.Told(), "namea name?a name?Za name?ZYa name?ZYXa ");
+    const std::pair<const char*, const char*> keys[] = {
+        {"Ctrl+Z", "a"}, {"Ctrl+Z", ""}, {"Ctrl+Y", "a"}, {"Ctrl+Y", "?ZYXa"}};
+    for (const auto& [key, text] : keys) {
       PressKey(key);
       EXPECT_EQ(f.txtName.Text(), text);
       EXPECT_EQ(Seen(f.txtName), text);
     }
-    PressAt(f.txtNumber), PressKey("End"), Type("1");
-    EXPECT_EQ(f.txtNumber.Text(), odd + "1");
-    PressAt(f.txtLines), PressKey("Ctrl+Home"), Type("0"), PressKey("Ctrl+Return");
-    EXPECT_EQ(f.txtLines.Text(), "0\r\n1\r2\n3\r\n" + odd);
-    EXPECT_EQ(Seen(f.txtLines), "0\n1\n2\n3\n" + odd);
-    Type("AB");  // one more than the limit takes
-    EXPECT_EQ(Seen(f.txtLines), "0\nA1\n2\n3\n" + odd);
   });
 }
 
-TEST(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
-  TestForm f;
+TEST_F(Display, ShowsATextLongerThanTheLimitWhole) {
+  f.txtName.SetText("beyond");
+  PlayWhole(f, [&] {
+    PressAt(f.txtName);
+    PressKey("End");
+    Type("s");
+    EXPECT_EQ(Seen(f.txtName), "beyond");
+  });
+}
+
+TEST_F(Display, SparesTheRestOfALine) {
+  f.txtNumber.SetText(Odd);
+  PlayWhole(f, [&] {
+    PressAt(f.txtNumber);
+    PressKey("End");
+    Type("1");
+    EXPECT_EQ(f.txtNumber.Text(), Odd + "1");
+  });
+}
+
+TEST_F(Display, SparesTheRestOfSeveralLines) {
+  f.txtLines.SetText("1\r2\n3\r\n" + Odd);
+  PlayWhole(f, [&] {
+    PressAt(f.txtLines);
+    PressKey("Ctrl+Home");
+    Type("0");
+    PressKey("Ctrl+Return");
+    EXPECT_EQ(f.txtLines.Text(), "0\r\n1\r2\n3\r\n" + Odd);
+    EXPECT_EQ(Seen(f.txtLines), "0\n1\n2\n3\n" + Odd);
+    Type("AB");  // one more than the limit takes
+    EXPECT_EQ(Seen(f.txtLines), "0\nA1\n2\n3\n" + Odd);
+  });
+}
+
+TEST_F(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
   f.cmdOK.Click = [&] {
     f.lstRows.Clear();
     for (const char* row : {"dog", "ant"}) f.lstRows.AddItem(row);
@@ -127,7 +219,11 @@ TEST(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
     f.lstFew.SetEnabled(false);
   };
   PlayWhole(f, [&] {
-    PressRow(f.lstRows, 3), PressAt(f.cboRows), PressKey("Home"), PressKey("Return"), PressKey("F");
+    PressRow(f.lstRows, 3);
+    PressAt(f.cboRows);
+    PressKey("Home");
+    PressKey("Return");
+    PressKey("F");
     EXPECT_EQ(f.cboRows.Text(), "fox");
     EXPECT_EQ(ScreenDifferences(f), "");
     PressAt(f.cmdOK);
@@ -147,8 +243,8 @@ void Disturb(TestForm& f) {
   EXPECT_TRUE(f.IsOpen());
 }
 
-TEST(Display, HearsAnyoneOnlyInTheTopmostWindow) {
-  TestForm f, dialog;
+TEST_F(Display, HearsAnyoneOnlyInTheTopmostWindow) {
+  TestForm dialog;
   int disturbed = 0;
   dialog.Caption = "Dialog";
   dialog.cmdCancel.Click = [&] { dialog.Unload(); };
@@ -174,8 +270,7 @@ TEST(Display, HearsAnyoneOnlyInTheTopmostWindow) {
   });
 }
 
-TEST(Display, AsksBeforeTheSessionEnds) {
-  TestForm f;
+TEST_F(Display, AsksBeforeTheSessionEnds) {
   PlayWhole(f, [&] {
     EndSessionFromOutside();
     EXPECT_EQ(f.Told(), "unload ");
@@ -186,39 +281,67 @@ TEST(Display, AsksBeforeTheSessionEnds) {
   });
 }
 
-TEST(Display, ShowsMessagesWholeOverTheStateOfTheirMoment) {
-  const std::string lines(400, '\n'), letters(2000, 'w'), yes = "nameset yes ", no = "nameset no ";
-  const std::vector<std::vector<std::string>> cases = {
-      {"?", "Return", yes}, {"?", "Y", yes}, {lines, "Esc", no}, {letters, "N", no}};
-  for (const std::vector<std::string>& texts : cases) {
-    TestForm f;
-    f.cmdOK.Click = [&] { f.txtName.SetText("set"), f.Log += Ask(texts[0]) ? "yes " : "no "; };
-    const auto answer = [&] {
-      const ShownMessage seen = SeenMessage();
-      EXPECT_EQ(seen.Title + seen.Buttons + seen.Text, "CorvaneYes No " + texts[0]);
-      EXPECT_TRUE(seen.OnScreen && Seen(f.txtName) == "set") << texts[0];
-      PressKey(texts[1]);
-    };
-    PlayWhole(f, [&] { WhenNext(answer), Check(f, {{texts[2], "cmdOK", &f.cmdOK}}); });
-  }
-}
+struct Question : testing::TestWithParam<std::pair<std::string, const char*>> {};
+INSTANTIATE_TEST_SUITE_P(, Question,
+                         testing::Values(std::pair("?", "Return"), std::pair("?", "Y"),
+                                         std::pair(std::string(400, '\n'), "Esc"),
+                                         std::pair(std::string(2000, 'w'), "N")));
 
-TEST(Display, RunsADialogUntilItIsUnloadedAndEndsWithNoQuestion) {
-  TestForm f, dialog;
-  f.cmdOK.Click = [&] { dialog.ShowModal(), f.txtName.SetText("back"); };
-  dialog.cmdCancel.Click = [&] { dialog.Unload(); };
-  const auto leave = [&] {
-    Check(dialog, {{"unload ", "lstRows", "Esc"}});
-    dialog.QueryUnload = [&] { return f.Log += "left ", true; };
-    PressKey("Esc");
+TEST_P(Question, IsShownWholeOverTheStateOfItsMoment) {
+  const auto& [text, key] = GetParam();
+  const bool yes = key == std::string("Return") || key == std::string("Y");
+  TestForm f;
+  std::optional<bool> answer;
+  f.cmdOK.Click = [&] {
+    f.txtName.SetText("set");
+    answer = Ask(text);
   };
   PlayWhole(f, [&] {
-    WhenNext(leave), Check(f, {{"left nameback ", "lstRows", "Return"}});
-    EXPECT_EQ(Seen(f.txtName), "back");
-    dialog.cmdCancel.Click = [&] { f.Log += "end ", EndProgram(); };
-    WhenNext([] { PressKey("Esc"); }), PressAt(f.cmdOK);
+    WhenNext([&] {
+      const ShownMessage seen = SeenMessage();
+      EXPECT_EQ(seen.Title, "Corvane");
+      EXPECT_EQ(seen.Buttons, "Yes No ");
+      EXPECT_EQ(seen.Text, text);
+      EXPECT_TRUE(seen.OnScreen);
+      EXPECT_EQ(Seen(f.txtName), "set");
+      PressKey(key);
+    });
+    PressAt(f.cmdOK);
+    EXPECT_EQ(SeenFocus(), "cmdOK");
   });
-  EXPECT_EQ(f.Log, "end ");
+  EXPECT_EQ(answer, yes);
+}
+
+TEST_F(Display, RunsADialogUntilItIsUnloaded) {
+  TestForm dialog;
+  f.cmdOK.Click = [&] {
+    dialog.ShowModal();
+    f.txtName.SetText("back");
+  };
+  dialog.cmdCancel.Click = [&] { dialog.Unload(); };
+  PlayWhole(f, [&] {
+    WhenNext([&] {
+      Check(dialog, {{"Esc", "unload ", "lstRows"}});  // refused
+      EXPECT_EQ(f.txtName.Text(), "");
+      dialog.QueryUnload = [] { return true; };
+      PressKey("Esc");
+    });
+    PressKey("Return");
+    EXPECT_EQ(Seen(f.txtName), "back");
+    EXPECT_EQ(SeenFocus(), "lstRows");
+  });
+}
+
+TEST_F(Display, EndsWithNoQuestion) {
+  TestForm dialog;
+  f.cmdOK.Click = [&] { dialog.ShowModal(); };
+  dialog.cmdCancel.Click = [] { EndProgram(); };
+  PlayWhole(f, [&] {
+    WhenNext([] { PressKey("Esc"); });
+    PressAt(f.cmdOK);
+  });
+  EXPECT_EQ(f.Told(), "");
+  EXPECT_EQ(dialog.Told(), "");
 }
 
 }  // namespace

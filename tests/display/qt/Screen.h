@@ -6,20 +6,10 @@
 #include <QtWidgets>
 #include <functional>
 
-#include "Driver.h"
 #include "TestForm.h"
+#include "display/PlayWhole.h"
 
 namespace corvane {
-
-/// Plays a script in the test form's window; without a window nothing in it could fail.
-inline void PlayWhole(TestForm& form, const std::function<void()>& script) {
-  bool played = false;
-  Play(form, [&] {
-    script();
-    played = true;
-  });
-  EXPECT_TRUE(played);
-}
 
 inline QWidget* MainWindow() {
   for (QWidget* window : QApplication::topLevelWidgets()) {

@@ -8,17 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "Driver.h"
 #include "TestForm.h"
+#include "display/PlayWhole.h"
 
 namespace corvane {
-
-/// Plays a script in the form's window; without a window nothing in it could fail.
-inline void PlayWhole(Form& form, const std::function<void()>& script) {
-  bool played = false;
-  Play(form, [&] { script(), played = true; });
-  EXPECT_TRUE(played);
-}
 
 inline HWND WidgetOf(const Control& control) {
   return GetDlgItem(GetActiveWindow(), control.TabIndex);

@@ -1,5 +1,6 @@
 #include <QtTest>
 #include <QtWidgets>
+#include <algorithm>
 #include <csignal>
 
 #include "Driver.h"
@@ -98,12 +99,20 @@ void Type(const std::string& text) {
   }
 }
 
+// A mnemonic shows its button's press for a while ahead of the click.
+static bool AnyButtonIsDown() {
+  return std::ranges::any_of(QApplication::allWidgets(), [](const QWidget* widget) {
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    return button && button->isDown();
+  });
+}
+
 void PressKey(const std::string& key) {
   const QString name = key == "Shift+Tab" ? "Shift+Backtab" : QString::fromStdString(key);
   const QKeyCombination struck = QKeySequence(name)[0];
   QTest::keyClick(Top()->windowHandle(), struck.key(), struck.keyboardModifiers());
-  QTest::qWait(key.starts_with("Alt") ? 250
-                                      : 0);  // a mnemonic shows its button's press for a while
+  QApplication::processEvents();
+  static_cast<void>(QTest::qWaitFor([] { return !AnyButtonIsDown(); }));
 }
 
 void TurnWheel(const Control& control) {

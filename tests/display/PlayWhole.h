@@ -1,0 +1,21 @@
+// Plays a script in a form's window, and fails the test that asked for it if no window came.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "Driver.h"
+
+namespace corvane {
+
+inline void PlayWhole(Form& form, const std::function<void()>& script) {
+  bool played = false;
+  Play(form, [&] {
+    script();
+    played = true;
+  });
+  EXPECT_TRUE(played);
+}
+
+}  // namespace corvane
