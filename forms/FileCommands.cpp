@@ -2,7 +2,6 @@
 
 #include "Saving.h"
 #include "base/FolderScan.h"
-#include "base/LetterCase.h"
 #include "data/GameFolder.h"
 #include "data/StrategicTables.h"
 #include "data/TableImages.h"
@@ -13,6 +12,8 @@ namespace corvane {
 namespace {
 
 constexpr char PatchFilter[] = "Corvane Patch Files (*.crv)|*.crv";
+
+bool GameIsOpen() { return KindOfFile(OpenedFile) == FileKind::GameExeFile; }
 
 // True if the tables may be written; otherwise the findings have been shown.
 bool TablesAreSound() {
@@ -29,7 +30,7 @@ void Save(const std::string& path, FileKind kind) {
 }  // namespace
 
 void Form1::mnuFile_Click() {
-  mnuFileSave.Enabled = ToUpper(OpenedFile) == GameExeName;
+  mnuFileSave.Enabled = GameIsOpen();
   mnuFileSavePatch.Enabled = !GamePath.empty();
 }
 
@@ -61,7 +62,8 @@ void Form1::mnuFileOpen_Click() {
 }
 
 void Form1::mnuFileSave_Click() {
-  if (!TablesAreSound()) return;
+  // Since its menu was last opened, the item's state may have grown old.
+  if (!GameIsOpen() || !TablesAreSound()) return;
   const std::string path = OpenedExePath();
   if (!Ask("This will directly modify the file " + path +
            ". If there are errors in the changes you have made, the game will almost certainly "

@@ -76,6 +76,17 @@ TEST_F(FileCommands, OfferAPatchFileOnlyWhereTheGameHasAFolder) {
   EXPECT_TRUE(main.mnuFileSave.Enabled);
 }
 
+// Its menu had last been opened with a game open, and no one has to open it to choose the item: a
+// screen reader can do without.
+TEST_F(FileCommands, WriteNoPatchFileAsAGame) {
+  session.Folder.Put("p.crv", PatchBytes(MakeSampleGame().Tables));
+  OpenMenu(main.mnuFile);
+  OpenedFile = "p.crv";
+  Choose(main.mnuFileSave);
+  EXPECT_EQ(session.Told(), Texts{});
+  EXPECT_EQ(session.Folder.Get("p.crv").size(), 11212U);
+}
+
 TEST_F(FileCommands, FillEveryListAnewOnASecondOpen) {
   session.OpenFile("CC4.EXE");
   EXPECT_EQ(main.lstMaps.ListCount(), 43);
