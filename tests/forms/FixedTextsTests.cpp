@@ -1,5 +1,6 @@
 // The long texts of the program, stated here a second time.
 #include "Session.h"
+#include "rules/ConnectionEditing.h"
 
 using namespace corvane;
 
@@ -33,6 +34,14 @@ TEST(FixedTexts, OfTheQuestionAheadOfClearingASlot) {
   session.Answer = MessageAnswer::No;
   session.Main.cmdDelete.Click();
   EXPECT_EQ(session.Told(), Texts{DeleteQuestion});
+}
+
+TEST(FixedTexts, OfTheQuestionAheadOfDeletingAConnection) {
+  EXPECT_EQ(ConnectionDeletePrompt("000 A.btd", "001 B.btd"),
+            "Are you sure you want to delete the connection from map 000 A.btd to map 001 B.btd?  "
+            "Note: You must manually delete the connection in the opposite direction, if one "
+            "exists. The victory location that represents this connection will not be deleted. "
+            "Edit the BTD file to correct the victory location.");
 }
 
 TEST(FixedTexts, OfTheNoteInAddConnection) {

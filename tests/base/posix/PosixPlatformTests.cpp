@@ -12,6 +12,13 @@
 
 using namespace corvane;
 
+// The tests never read the home of whoever runs them.
+struct NoHome : testing::Environment {
+  void SetUp() override { ::setenv("HOME", "/nowhere", 1); }
+};
+static const testing::Environment* const WithoutHome =
+    testing::AddGlobalTestEnvironment(new NoHome);
+
 // Of both views the one of 32-bit programs counts.
 static const std::string Key =
     R"([Software\\Wow6432Node\\Strategic Simulations Inc.\\Close Combat\\4.00] 9
@@ -46,48 +53,88 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
   EXPECT_EQ(openFiles(), openBefore);
 }
 
-TEST(WineRegistry, ReadsEveryFormAndTurnsPathsIntoFolders) {
-  const std::string twin = R"(
+// A home folder with a prefix whose game stands in C:\SSI\CC4.
+struct WineRegistry : testing::Test {
+  WineRegistry() {
+    ::setenv("HOME", Home.Path.c_str(), 1);
+    Home.Put(".wine/drive_c/Ssi/cc4/CC4.EXE");
+    std::filesystem::create_directory(Home.Path / ".wine/dosdevices");
+    std::filesystem::create_symlink("../drive_c", Home.Path / ".wine/dosdevices/c:");
+  }
+  using Value = std::optional<std::string>;
+  // What the value reads as in this form, ahead of the plain view of the key.
+  Value Read(const std::string& form) const {
+    Home.Put(".wine/system.reg", Key + form + R"(
 [SOFTWARE\\strategic simulations inc.\\close combat\\4.00]
  "INSTALLEDTO" = "twin"
 [x]
-"InstalledTo"="x")";
-  const TestFolder home;
-  ::setenv("HOME", home.Path.c_str(), 1);
+"InstalledTo"="x")");
+    return ReadInstallPath();
+  }
+  const TestFolder Home;
+};
+
+static const std::string Escapes = R"("\x00412\x4e2d\1012\1\"\t\q\xg\\\xe000\x0800")";
+
+TEST_F(WineRegistry, GivesNothingWithoutAPrefixOrAHome) {
   EXPECT_EQ(ReadInstallPath(), std::nullopt);
-  home.Put(".wine/drive_c/Ssi/cc4/CC4.EXE");
-  std::filesystem::create_directory(home.Path / ".wine/dosdevices");
-  std::filesystem::create_symlink("../drive_c", home.Path / ".wine/dosdevices/c:");
-  const std::string drives = home / ".wine/dosdevices/", drive = drives + "c:", wide(1023, 'w');
+  ::unsetenv("HOME");
+  EXPECT_EQ(ReadInstallPath(), std::nullopt);
+}
+
+TEST_F(WineRegistry, ReadsEveryFormOfAText) {
+  const std::pair<std::string, Value> rows[] = {
+      {R"("")", ""},
+      {R"("one\0two")", "one"},
+      {R"("cut)", "twin"},
+      {"\"\xC3\xA4\xFF\uFFFF\U00010000😀\"", "ä?\uFFFF\U00010000😀"},
+      {Escapes, "A2中A2\1\"\tqxg\\\uE000\u0800"},
+      {R"("\xd800\xd800\xdc00\xdc00\xdfff\xdbff\xdfff")", "?\U00010000??\U0010FFFF"},
+      {R"(str(2):"%x%")", "%x%"},
+      {"dword:44434241", "ABCD"},
+      {"hex(1):41, 00,e4,00,7", "Aä"},
+      {"hex(2):41,\\\n  00,2d,4e", "A中"},
+      {"hex(a0):80", "€"},
+      {"hex(7):41,00", "A"},
+      {"hex(g):80", "twin"},
+      {"hex:41,e4,00,42", "Aä"},
+      {"hex:41,\\", "twin"}};
+  for (const auto& [form, value] : rows) EXPECT_EQ(Read(form), value) << form;
+}
+
+TEST_F(WineRegistry, GivesNothingThatIsTooLong) {
+  const std::string wide(1023, 'w');
   std::string hex = "hex(1):77,00";
   for (int i = 1; i < 1024; ++i) hex += i % 16 ? ",77,00" : ",77,\\\r\n  00";
-  const std::string escapes = R"("\x00412\x4e2d\1012\1\"\t\q\xg\\\xe000\x0800")",
-                    halves = R"("\xd800\xd800\xdc00\xdc00\xdfff\xdbff\xdfff")";
-  // clang-format off
-  const std::pair<std::string, std::optional<std::string>> rows[] = {
-      {R"("")", ""}, {R"("one\0two")", "one"}, {R"("cut)", "twin"},
-      {"\"\xC3\xA4\xFF\uFFFF\U00010000😀\"", "ä?\uFFFF\U00010000😀"},
-      {escapes, "A2中A2\1\"\tqxg\\\uE000\u0800"}, {halves, "?\U00010000??\U0010FFFF"},
-      {R"(str(2):"%x%")", "%x%"}, {"dword:44434241", "ABCD"}, {"hex(1):41, 00,e4,00,7", "Aä"},
-      {"hex(2):41,\\\n  00,2d,4e", "A中"}, {"hex(a0):80", "€"}, {"hex(g):80", "twin"},
-      {"hex:41,e4,00,42", "Aä"}, {"hex:41,\\", "twin"}, {'"' + wide + '"', wide},
-      {'"' + wide + "w\"", std::nullopt}, {hex, wide + 'w'}, {hex + ",77,00", std::nullopt},
-      {R"("C:")", drive}, {R"("C:\\SSI\\CC4")", drive + "/Ssi/cc4"},
-      {R"("c:\\ssi\\\\cc4\\")", drive + "/Ssi//cc4/"},
-      {R"("C:\\SSI\\No\\CC4")", drive + "/Ssi/No/CC4"}, {R"("Z:/a")", drives + "z:/a"},
-      {R"("A:")", drives + "a:"}, {R"("a:")", drives + "a:"}, {R"("@:")", "@:"}};
-  // clang-format on
-  for (const auto& [form, value] : rows) {
-    home.Put(".wine/system.reg", Key + form + twin);
-    EXPECT_EQ(ReadInstallPath(), value) << form.substr(0, 60);
-  }
-  const std::string view = R"(Software\Wow6432Node\Strategic Simulations Inc.\Close Combat\4.00\)";
-  ASSERT_TRUE(FindRegistryValue(Key + escapes, view, InstallValue));
-  for (std::size_t size = 0; size < (Key + escapes).size(); ++size)
-    EXPECT_FALSE(FindRegistryValue((Key + escapes).substr(0, size), view, InstallValue)) << size;
-  EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", view, InstallValue));
-  std::filesystem::resize_file(home.Path / ".wine/system.reg", (16 << 20) + 1);
+  EXPECT_EQ(Read('"' + wide + '"'), wide);
+  EXPECT_EQ(Read('"' + wide + "w\""), std::nullopt);
+  EXPECT_EQ(Read(hex), wide + 'w');
+  EXPECT_EQ(Read(hex + ",77,00"), std::nullopt);
+  std::filesystem::resize_file(Home.Path / ".wine/system.reg", (16 << 20) + 1);
   EXPECT_EQ(ReadInstallPath(), std::nullopt) << "of a huge file";
+}
+
+TEST_F(WineRegistry, TurnsPathsOfWindowsIntoFolders) {
+  const std::string drives = Home / ".wine/dosdevices/";
+  const std::pair<const char*, std::string> rows[] = {
+      {R"("C:")", drives + "c:"},
+      {R"("C:\\SSI\\CC4")", drives + "c:/Ssi/cc4"},
+      {R"("c:\\ssi\\\\cc4\\")", drives + "c:/Ssi//cc4/"},
+      {R"("C:\\SSI\\No\\CC4")", drives + "c:/Ssi/No/CC4"},
+      {R"("Z:/a")", drives + "z:/a"},
+      {R"("A:")", drives + "a:"},
+      {R"("a:")", drives + "a:"},
+      {R"("@:")", "@:"}};
+  for (const auto& [form, folder] : rows) EXPECT_EQ(Read(form), folder) << form;
+}
+
+TEST_F(WineRegistry, FindsNoValueThatIsCutShort) {
+  const std::string view = R"(Software\Wow6432Node\Strategic Simulations Inc.\Close Combat\4.00\)";
+  const std::string whole = Key + Escapes;
+  ASSERT_TRUE(FindRegistryValue(whole, view, InstallValue));
+  for (std::size_t size = 0; size < whole.size(); ++size)
+    EXPECT_FALSE(FindRegistryValue(whole.substr(0, size), view, InstallValue)) << size;
+  EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", view, InstallValue));
 }
 
 TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
