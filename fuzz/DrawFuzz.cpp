@@ -44,8 +44,7 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   Tables = TablesOf(layer);
   VLDest = layer.Destinations;
   MapRows = layer.Rows;
-  Picture picture{input.substr(0, 30), &layer, &SampleOnce(), input.substr(0, 9),
-                  FindingsOf(layer)};
+  Picture picture{input.substr(0, 30), &layer, &SampleOnce(), input.substr(0, 9), FindingMarks()};
   for (const Mark& mark : WarningsOf(layer)) picture.Found.push_back(mark);
   if (picture.Found.size() > 200) picture.Found.resize(200);  // more of them, not others
   Require(Xml(DrawPage(picture, Reload::Never)).Fault.empty(), "a page is well-formed");

@@ -15,7 +15,7 @@ std::string Spell(const JsonDocument& document) {
 }
 
 void RequireFaithful(const std::string& json) {
-  const Outcome<JsonDocument> read = ParseJson(json);
+  const auto read = ParseJson(json);
   Require(read.Done(), "what was written can be read");
   Require(Spell(*read) == json, "what was read is written alike");
 }
@@ -41,8 +41,8 @@ void RequireHarmless(const std::string& listing) {
 }  // namespace
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
-  const Outcome<JsonDocument> read = ParseJson(input);
-  Require(read.Done() || read.Reason().starts_with('/'), "a fault is told with its place");
+  const auto read = ParseJson(input);
+  Require(read.Done() || read.Error().starts_with('/'), "a fault is told with its place");
   if (read.Done()) RequireFaithful(Spell(*read));
   const Layer layer = LayerOf(input);
   folder.Put("a.btd", input);

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "data/MapCatalogue.h"
 #include "data/StrategicTables.h"
@@ -15,19 +16,40 @@ constexpr std::int32_t MaxY = 600;
 
 constexpr std::size_t UsualMaxLength = std::size_t{64} << 10;  // bytes; fits 554 findings
 
-void Add(std::string& findings, std::string_view piece) { findings += piece; }
+constexpr std::string_view LineBreak = "\r\n";
 
-void Add(std::string& findings, std::int32_t number) {
+void Add(std::string& text, std::string_view piece) { text += piece; }
+
+void Add(std::string& text, std::int32_t number) {
   char digits[12];
-  findings.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
+  text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
 }
 
-template <class... Pieces>
-void Append(std::string& findings, const Pieces&... pieces) {
-  if (findings.empty()) findings.reserve(UsualMaxLength);
-  Add(findings, "\r\n");
-  (Add(findings, pieces), ...);
-}
+/// Where the findings go. Their places are kept only for those who ask.
+struct Report {
+  std::string Text{};
+  std::vector<Finding>* Lines = nullptr;
+
+  template <class... Pieces>
+  void OfMap(int map, const Pieces&... pieces) {
+    Append({.Map = map}, pieces...);
+  }
+  template <class... Pieces>
+  void OfArrow(int arrow, const Pieces&... pieces) {
+    Append({.Arrow = arrow}, pieces...);
+  }
+
+ private:
+  template <class... Pieces>
+  void Append(Finding finding, const Pieces&... pieces) {
+    if (Text.empty()) Text.reserve(UsualMaxLength);
+    Add(Text, LineBreak);
+    finding.Start = Text.size();
+    (Add(Text, pieces), ...);
+    finding.Length = Text.size() - finding.Start;
+    if (Lines != nullptr) Lines->push_back(finding);
+  }
+};
 
 bool PositionFits(std::int32_t x, std::int32_t y) {
   return x >= 0 && x <= MaxX && y >= 0 && y <= MaxY;
@@ -43,50 +65,62 @@ bool HasExitTo(int map, int destination) {
 }
 
 // A destination that names no map slot reads as a connection that is missing.
-void CheckExit(std::string& findings, int map, int vl) {
+void CheckExit(Report& report, int map, int vl) {
   const std::int32_t to = VLDest(map, vl);
   if (to == OffMap || to == NotAnExit) return;
   if (MapConnections(map, to) == NoConnection) {
-    Append(findings, "No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
-           " via VL", vl);
+    report.OfMap(map, "No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
+                 " via VL", vl);
   } else if (MapConnections(to, map) == NoConnection) {
-    Append(findings, "No reciprocating STRARROW defined for link from ", map, " to map ", to);
+    report.OfMap(map, "No reciprocating STRARROW defined for link from ", map, " to map ", to);
   } else if (!HasExitTo(to, map)) {
-    Append(findings, "No reciprocating BTD link defined for connection from map ", MapRow(map),
-           " to map ", MapRow(to));
+    report.OfMap(map, "No reciprocating BTD link defined for connection from map ", MapRow(map),
+                 " to map ", MapRow(to));
   }
 }
 
-void CheckTile(std::string& findings, int map) {
+void CheckTile(Report& report, int map) {
   const Hotspot& hotspot = MapHotspots[map];
   const StrRect& tile = StrMap[map];
   if (!PositionFits(hotspot.CenterX, hotspot.CenterY)) {
-    Append(findings, "Invalid hotspot coordinates for STRMAP ", map);
+    report.OfMap(map, "Invalid hotspot coordinates for STRMAP ", map);
   } else if (!PositionFits(tile.Left, tile.Top)) {
-    Append(findings, "Invalid tile coordinates for STRMAP ", map);
+    report.OfMap(map, "Invalid tile coordinates for STRMAP ", map);
   } else if (!SizeFits(tile)) {
-    Append(findings, "Invalid size for STRMAP ", map);
+    report.OfMap(map, "Invalid size for STRMAP ", map);
   }
 }
 
-void CheckArrow(std::string& findings, int arrow) {
+void CheckArrow(Report& report, int arrow) {
   const StrRect& rect = StrArrow[arrow];
   if (!PositionFits(rect.Left, rect.Top)) {
-    Append(findings, "Invalid coordinates for STRARROW ", arrow);
+    report.OfArrow(arrow, "Invalid coordinates for STRARROW ", arrow);
   } else if (!SizeFits(rect)) {
-    Append(findings, "Invalid size for STRARROW ", arrow);
+    report.OfArrow(arrow, "Invalid size for STRARROW ", arrow);
   }
+}
+
+void Check(Report& report) {
+  for (int map = 0; map < MapSlotCount; ++map) {
+    for (int vl = 0; vl < VLSlotCount; ++vl) CheckExit(report, map, vl);
+    CheckTile(report, map);
+  }
+  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) CheckArrow(report, arrow);
 }
 
 }  // namespace
 
 std::string CheckTables() {
-  std::string findings;
-  for (int map = 0; map < MapSlotCount; ++map) {
-    for (int vl = 0; vl < VLSlotCount; ++vl) CheckExit(findings, map, vl);
-    CheckTile(findings, map);
-  }
-  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) CheckArrow(findings, arrow);
+  Report report;
+  Check(report);
+  return std::move(report.Text);
+}
+
+Findings CheckPlaces() {
+  Findings findings;
+  Report report{.Lines = &findings.Lines};
+  Check(report);
+  findings.Text = std::move(report.Text);
   return findings;
 }
 

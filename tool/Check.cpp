@@ -18,10 +18,10 @@ void PrintMark(const Mark& mark, const std::string& prefix, const Console& conso
 }
 
 int CheckSource(const std::string& path, const CheckOptions& options, const Console& console) {
-  const Outcome<Source> source = ReadSource(path, options.Game, MapsWanted::Yes);
-  if (!source.Done()) return Fail(console, source.Reason());
+  const auto source = ReadSource(path, options.Game, MapsWanted::Yes);
+  if (!source.Done()) return Fail(console, source.Error());
   Marks marks;
-  if (!source->IsBtd) marks = FindingsOf(source->Tables);
+  if (!source->IsBtd) marks = FindingMarks();
   std::ranges::move(source->IsBtd ? WarningsOf(source->Btd) : WarningsOf(source->Tables),
                     std::back_inserter(marks));
   const std::string prefix = options.Sources.size() > 1 ? Printable(path) + ": " : "";

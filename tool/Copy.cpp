@@ -48,11 +48,11 @@ std::string GameToCheck(const CopyOptions& options, const Target& to) {
 // The status with which an unsound copy ends; nothing if it may go on.
 std::optional<int> Refusal(const CopyOptions& options, const Target& to, const Console& console) {
   const auto checked = ReadSource(options.From, GameToCheck(options, to), MapsWanted::Yes);
-  if (!checked.Done()) return Fail(console, checked.Reason());
+  if (!checked.Done()) return Fail(console, checked.Error());
   for (const std::string& fault : checked->Faults) ComplainOf(console, fault);
   if (!checked->Faults.empty()) return StatusFailed;
   if (checked->IsBtd) return std::nullopt;
-  const Marks findings = FindingsOf(checked->Tables);
+  const Marks findings = FindingMarks();
   for (const Mark& finding : findings) ComplainOf(console, finding.Text);
   if (findings.empty()) return std::nullopt;
   ComplainOf(console, "Nothing was copied: the tables do not pass the check.");
@@ -104,20 +104,20 @@ int Write(const Source& from, const Target& to, const std::optional<Source>& old
 
 // What stands in the target, as far as a copy replaces it. JSON files that are no document count as
 // empty, so that they can be replaced, too.
-Outcome<std::optional<Source>> ReadTarget(const Target& to) {
-  using Read = Outcome<std::optional<Source>>;
+Result<std::optional<Source>, std::string> ReadTarget(const Target& to) {
+  using Read = Result<std::optional<Source>, std::string>;
   if (!to.Exists && to.Kind != SourceKind::GameExe) return Read(std::nullopt);
-  Outcome<Source> source = ReadSource(to.Path, {}, MapsWanted::No);
+  auto source = ReadSource(to.Path, {}, MapsWanted::No);
   if (source.Done()) return Read(std::move(*source));
   if (to.Kind == SourceKind::Json) return Read(std::nullopt);
-  return Read::Failed(source.Reason());
+  return source.Error();
 }
 
 }  // namespace
 
 int Copy(const CopyOptions& options, const Console& console) {
-  const Outcome<Source> from = ReadSource(options.From, {}, MapsWanted::No);
-  if (!from.Done()) return Fail(console, from.Reason());
+  const auto from = ReadSource(options.From, {}, MapsWanted::No);
+  if (!from.Done()) return Fail(console, from.Error());
   const Target to = TargetAt(options.To);
   if (const std::string mismatch = Mismatch(*from, to); !mismatch.empty())
     return Fail(console, mismatch);
@@ -129,7 +129,7 @@ int Copy(const CopyOptions& options, const Console& console) {
     if (const std::optional<int> refused = Refusal(options, to, console)) return *refused;
   }
   const auto old = ReadTarget(to);
-  if (!old.Done()) return Fail(console, old.Reason());
+  if (!old.Done()) return Fail(console, old.Error());
   PrintChanges(*from, to, *old, console);
   if (options.DryRun) return StatusDone;
   return Write(*from, to, *old, console);

@@ -24,10 +24,10 @@ Lines AllDifferences(const Source& before, const Source& after) {
 }  // namespace
 
 int Diff(const DiffOptions& options, const Console& console) {
-  const Outcome<Source> before = ReadSource(options.Before, options.Game, MapsWanted::IfThere);
-  if (!before.Done()) return Fail(console, before.Reason());
-  const Outcome<Source> after = ReadSource(options.After, options.Game, MapsWanted::IfThere);
-  if (!after.Done()) return Fail(console, after.Reason());
+  const auto before = ReadSource(options.Before, options.Game, MapsWanted::IfThere);
+  if (!before.Done()) return Fail(console, before.Error());
+  const auto after = ReadSource(options.After, options.Game, MapsWanted::IfThere);
+  if (!after.Done()) return Fail(console, after.Error());
   if (before->IsBtd != after->IsBtd)
     return Fail(console, "A BTD file can be compared with another BTD file only.");
   const Lines lines = AllDifferences(*before, *after);

@@ -49,8 +49,8 @@ std::string Publish(const std::string& path, std::string_view text) {
 // Gives back nothing for a source that cannot be drawn, and says why.
 std::optional<Source> ReadLayer(const std::string& path, const std::string& game,
                                 const Console& console, Drawing& drawing) {
-  Outcome<Source> source = ReadSource(path, game, MapsWanted::IfThere);
-  std::string failure = source.Reason();
+  auto source = ReadSource(path, game, MapsWanted::IfThere);
+  std::string failure = source.Done() ? std::string() : source.Error();
   if (source.Done() && source->IsBtd)
     failure = path + " holds one map. A picture takes the tables that join the maps.";
   if (!failure.empty()) {
@@ -65,7 +65,7 @@ std::optional<Source> ReadLayer(const std::string& path, const std::string& game
 // Without map files the check would find every exit missing.
 Marks MarksOf(const Source& source) {
   Marks marks;
-  if (source.HasMaps) marks = FindingsOf(source.Tables);
+  if (source.HasMaps) marks = FindingMarks();
   for (Mark& mark : WarningsOf(source.Tables)) marks.push_back(std::move(mark));
   return marks;
 }

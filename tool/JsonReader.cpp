@@ -260,16 +260,14 @@ bool ReadDocument(Decoder& decoder, const Json& document, JsonDocument& read) {
 
 }  // namespace
 
-Outcome<JsonDocument> ParseJson(std::string_view text) {
-  using Parsed = Outcome<JsonDocument>;
-  if (text.size() > MaxJsonSize)
-    return Parsed::Failed("/: longer than " + std::to_string(MaxJsonSize) + " bytes");
-  const Outcome<Json> tree = ParseTree(text);
-  if (!tree.Done()) return Parsed::Failed(tree.Reason());
+Result<JsonDocument, std::string> ParseJson(std::string_view text) {
+  if (text.size() > MaxJsonSize) return "/: longer than " + std::to_string(MaxJsonSize) + " bytes";
+  const Result<Json, std::string> tree = ParseTree(text);
+  if (!tree.Done()) return tree.Error();
   JsonDocument document;
   Decoder decoder;
   if (ReadDocument(decoder, *tree, document)) return document;
-  return Parsed::Failed(decoder.Fault);
+  return decoder.Fault;
 }
 
 }  // namespace corvane

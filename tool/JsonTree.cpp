@@ -108,10 +108,10 @@ std::string PointerPart(std::string_view key) {
   return part;
 }
 
-Outcome<Json> ParseTree(std::string_view text) {
+Result<Json, std::string> ParseTree(std::string_view text) {
   TreeBuilder builder(text);
   if (Json::sax_parse(text, &builder)) return std::move(builder.Root);
-  return Outcome<Json>::Failed(builder.Fault);
+  return builder.Fault;
 }
 
 }  // namespace corvane

@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "tool/Outcome.h"
+#include "base/Result.h"
 
 namespace corvane {
 
-[[nodiscard]] Outcome<nlohmann::json> ParseTree(std::string_view text);
+[[nodiscard]] Result<nlohmann::json, std::string> ParseTree(std::string_view text);
 
 /// A key as a part of a JSON pointer.
 [[nodiscard]] std::string PointerPart(std::string_view key);

@@ -7,8 +7,8 @@ namespace corvane {
 
 int Show(const ShowOptions& options, const Console& console) {
   const MapsWanted maps = options.Json ? MapsWanted::No : MapsWanted::IfThere;
-  const Outcome<Source> source = ReadSource(options.Source, options.Game, maps);
-  if (!source.Done()) return Fail(console, source.Reason());
+  const auto source = ReadSource(options.Source, options.Game, maps);
+  if (!source.Done()) return Fail(console, source.Error());
   if (source->IsBtd) {
     console.Print(options.Json ? BtdToJson(source->Btd) : ListBtd(source->Btd));
   } else {

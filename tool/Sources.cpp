@@ -48,8 +48,8 @@ std::string ReadJsonText(const std::string& path, std::string& text) {
 std::string ReadJsonFile(Source& source) {
   std::string text;
   if (std::string failure = ReadJsonText(source.Path, text); !failure.empty()) return failure;
-  Outcome<JsonDocument> document = ParseJson(text);
-  if (!document.Done()) return source.Path + " could not be read: " + document.Reason() + ".";
+  Result<JsonDocument, std::string> document = ParseJson(text);
+  if (!document.Done()) return source.Path + " could not be read: " + document.Error() + ".";
   source.IsBtd = document->IsBtd;
   source.Btd = document->Btd;
   Tables = TablesOf(document->Tables);
@@ -127,20 +127,19 @@ SourceKind KindOfSource(std::string_view path) {
   return title.ends_with(".BTD") ? SourceKind::Btd : SourceKind::Other;
 }
 
-Outcome<Source> ReadSource(const std::string& path, const std::string& game, MapsWanted maps) {
+Result<Source, std::string> ReadSource(const std::string& path, const std::string& game,
+                                       MapsWanted maps) {
   Source source{.Path = path, .Kind = KindOfSource(path)};
   ForgetTables();
-  if (std::string failure = ReadContents(source); !failure.empty())
-    return Outcome<Source>::Failed(std::move(failure));
+  if (std::string failure = ReadContents(source); !failure.empty()) return failure;
   if (source.IsBtd) return source;
   std::vector<MapFile> files;
   if (maps != MapsWanted::No) {
     const std::optional<std::string> folder = GameFolderOf(source, game);
     if (folder) files = ReadMaps(source, *folder);
-    if (maps == MapsWanted::Yes && !folder) return Outcome<Source>::Failed(NoGame);
+    if (maps == MapsWanted::Yes && !folder) return std::string(NoGame);
     if (maps == MapsWanted::Yes && !source.HasMaps)
-      return Outcome<Source>::Failed("No map files were found in the folder " + source.MapsFolder +
-                                     ".");
+      return "No map files were found in the folder " + source.MapsFolder + ".";
   }
   source.Tables = CaptureLayer(std::move(files));
   return source;

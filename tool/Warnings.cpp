@@ -246,55 +246,14 @@ class Judge {
   std::map<int, std::vector<Pair>> Users;  // by arrow
 };
 
-// The map that a finding is about: the first that it names, by its row or by its number.
-int MapOf(std::string_view finding, const Layer& layer) {
-  for (const std::string_view start :
-       {"No STRARROW defined for BTD link from ",
-        "No reciprocating BTD link defined for connection from map "}) {
-    if (!finding.starts_with(start)) continue;
-    const std::string_view rest = finding.substr(start.size());
-    for (std::size_t map = 0; map < layer.Rows.size(); ++map)
-      if (rest.starts_with(layer.Rows[map] + " to map ")) return static_cast<int>(map);
-  }
-  return -1;
-}
-
-int NumberBehind(std::string_view finding, std::string_view words) {
-  const std::size_t at = finding.find(words);
-  if (at == finding.npos) return -1;
-  int number = -1;
-  for (const char c : finding.substr(at + words.size())) {
-    if (c < '0' || c > '9') break;
-    number = std::max(number, 0) * 10 + (c - '0');
-  }
-  return number;
-}
-
-Mark MarkOf(std::string_view finding, const Layer& layer) {
-  Mark mark{MarkKind::Finding, std::string(finding)};
-  if (finding.starts_with("Invalid ")) {
-    mark.Map = NumberBehind(finding, " for STRMAP ");
-    mark.Arrow = NumberBehind(finding, " for STRARROW ");
-  } else if (finding.starts_with("No reciprocating STRARROW ")) {
-    mark.Map = NumberBehind(finding, " link from ");
-  } else {
-    mark.Map = MapOf(finding, layer);
-  }
-  return mark;
-}
-
 }  // namespace
 
-Marks FindingsOf(const Layer& layer) {
-  constexpr std::string_view LineBreak = "\r\n";
+Marks FindingMarks() {
+  const Findings findings = CheckPlaces();
   Marks marks;
-  const std::string text = CheckTables();
-  for (std::string_view rest = text; !rest.empty();) {
-    rest.remove_prefix(LineBreak.size());
-    const std::string_view line = rest.substr(0, rest.find(LineBreak));
-    marks.push_back(MarkOf(line, layer));
-    rest.remove_prefix(line.size());
-  }
+  for (const Finding& found : findings.Lines)
+    marks.push_back({MarkKind::Finding, findings.Text.substr(found.Start, found.Length), found.Map,
+                     found.Arrow});
   return marks;
 }
 

@@ -14,7 +14,7 @@ Marks MarksOf(const Layer& layer) {
   Tables = TablesOf(layer);
   VLDest = layer.Destinations;
   MapRows = layer.Rows;
-  Marks marks = FindingsOf(layer);
+  Marks marks = FindingMarks();
   for (const Mark& mark : WarningsOf(layer)) marks.push_back(mark);
   return marks;
 }

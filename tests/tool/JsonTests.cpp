@@ -56,8 +56,8 @@ MapFile FileWith(const std::string& image) {
 
 // What a document reads as: the bytes of its file, or why it is refused.
 std::string ReadBack(const std::string& json) {
-  const Outcome<JsonDocument> read = ParseJson(json);
-  if (!read.Done()) return read.Reason();
+  const auto read = ParseJson(json);
+  if (!read.Done()) return read.Error();
   return read->IsBtd ? BtdImage(read->Btd) : PatchOf(read->Tables);
 }
 

@@ -232,8 +232,7 @@ TEST_F(Warnings, AreMarkedWhereTheyAre) {
 
 TEST(Findings, AreMarkedWhereTheyAre) {
   ResetTables();
-  Layer layer;
-  MapRows = layer.Rows = {"000 A.btd", "001 B.btd", "002 C.btd"};
+  MapRows = {"000 A.btd", "001 B.btd", "002 C.btd"};
   for (int map = 0; map < MapSlotCount; ++map) {
     StrMap[map] = {.Width = 1, .Height = 1};
     for (int to = 0; to < MapSlotCount; ++to) MapConnections(map, to) = NoConnection;
@@ -247,7 +246,7 @@ TEST(Findings, AreMarkedWhereTheyAre) {
   StrMap[30].Height = 0;
   StrArrow[80].Left = -1;
   std::vector<std::pair<int, int>> places;
-  for (const Mark& mark : FindingsOf(layer)) places.emplace_back(mark.Map, mark.Arrow);
+  for (const Mark& mark : FindingMarks()) places.emplace_back(mark.Map, mark.Arrow);
   const std::vector<std::pair<int, int>> expected{{0, -1}, {1, -1}, {2, -1}, {30, -1}, {-1, 80}};
   EXPECT_EQ(places, expected);
 }

@@ -1,4 +1,4 @@
-// What an operation that can fail gives back: a value or a failure, never both.
+// What an operation that can fail gives back: a value or the reason why there is none, never both.
 #pragma once
 
 #include <optional>
@@ -8,11 +8,11 @@
 
 namespace corvane {
 
-template <class Value = void>
+template <class Value = void, class Reason = Failure>
 class [[nodiscard]] Result {
  public:
   Result(Value value) : Held(std::move(value)) {}
-  Result(Failure failure) : Failed(std::move(failure)) {}
+  Result(Reason reason) : Failed(std::move(reason)) {}
 
   [[nodiscard]] bool Done() const { return Held.has_value(); }
   /// The value; there must be one.
@@ -21,25 +21,25 @@ class [[nodiscard]] Result {
   [[nodiscard]] Value* operator->() { return &*Held; }
   [[nodiscard]] const Value* operator->() const { return &*Held; }
   /// The failure; there must be one.
-  [[nodiscard]] const Failure& Error() const { return Failed; }
+  [[nodiscard]] const Reason& Error() const { return Failed; }
 
  private:
   std::optional<Value> Held;
-  Failure Failed;  // means nothing beside a value
+  Reason Failed{};  // means nothing beside a value
 };
 
-template <>
-class [[nodiscard]] Result<void> {
+template <class Reason>
+class [[nodiscard]] Result<void, Reason> {
  public:
   Result() = default;
-  Result(Failure failure) : Failed(std::move(failure)) {}
+  Result(Reason reason) : Failed(std::move(reason)) {}
 
   [[nodiscard]] bool Done() const { return !Failed; }
   /// The failure; there must be one.
-  [[nodiscard]] const Failure& Error() const { return *Failed; }
+  [[nodiscard]] const Reason& Error() const { return *Failed; }
 
  private:
-  std::optional<Failure> Failed;
+  std::optional<Reason> Failed;
 };
 
 }  // namespace corvane

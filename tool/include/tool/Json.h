@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/Result.h"
 #include "tool/Layer.h"
-#include "tool/Outcome.h"
 
 namespace corvane {
 
@@ -21,7 +21,7 @@ struct JsonDocument {
   MapFile Btd;
 };
 
-/// Reads either form. The reason of a failure begins with the place of the fault as a JSON pointer.
-[[nodiscard]] Outcome<JsonDocument> ParseJson(std::string_view text);
+/// Reads either form. A failure begins with the place of the fault as a JSON pointer.
+[[nodiscard]] Result<JsonDocument, std::string> ParseJson(std::string_view text);
 
 }  // namespace corvane

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Result.h"
 #include "tool/Layer.h"
-#include "tool/Outcome.h"
 
 namespace corvane {
 
@@ -40,8 +40,8 @@ struct Source {
 
 /// Reads tables with their catalogue, or a BTD file. The maps are those in `game` or, if that is
 /// empty, beside a CC4.EXE, else those of the installed game. The tables and the catalogue of the
-/// process are those of the source last read.
-[[nodiscard]] Outcome<Source> ReadSource(const std::string& path, const std::string& game,
-                                         MapsWanted maps);
+/// process are those of the source last read. A failure is a sentence that names the file.
+[[nodiscard]] Result<Source, std::string> ReadSource(const std::string& path,
+                                                     const std::string& game, MapsWanted maps);
 
 }  // namespace corvane

@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// The findings of the consistency check on the tables of the process, which are those of `layer`.
-[[nodiscard]] Marks FindingsOf(const Layer& layer);
+/// The findings of the consistency check on the tables of the process.
+[[nodiscard]] Marks FindingMarks();
 
 /// What the check does not look at, map by map, then arrow by arrow.
 [[nodiscard]] Marks WarningsOf(const Layer& layer);
