@@ -77,11 +77,14 @@ std::error_code RawFile::Remove() const { return SystemRemove(Path); }
 
 std::error_code RemoveFile(const std::string& path) { return SystemRemove(ToNativePath(path)); }
 
+FileStatus StatusAt(const std::string& path) {
+  FileStatus status;
+  return SystemPathStatus(ToNativePath(path), status) ? FileStatus() : status;
+}
+
 bool IsSameFile(const std::string& left, const std::string& right) {
-  FileStatus one;
-  FileStatus other;
-  if (SystemPathStatus(ToNativePath(left), one) || SystemPathStatus(ToNativePath(right), other))
-    return false;
+  const FileStatus one = StatusAt(left);
+  const FileStatus other = StatusAt(right);
   return one.Type != FileType::None && other.Type != FileType::None &&
          one.Identity == other.Identity;
 }

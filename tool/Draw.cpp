@@ -103,15 +103,15 @@ int RefuseOut(const DrawOptions& options, const Console& console) {
   return Fail(console, options.Out + " does not end in .svg or .html.");
 }
 
-// Another text whenever a file is another one.
+// Another text whenever a file is another one. The standard library knows times in whole seconds
+// only on some systems, and a table saved again is as long as before.
 std::string StampOf(const std::string& file) {
-  const std::filesystem::path path = SystemPath(file);
-  std::error_code error;
-  const auto size = std::filesystem::file_size(path, error);
-  if (error) return file + "\n";
-  const auto time = std::filesystem::last_write_time(path, error);
-  return file + "\n" + std::to_string(size) + "\n" +
-         std::to_string(time.time_since_epoch().count()) + "\n";
+  const FileStatus status = StatusAt(file);
+  std::string stamp = file;
+  for (const std::uint64_t number : {status.Length, static_cast<std::uint64_t>(status.Written),
+                                     status.Identity[0], status.Identity[1]})
+    (stamp += '\n') += std::to_string(number);
+  return stamp + '\n';
 }
 
 std::string StampOf(const DrawOptions& options, const std::vector<std::string>& folders) {

@@ -49,10 +49,16 @@ FileType TypeOf(mode_t mode) {
   return S_ISDIR(mode) ? FileType::Folder : FileType::Other;
 }
 
+std::int64_t Nanoseconds(const timespec& time) {
+  constexpr std::int64_t PerSecond = 1000000000;
+  return time.tv_sec * PerSecond + time.tv_nsec;
+}
+
 FileStatus StatusOf(const struct stat& found) {
   return {TypeOf(found.st_mode),
           static_cast<std::uint64_t>(found.st_size),
-          {static_cast<std::uint64_t>(found.st_dev), static_cast<std::uint64_t>(found.st_ino)}};
+          {static_cast<std::uint64_t>(found.st_dev), static_cast<std::uint64_t>(found.st_ino)},
+          Nanoseconds(found.st_mtim)};
 }
 
 }  // namespace

@@ -66,7 +66,9 @@ std::error_code StatusOf(HANDLE file, FileStatus& status) {
   if (::GetFileInformationByHandle(file, &found) == 0) return LastError();
   status = {TypeOf(found.dwFileAttributes),
             Joined(found.nFileSizeHigh, found.nFileSizeLow),
-            {found.dwVolumeSerialNumber, Joined(found.nFileIndexHigh, found.nFileIndexLow)}};
+            {found.dwVolumeSerialNumber, Joined(found.nFileIndexHigh, found.nFileIndexLow)},
+            static_cast<std::int64_t>(
+                Joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime))};
   return {};
 }
 

@@ -1,5 +1,6 @@
 // Files, folders and texts as every system has to give them.
 #include <algorithm>
+#include <chrono>
 
 #include "TestFolder.h"
 #include "base/AnsiText.h"
@@ -70,6 +71,18 @@ TEST_F(RawFiles, AreTheSameByWhateverNameAndNotIfGone) {
   EXPECT_TRUE(IsSameFile(Folder / "f", Folder / "h"));
   EXPECT_FALSE(IsSameFile(Folder / "f", Folder / "g"));
   EXPECT_FALSE(IsSameFile(Folder / "none", Folder / "none"));
+}
+
+// Times in whole seconds would hide a change from those who watch a file.
+TEST_F(RawFiles, TellTimesWithinASecond) {
+  std::vector<std::int64_t> times;
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+  while (times.size() < 3 && std::chrono::steady_clock::now() < end) {
+    Folder.Put("f", "same size");
+    const std::int64_t time = StatusAt(Folder / "f").Written;
+    if (times.empty() || times.back() != time) times.push_back(time);
+  }
+  EXPECT_EQ(times.size(), 3U);
 }
 
 TEST(FolderScan, TakesOrdinaryFilesByExtensionUpToTheLimit) {

@@ -30,6 +30,7 @@ struct FileStatus {
   FileType Type = FileType::None;
   std::uint64_t Length = 0;  // bytes
   FileIdentity Identity{};
+  std::int64_t Written = 0;  // when its contents last changed, in the finest unit of the system
 };
 
 /// An open file. Every operation gives back the system's error; offsets and lengths are in bytes.
@@ -69,6 +70,9 @@ class RawFile {
 };
 
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
+
+/// What stands at a path; of type None if there is nothing, or if that cannot be told.
+[[nodiscard]] FileStatus StatusAt(const std::string& path);
 
 /// True if both paths lead to one file that exists.
 [[nodiscard]] bool IsSameFile(const std::string& left, const std::string& right);
