@@ -3,6 +3,7 @@
 
 #include "StandardStreams.h"
 #include "base/Failure.h"
+#include "base/Signals.h"
 #include "tool/CommandLine.h"
 
 using namespace corvane;
@@ -44,6 +45,7 @@ bool WantsColour() {
 }  // namespace
 
 int main(int count, char** arguments) {
+  IgnoreFileSizeSignal();
   const Console console{Print, Complain, WantsColour()};
   const int status = RunTool(ProgramArguments(count, arguments), console);
   Flush();

@@ -51,7 +51,6 @@ SessionEnd::~SessionEnd() {
 
 // Without a pipe the signals keep their ordinary effect.
 void SessionEnd::ListenToSignals() {
-  Handle(SIGXFSZ, SIG_IGN);  // a write past a limit fails, and is undone like any other
   if (pipe2(Pipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   Signals = std::make_unique<QSocketNotifier>(Pipe[0], QSocketNotifier::Read);
   connect(Signals.get(), &QSocketNotifier::activated, this, [] {
