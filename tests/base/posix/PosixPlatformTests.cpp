@@ -1,4 +1,5 @@
 // What only systems with pipes, links, letter case and Wine prefixes have.
+#include <pwd.h>
 #include <sys/stat.h>
 
 #include "TestFolder.h"
@@ -18,6 +19,14 @@ struct NoHome : testing::Environment {
 };
 static const testing::Environment* const WithoutHome =
     testing::AddGlobalTestEnvironment(new NoHome);
+
+// Stands in for the system's, which names the real home.
+static std::string AccountHome = "/nowhere";
+extern "C" passwd* getpwuid(uid_t) {
+  static passwd account{};
+  account.pw_dir = AccountHome.data();
+  return &account;
+}
 
 // Of both views the one of 32-bit programs counts.
 static const std::string Key =
@@ -76,9 +85,15 @@ struct WineRegistry : testing::Test {
 
 static const std::string Escapes = R"("\x00412\x4e2d\1012\1\"\t\q\xg\\\xe000\x0800")";
 
-TEST_F(WineRegistry, GivesNothingWithoutAPrefixOrAHome) {
-  EXPECT_EQ(ReadInstallPath(), std::nullopt);
-  ::unsetenv("HOME");
+TEST_F(WineRegistry, GivesNothingWithoutAPrefix) { EXPECT_EQ(ReadInstallPath(), std::nullopt); }
+
+TEST_F(WineRegistry, WithoutAHomeVariableIsThatOfTheAccount) {
+  AccountHome = Home.Path.string();
+  for (const bool isSet : {true, false}) {
+    isSet ? ::setenv("HOME", "", 1) : ::unsetenv("HOME");
+    EXPECT_EQ(Read(R"("of the account")"), "of the account");
+  }
+  AccountHome.clear();
   EXPECT_EQ(ReadInstallPath(), std::nullopt);
 }
 
@@ -135,6 +150,54 @@ TEST_F(WineRegistry, FindsNoValueThatIsCutShort) {
   for (std::size_t size = 0; size < whole.size(); ++size)
     EXPECT_FALSE(FindRegistryValue(whole.substr(0, size), view, InstallValue)) << size;
   EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", view, InstallValue));
+}
+
+TEST(PosixFiles, ANewFileHasTheModeThatTheMaskLeaves) {
+  const TestFolder folder;
+  const WriteRange range{0, std::as_bytes(std::span("new", 3))};
+  for (const mode_t mask : {022U, 077U}) {
+    const std::string name = folder / std::to_string(mask);
+    const mode_t before = ::umask(mask);
+    EXPECT_EQ(Told(SaveInPlace(name, {&range, 1}, IfMissing::Create)), "");
+    ::umask(before);
+    struct stat status {};
+    ASSERT_EQ(::stat(name.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0666U & ~mask);
+  }
+}
+
+TEST(PosixFiles, AFailedSaveThroughALinkNamesBothAndLeavesTheLink) {
+  const TestFolder folder;
+  folder.Put("target", "old");
+  std::filesystem::create_symlink("target", folder / "link");
+  const WriteRange range{0, std::as_bytes(std::span("new", 3))};
+  InjectedFault = [](FileStep step, Moment, std::size_t&) {
+    return step == FileStep::Write ? std::make_error_code(std::errc::no_space_on_device)
+                                   : std::error_code();
+  };
+  const std::string told = Told(SaveInPlace(folder / "link", {&range, 1}, IfMissing::Fail));
+  InjectedFault = nullptr;
+  EXPECT_TRUE(told.starts_with((folder / "link") + " (a link to target) could not be saved: "))
+      << told;
+  EXPECT_EQ(std::filesystem::read_symlink(folder / "link"), "target");
+  EXPECT_EQ(Told(SaveInPlace(folder / "link", {&range, 1}, IfMissing::Fail)), "");
+  EXPECT_EQ(std::filesystem::read_symlink(folder / "link"), "target");
+  EXPECT_EQ(folder.Get("target"), "new");
+}
+
+TEST(PosixFiles, NamesMatchInEveryAlphabet) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"Карта.btd", "кАРТА.BTD"},   {"Ёлка.btd", "ёлка.btd"},     {"άλφα.btd", "ΆΛΦΑ.btd"},
+      {"Ωμέγας.btd", "ωμέγαΣ.btd"}, {"Évêché.btd", "éVÊCHÉ.btd"}, {"Łódź.btd", "łÓDŹ.btd"}};
+  for (const auto& [stands, asked] : rows) {
+    const TestFolder folder;
+    folder.Put(stands);
+    EXPECT_EQ(NameInFolder(folder.Path.string(), asked), stands);
+  }
+  const TestFolder folder;
+  folder.Put("карты.btd");
+  for (const char* other : {"карта.btd", "kарты.btd"})
+    EXPECT_EQ(NameInFolder(folder.Path.string(), other), other) << "is another name";
 }
 
 TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {

@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+
 #include "TestFolder.h"
+#include "base/FileRanges.h"
 #include "base/FolderScan.h"
 #include "base/RawFile.h"
 #include "base/Registry.h"
@@ -67,6 +70,44 @@ TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
   EXPECT_FALSE(ScanFolder(path, ".btd", 9, names));
   EXPECT_EQ(names, std::vector<std::string>{"中ü.BTD"});
   EXPECT_EQ(NameInFolder(path, "中Ü.btd"), "中Ü.btd") << "the system finds it by itself";
+}
+
+TEST(WindowsFiles, ThatWindowsProtectsAreToldWithWhatHelps) {
+  char programs[MAX_PATH] = {};
+  ASSERT_NE(GetEnvironmentVariableA("ProgramFiles", programs, MAX_PATH), 0U);
+  std::string capitals = programs;
+  std::ranges::transform(capitals, capitals.begin(), [](char c) { return toupper(c); });
+  const std::error_code denied(ERROR_ACCESS_DENIED, std::system_category());
+  const std::error_code gone(ERROR_FILE_NOT_FOUND, std::system_category());
+  const std::tuple<std::string, std::error_code, bool> rows[] = {
+      {std::string(programs) + "\\CC4\\CC4.EXE", denied, true},
+      {capitals + "\\x", denied, true},
+      {std::string(programs) + "\\x", gone, false},
+      {"C:\\CC4\\CC4.EXE", denied, false},
+      {"", denied, false}};
+  for (const auto& [path, error, helps] : rows) {
+    const std::string reason = ReasonText(error, path);
+    EXPECT_EQ(reason.find("start Corvane as administrator") != reason.npos, helps) << path;
+  }
+}
+
+TEST(WindowsFiles, VerbatimPathsAreOpenedSavedAndListed) {
+  const TestFolder folder;
+  folder.Put("Maps/f.btd", "old bytes");
+  const std::string verbatim = "\\\\?\\" + std::filesystem::absolute(folder.Path).string();
+  const std::string file = verbatim + "\\Maps\\f.btd";
+  const WriteRange range{0, std::as_bytes(std::span("new", 3))};
+  EXPECT_EQ(Told(SaveInPlace(file, {&range, 1}, IfMissing::Fail)), "");
+  EXPECT_EQ(folder.Get("Maps/f.btd"), "new bytes");
+  EXPECT_EQ(Told(SaveInPlace(verbatim + "\\Maps\\g.btd", {&range, 1}, IfMissing::Create)), "");
+  std::string text(9, '.');
+  const ReadRange whole{0, std::as_writable_bytes(std::span(text))};
+  EXPECT_EQ(Told(ReadRanges(file, {&whole, 1})), "");
+  EXPECT_EQ(text, "new bytes");
+  std::vector<std::string> names;
+  EXPECT_FALSE(ScanFolder(verbatim + "\\Maps", ".btd", 9, names));
+  EXPECT_EQ(names.size(), 2U);
+  EXPECT_TRUE(OrdinaryFileExists(file));
 }
 
 TEST(WindowsNames, NoneLeadsOutOfItsFolderOrMeansADevice) {
