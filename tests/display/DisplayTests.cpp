@@ -288,7 +288,8 @@ INSTANTIATE_TEST_SUITE_P(, Question,
                                          std::pair(std::string(2000, 'w'), "N")));
 
 TEST_P(Question, IsShownWholeOverTheStateOfItsMoment) {
-  const auto& [text, key] = GetParam();
+  const std::string& text = GetParam().first;  // clang++ 14 captures no structured binding
+  const char* const key = GetParam().second;
   const bool yes = key == std::string("Return") || key == std::string("Y");
   TestForm f;
   std::optional<bool> answer;

@@ -209,7 +209,7 @@ TEST_F(EditMapBTD, ANewNameMakesANewFileUnasked) {
   const std::string made = session.Folder.Get("Maps/toolongn.btd");
   ASSERT_EQ(made.size(), BtdSize);
   EXPECT_EQ(made[4], 4);
-  EXPECT_EQ(made.substr(325, 9), std::string("toolongn", 9));
+  EXPECT_EQ(made.substr(325, 9), std::string("toolongn\0", 9));
   EXPECT_EQ(made.substr(334, 4096), Before.substr(334, 4096));
   EXPECT_EQ(made.substr(4430, 1001), Before.substr(4430, 3) + "\r\n" + Before.substr(4434, 996));
 }

@@ -335,7 +335,7 @@ int Tour::Run(const std::string& part) {
       return 1;
     }
   }
-  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+  static_cast<void>(std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ));  // lines come late without it
   corvane::Play(Main, [&] {
     Play(part);
     ExpectScreenLikeRecords();
