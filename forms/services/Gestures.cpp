@@ -11,10 +11,14 @@
 namespace corvane {
 namespace {
 
-// Does what a person did, unless the form is blocked, and shows the result.
+bool SessionEndWaits = false;  // for the box to be closed that stood when a signal came
+
+// Does what a person did, unless the form is blocked, and shows the result. A signal that had to
+// wait comes behind all of that, and so never in the middle of a save.
 bool Perform(const Form& form, const std::function<bool()>& act) {
   const bool done = Hears(form) && act();
   ShowChanges();
+  if (SessionEndWaits && !BoxStands()) EndSession();
   return done;
 }
 
@@ -286,7 +290,9 @@ bool QueryEndSession() {
 }
 
 void EndSession() {
-  if (QueryEndSession()) EndProgram();
+  const bool ends = QueryEndSession();
+  SessionEndWaits = BoxStands();
+  if (ends) EndProgram();
 }
 
 }  // namespace corvane

@@ -46,6 +46,38 @@ TEST_F(SessionEnd, IsRefusedByOneWindowThatHasSomethingToLose) {
   }
 }
 
+TEST_F(SessionEnd, WaitsForABoxAndForWhatComesOfIt) {
+  TheDisplay.ShowMessage = [this](const std::string&, MessageButtons) {
+    EndSession();
+    EXPECT_EQ(Main.Told(), "");
+    return MessageAnswer::Yes;
+  };
+  Dialog.cmdHelp.Click = [this] { Main.Log += Ask("Save?") ? "saved " : "no "; };
+  Press(Dialog.cmdHelp);
+  EXPECT_EQ(Main.Told(), "saved dialog unload ");
+  EXPECT_EQ(Ends, 1);
+}
+
+TEST_F(SessionEnd, WaitsForAFileDialog) {
+  TheDisplay.ShowOpenDialog = [](CommonDialog&) { EndSession(); };
+  Dialog.cmdHelp.Click = [] { CommonDialog().ShowOpen(); };
+  Press(Dialog.cmdHelp);
+  EXPECT_EQ(Ends, 1);
+}
+
+TEST_F(SessionEnd, IsAskedForOnceWhileItsQuestionStands) {
+  TheDisplay.ShowMessage = [](const std::string&, MessageButtons) {
+    EndSession();
+    return MessageAnswer::No;
+  };
+  Main.QueryUnload = [] { return Ask("Save?"); };
+  EndSession();
+  Main.Told();
+  Press(Dialog.cmdHelp);
+  EXPECT_EQ(Main.Told(), "");
+  EXPECT_EQ(Ends, 0);
+}
+
 TEST_F(SessionEnd, LeavesRunningHandlersNothingToShow) {
   TheDisplay.ShowMessage = [](const std::string& text, MessageButtons) {
     ADD_FAILURE() << text;

@@ -60,7 +60,8 @@ void CloseWindow(Form& form);
 /// What to tell a system that shows its user why the end of the session has to wait.
 inline constexpr char EndSessionReason[] = "Changes have not been saved.";
 /// The same as QueryEndSession, for a signal and the like: ends the program unless an answer
-/// forbids it.
+/// forbids it. While a box or file dialog stands, this waits until it is closed and what came of it
+/// is done.
 void EndSession();
 
 }  // namespace corvane
