@@ -11,10 +11,11 @@ namespace corvane {
 
 inline void PlayWhole(Form& form, const std::function<void()>& script) {
   bool played = false;
-  Play(form, [&] {
+  const int exitStatus = Play(form, [&] {
     script();
     played = true;
   });
+  EXPECT_EQ(exitStatus, 0);
   EXPECT_TRUE(played);
 }
 

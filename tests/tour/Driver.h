@@ -12,7 +12,8 @@
 namespace corvane {
 
 /// Runs the program with a main form, plays the script in its event loop, then ends the program.
-void Play(Form& form, const std::function<void()>& script);
+/// Returns its exit status.
+int Play(Form& form, const std::function<void()>& script);
 /// Runs once, as soon as another window stands on the topmost one.
 void WhenNext(const std::function<void()>& then);
 

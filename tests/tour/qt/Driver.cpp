@@ -55,12 +55,12 @@ QRect PlaceOfRow(const ListBox& list, int row) {
 
 }  // namespace
 
-void Play(Form& form, const std::function<void()>& script) {
+int Play(Form& form, const std::function<void()>& script) {
   char name[] = "corvane";
   char* arguments[] = {name, nullptr};
   const auto play = [&] { script(), EndProgram(); };
   form.Load = [&] { QTimer::singleShot(0, play); };
-  RunProgram(1, arguments, form);
+  return RunProgram(1, arguments, form);
 }
 
 void WhenNext(const std::function<void()>& then) {

@@ -108,14 +108,15 @@ HMENU MenuOf(const MenuEntry& entry) {
 
 }  // namespace
 
-void Play(Form& form, const std::function<void()>& script) {
+int Play(Form& form, const std::function<void()>& script) {
   Script = &script, Played = &form;
   Program = ConvertThreadToFiber(nullptr), Person = CreateFiber(0, Live, nullptr);
   const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Act);  // comes behind all input
-  RunProgram(0, nullptr, form);
+  const int status = RunProgram(0, nullptr, form);
   KillTimer(nullptr, timer);
   while (Script) SwitchToFiber(Person);  // the program may have ended in the middle of it
   DeleteFiber(Person), ConvertFiberToThread();
+  return status;
 }
 
 void WhenNext(const std::function<void()>& then) { AtNext = then, BeforeNext = GetActiveWindow(); }
