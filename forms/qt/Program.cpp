@@ -9,6 +9,7 @@
 #include "FormWindow.h"
 #include "Look.h"
 #include "SessionEnd.h"
+#include "TaskBar.h"
 #include "services/Display.h"
 
 namespace corvane {
@@ -22,6 +23,7 @@ int RunProgram(int argc, char** argv, Form& form) {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   DressApplication();
   InstallAccessibility();
+  KeepDialogsOutOfTaskBar();
   TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });
   TheDisplay.ShowMessage = [](const std::string& text, MessageButtons buttons) {
     return ShowMessageBox(FormWindow::Top(), text, buttons);
