@@ -7,6 +7,7 @@
 #include "Accessibility.h"
 #include "Look.h"
 #include "services/Gestures.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 namespace {
@@ -149,17 +150,16 @@ ControlWidget MakeEdit(TextBox& box, Edit* edit) {
   QObject::connect(edit, &QWidget::customContextMenuRequested, edit,
                    [&box, edit](const QPoint& at) { ShowMenu(*edit, box, at); });
   QObject::connect(edit, &Edit::textChanged, edit, [&box, edit] {
-    const QString held = TextOf(*edit);
-    const std::string beforeCaret = held.left(CaretOf(*edit)).toStdString();
-    EditText(box, FindEdit(box, held.toStdString(), beforeCaret));
+    const QString text = TextOf(*edit);
+    const std::string beforeCaret = text.left(CaretOf(*edit)).toStdString();
+    EditText(box, FindEdit(box, text.toStdString(), beforeCaret));
   });
   return {&box, edit, [&box, edit] {
             const QSignalBlocker quiet(edit);
             const QString text = QString::fromStdString(ShownText(box));
             const bool differs = TextOf(*edit) != text;
             if (differs) Fill(*edit, text);
-            if (differs || box.SelectionSet) Select(*edit, box.SelStart, box.SelLength);
-            box.SelectionSet = false;
+            if (TakeSelection(box, differs)) Select(*edit, box.SelStart, box.SelLength);
           }};
 }
 

@@ -17,6 +17,4 @@ struct ControlWidget {
 
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent);
 
-[[nodiscard]] constexpr int ToPixels(int twips) { return twips / 15; }
-
 }  // namespace corvane

@@ -100,10 +100,9 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   dialog.setNameFilters(filters);
   dialog.selectNameFilter(filters.value(settings.FilterIndex - 1));
   if (dialog.exec() != QDialog::Accepted) return;
-  const QFileInfo file(dialog.selectedFiles().value(0));
-  QDir::setCurrent(file.absolutePath());  // where the next one starts
-  settings.FileName = file.filePath().toStdString();
-  settings.FileTitle = file.fileName().toStdString();
+  const QString path = dialog.selectedFiles().value(0);
+  QDir::setCurrent(QFileInfo(path).absolutePath());  // where the next one starts
+  settings.FileName = path.toStdString();
 }
 
 }  // namespace corvane

@@ -4,6 +4,7 @@
 
 #include "Accessibility.h"
 #include "services/Gestures.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 namespace {
@@ -75,9 +76,8 @@ void FormWindow::AddMenu(MenuEntry& entry) {
     action->setObjectName(item->Name);
     connect(menu, &QMenu::aboutToShow, action, [=] { action->setEnabled(item->Enabled); });
     connect(action, &QAction::triggered, this, [=] { Choose(*item); });
-    if (item->Key == Shortcut::None) continue;
     // Shown and told to screen readers; the stroke itself is the form's.
-    action->setShortcut(QKeySequence("Ctrl+S"));
+    action->setShortcut(QKeySequence(KeysOf(item->Key)));
     action->setShortcutContext(Qt::WidgetShortcut);
   }
 }
@@ -92,7 +92,11 @@ void FormWindow::SetFrame() {
     setFixedSize(size());
   }
   if (!Shown.ClientAt) return;
-  setGeometry({{ToPixels(Shown.ClientAt->Left), ToPixels(Shown.ClientAt->Top)}, size()});
+  const QRect area = screen()->availableGeometry();
+  const Place at =
+      MoveOnto({area.x(), area.y(), area.width(), area.height()},
+               {ToPixels(Shown.ClientAt->Left), ToPixels(Shown.ClientAt->Top), width(), height()});
+  setGeometry(at.Left, at.Top, at.Width, at.Height);
 }
 
 void FormWindow::Run() {

@@ -99,20 +99,19 @@ class MessageBox : public QDialog {
 };
 
 // Its first letter alone presses it, too.
-QPushButton* AddButton(QDialog& box, QDialogButtonBox& row, const char* caption, int result) {
+void AddButton(QDialog& box, QDialogButtonBox& row, const char* caption, int result) {
   QPushButton* button = row.addButton(caption, QDialogButtonBox::ActionRole);
   button->setMinimumWidth(ButtonWidth);
   auto* letter = new QShortcut(QKeySequence(button->text().section('&', -1).left(1)), &box);
   const auto choose = [&box, result] { box.done(result); };
   QObject::connect(button, &QPushButton::clicked, &box, choose);
   QObject::connect(letter, &QShortcut::activated, &box, choose);
-  return button;
 }
 
 }  // namespace
 
 MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageButtons buttons) {
-  const bool asks = buttons == MessageButtons::YesNo;
+  const std::span<const MessageButton> choices = ButtonsOf(buttons);
   MessageBox box(owner, QString::fromStdString(text));
   auto* rows = new QVBoxLayout(&box);
   auto* row = new QDialogButtonBox;
@@ -121,11 +120,12 @@ MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageBut
   rows->addWidget(box.Text, 0, Qt::AlignHCenter);
   rows->addWidget(row);
   row->setCenterButtons(true);
-  AddButton(box, *row, asks ? "&Yes" : "OK", QDialog::Accepted)->setFocus();
-  if (asks) AddButton(box, *row, "&No", QDialog::Rejected);
-  const MessageAnswer answer =
-      box.exec() == QDialog::Accepted ? MessageAnswer::Yes : MessageAnswer::No;
-  return asks ? answer : MessageAnswer::Ok;
+  int number = 0;  // from 1 on; 0 is a box that was closed
+  for (const MessageButton& choice : choices) AddButton(box, *row, choice.Caption, ++number);
+  row->buttons().first()->setFocus();
+  const int pressed = box.exec();
+  return pressed == 0 ? choices.back().Answer
+                      : choices[static_cast<std::size_t>(pressed) - 1].Answer;
 }
 
 }  // namespace corvane

@@ -70,19 +70,20 @@ std::string Existing(const std::string& path) {
 }
 
 void Settle(CommonDialog& dialog, const std::string& path) {
-  if (path.empty()) return;
-  dialog.FileName = Existing(path);
+  dialog.FileName = path.empty() ? path : Existing(path);
   dialog.FileTitle = dialog.FileName.substr(NameStart(dialog.FileName));
 }
 
 }  // namespace
 
 void CommonDialog::ShowOpen() {
+  FileName.clear();
   StandOver([this] { TheDisplay.ShowOpenDialog(*this); });
   Settle(*this, FileName);
 }
 
 void CommonDialog::ShowSave() {
+  FileName.clear();
   StandOver([this] { TheDisplay.ShowSaveDialog(*this); });
   const bool complete = FileName.empty() || EndsAsFiltered(FileName, Filter);
   Settle(*this, complete ? FileName : FileName + DefaultExt);
@@ -97,6 +98,14 @@ std::string CommonDialog::Refusal(const std::string& path) const {
     return path + "\r\nFile not found.";
   }
   return {};
+}
+
+std::span<const MessageButton> ButtonsOf(MessageButtons buttons) {
+  static constexpr MessageButton ok[] = {{"OK", MessageAnswer::Ok}};
+  static constexpr MessageButton yesNo[] = {{"&Yes", MessageAnswer::Yes},
+                                            {"&No", MessageAnswer::No}};
+  if (buttons == MessageButtons::YesNo) return yesNo;
+  return ok;
 }
 
 void Tell(const std::string& text) { static_cast<void>(ShowBox(text, MessageButtons::Ok)); }

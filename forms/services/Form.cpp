@@ -16,6 +16,8 @@ std::vector<Form*> OpenForms() { return {Stack.rbegin(), Stack.rend()}; }
 
 Form* TopForm() { return Stack.empty() ? nullptr : Stack.back(); }
 
+const char* KeysOf(Shortcut shortcut) { return shortcut == Shortcut::CtrlS ? "Ctrl+S" : ""; }
+
 MenuItem::MenuItem(MenuEntry& under, const char* name, const char* caption, Shortcut key)
     : Under(under), Name(name), Caption(caption), Key(key) {
   under.Items.push_back(this);

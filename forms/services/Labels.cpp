@@ -1,6 +1,7 @@
 #include "services/Labels.h"
 
 #include <cstdlib>
+#include <initializer_list>
 
 #include "services/Form.h"
 
@@ -26,15 +27,23 @@ bool IsBelow(const Place& label, const Place& field) {
          centre <= field.Left + field.Width;
 }
 
-}  // namespace
-
-Control* FieldOf(const Label& label) {
+// The first field in the label's frame that stands to it in one of these ways.
+Control* FindField(const Label& label,
+                   std::initializer_list<bool (*)(const Place&, const Place&)> ways) {
   for (const AnyControl& any : label.Owner.Controls) {
     Control* field = AsField(any);
     if (!field || field->Parent != label.Parent) continue;
-    if (IsBeside(label.At, field->At) || IsBelow(label.At, field->At)) return field;
+    for (const auto& stands : ways) {
+      if (stands(label.At, field->At)) return field;
+    }
   }
   return nullptr;
 }
+
+}  // namespace
+
+Control* FieldOf(const Label& label) { return FindField(label, {IsBeside, IsBelow}); }
+
+Control* FieldBeside(const Label& label) { return FindField(label, {IsBeside}); }
 
 }  // namespace corvane

@@ -1,6 +1,7 @@
 #include "services/TextEditing.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "base/AnsiText.h"
@@ -82,6 +83,10 @@ std::string ShownText(const TextBox& box, std::string_view lineBreak, int most) 
 
 std::string WithLineBreaks(std::string_view text, std::string_view lineBreak) {
   return Shown(text, true, lineBreak, INT_MAX);
+}
+
+bool TakeSelection(TextBox& box, bool filled) {
+  return std::exchange(box.SelectionSet, false) || filled;
 }
 
 TextEdit FindEdit(std::string_view before, std::string_view after, int caret) {

@@ -13,6 +13,8 @@
 #include "base/WideText.h"
 #include "services/FormView.h"
 #include "services/Gestures.h"
+#include "services/Labels.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 namespace {
@@ -221,13 +223,10 @@ void PlaceWidget(const ControlWidget& widget, int dpi) {
 
 // Has a label share its base line with the field that it stands before.
 void AlignLabel(const ControlWidget& label, std::span<const ControlWidget> widgets, int dpi) {
-  const Control& shown = *label.Shown;
-  const auto field = std::ranges::find_if(widgets, [&](const ControlWidget& other) {
-    const Control& control = *other.Shown;
-    return control.Parent == shown.Parent && control.At.Top == shown.At.Top &&
-           control.At.Left > shown.At.Left && other.LineTop() > 0;
-  });
-  if (field == widgets.end()) return;
+  const auto* shown = dynamic_cast<const Label*>(label.Shown);
+  const Control* beside = shown ? FieldBeside(*shown) : nullptr;
+  const auto field = std::ranges::find(widgets, beside, &ControlWidget::Shown);
+  if (field == widgets.end() || field->LineTop() == 0) return;
   const LONG baseLine =
       PlaceInParent(field->Widget).top + field->LineTop() + MetricsOf(ControlFont(dpi)).tmAscent;
   SetWindowPos(label.Widget, nullptr, PlaceInParent(label.Widget).left,

@@ -1,6 +1,9 @@
 #include "FileDialogs.h"
 
+#include <cderr.h>
+
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "Dialogs.h"
@@ -11,25 +14,47 @@ namespace corvane {
 namespace {
 
 // Loaded by the first dialog: the library and those that it needs take 6 MiB and a quarter of the
-// start. Nullptr if it cannot be loaded.
-Chooser LoadChooser(FileDialogKind kind) {
-  if (!LoadLibraryW(L"comdlg32")) return nullptr;
+// start. Nothing if it cannot be loaded.
+std::optional<SystemDialog> LoadDialog(FileDialogKind kind) {
+  constexpr wchar_t Library[] = L"comdlg32";
+  if (!LoadLibraryW(Library)) return {};
   const bool opens = kind == FileDialogKind::Open;
-  return SystemFunction<Chooser>(L"comdlg32", opens ? "GetOpenFileNameW" : "GetSaveFileNameW");
+  return SystemDialog{
+      SystemFunction<decltype(SystemDialog::Choose)>(
+          Library, opens ? "GetOpenFileNameW" : "GetSaveFileNameW"),
+      SystemFunction<decltype(SystemDialog::Error)>(Library, "CommDlgExtendedError")};
+}
+
+std::string ReasonOf(DWORD error) {
+  switch (error) {
+    case CDERR_MEMALLOCFAILURE:
+    case CDERR_MEMLOCKFAILURE:
+    case FNERR_SUBCLASSFAILURE:
+      return "not enough memory";
+    case FNERR_INVALIDFILENAME:
+      return "the file name is invalid";
+    case FNERR_BUFFERTOOSMALL:
+      return "the path is too long";
+    default:
+      return "error " + std::to_string(error) + " of comdlg32.dll";
+  }
+}
+
+void TellFailure(HWND owner, const std::string& failure) {
+  ShowMessageBox(owner, "Error: " + failure + ".", MessageButtons::Ok);
 }
 
 }  // namespace
 
 void ShowFileDialog(HWND owner, CommonDialog& settings, FileDialogKind kind) {
-  if (const Chooser choose = LoadChooser(kind)) return RunFileDialog(owner, settings, choose);
-  const std::string reason = "system error " + std::to_string(GetLastError());
-  ShowMessageBox(owner, "Error: comdlg32.dll could not be loaded: " + reason + ".",
-                 MessageButtons::Ok);
+  if (const auto system = LoadDialog(kind)) return RunFileDialog(owner, settings, *system);
+  TellFailure(owner,
+              "comdlg32.dll could not be loaded: system error " + std::to_string(GetLastError()));
 }
 
-void RunFileDialog(HWND owner, CommonDialog& settings, Chooser choose) {
-  constexpr std::size_t LongestPath = 32768;
-  std::wstring path(LongestPath, L'\0');
+void RunFileDialog(HWND owner, CommonDialog& settings, const SystemDialog& system) {
+  constexpr std::size_t MaxPath = 32768;
+  std::wstring path(MaxPath, L'\0');
   std::wstring filters = TextToWide(settings.Filter) + L'|';
   std::ranges::replace(filters, L'|', L'\0');
   const std::wstring folder = TextToWide(settings.InitDir);
@@ -39,13 +64,15 @@ void RunFileDialog(HWND owner, CommonDialog& settings, Chooser choose) {
   dialog.lpstrFilter = filters.c_str();
   dialog.nFilterIndex = static_cast<DWORD>(settings.FilterIndex);
   dialog.lpstrFile = path.data();
-  dialog.nMaxFile = LongestPath;
+  dialog.nMaxFile = MaxPath;
   dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
   // Beside the settings' own only how it looks. The folder of a choice becomes the current one.
   dialog.Flags = static_cast<DWORD>(settings.Flags) | OFN_EXPLORER | OFN_HIDEREADONLY;
-  const bool chosen = choose(&dialog) != 0;
-  settings.FileName = chosen ? WideToText(path.c_str()) : "";
-  settings.FileTitle = chosen ? WideToText(path.c_str() + dialog.nFileOffset) : "";
+  if (system.Choose(&dialog)) {
+    settings.FileName = WideToText(path.c_str());
+  } else if (const DWORD error = system.Error()) {
+    TellFailure(owner, "The file dialog failed: " + ReasonOf(error));
+  }
 }
 
 }  // namespace corvane

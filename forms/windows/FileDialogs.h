@@ -9,8 +9,13 @@
 
 namespace corvane {
 
-using Chooser = BOOL(WINAPI*)(OPENFILENAMEW*);  // GetOpenFileNameW and its like
+/// The functions of comdlg32.dll.
+struct SystemDialog {
+  BOOL(WINAPI* Choose)(OPENFILENAMEW*);  // GetOpenFileNameW and its like
+  DWORD(WINAPI* Error)();                // CommDlgExtendedError: 0 after a cancel
+};
 
-void RunFileDialog(HWND owner, CommonDialog& settings, Chooser choose);
+/// A dialog that fails gives nothing back, as a cancel does, and tells why.
+void RunFileDialog(HWND owner, CommonDialog& settings, const SystemDialog& system);
 
 }  // namespace corvane

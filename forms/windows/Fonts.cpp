@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "SystemFunction.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 namespace {

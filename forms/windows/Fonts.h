@@ -11,8 +11,6 @@ namespace corvane {
 
 constexpr int FontHeight = 160;  // of the controls, in twips: 8 points
 
-[[nodiscard]] constexpr int ToPixels(int twips, int dpi) { return (twips * dpi + 720) / 1440; }
-
 /// The font of the controls. All fonts are kept until the program ends.
 [[nodiscard]] HFONT ControlFont(int dpi);
 

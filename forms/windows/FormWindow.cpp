@@ -3,10 +3,13 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "Fonts.h"
+#include "Widgets.h"
 #include "base/WideText.h"
 #include "services/Gestures.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 namespace {
@@ -107,9 +110,10 @@ HMENU FormWindow::MakeMenuBar() {
   for (const MenuEntry* entry : Shown.Menus) {
     const HMENU menu = CreatePopupMenu();
     for (MenuItem* item : entry->Items) {
-      const std::string key = item->Key == Shortcut::CtrlS ? "\tCtrl+S" : "";
+      const std::string keys = KeysOf(item->Key);
+      const std::string text = item->Caption + (keys.empty() ? "" : "\t" + keys);
       Commands.push_back(item);
-      AppendMenuW(menu, MF_STRING, Commands.size(), TextToWide(item->Caption + key).c_str());
+      AppendMenuW(menu, MF_STRING, Commands.size(), TextToWide(text).c_str());
     }
     AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu),
                 TextToWide(entry->Caption).c_str());
@@ -128,16 +132,17 @@ void FormWindow::SetClientSize(SIZE client) {
 
 // Where the form asks for, if anywhere, and on the screen.
 void FormWindow::SetFirstPlace() {
-  const WINDOWINFO now = PlacesOf(Window);
-  const RECT &whole = now.rcWindow, &client = now.rcClient, screen = WorkArea(Window);
-  LONG left = whole.left, top = whole.top;
+  auto [whole, client] = std::pair(PlacesOf(Window).rcWindow, PlacesOf(Window).rcClient);
   if (Shown.ClientAt) {
-    left = ToPixels(Shown.ClientAt->Left, Dpi) + whole.left - client.left;
-    top = ToPixels(Shown.ClientAt->Top, Dpi) + whole.top - client.top;
+    OffsetRect(&whole, ToPixels(Shown.ClientAt->Left, Dpi) - client.left,
+               ToPixels(Shown.ClientAt->Top, Dpi) - client.top);
   }
-  left = std::max(screen.left, std::min(left, screen.right - SizeOf(whole).cx));
-  top = std::max(screen.top, std::min(top, screen.bottom - SizeOf(whole).cy));
-  SetWindowPos(Window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  MoveOntoScreen(whole);
+}
+
+void FormWindow::MoveOntoScreen(const RECT& place) {
+  const POINT at = OnScreenOf(Window, place);
+  SetWindowPos(Window, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Follows another resolution, or other fonts and colours of the system, which change the frame.
@@ -148,11 +153,14 @@ void FormWindow::ApplySettings(int dpi, const RECT* place) {
   client = resized ? SIZE{MulDiv(client.cx, dpi, Dpi), MulDiv(client.cy, dpi, Dpi)}
                    : ClientSize(Shown, dpi);
   Dpi = dpi;
-  const RECT at = place ? *place : PlacesOf(Window).rcWindow;
+  const RECT before = PlacesOf(Window).rcWindow;
+  const RECT at = place ? *place : before;
   if (!IsIconic(Window) && !IsZoomed(Window)) {
     SetWindowPos(Window, nullptr, at.left, at.top, SizeOf(at).cx, SizeOf(at).cy,
                  SWP_FRAMECHANGED | SWP_NOZORDER | SWP_NOACTIVATE);
     SetClientSize(client);
+    const RECT now = PlacesOf(Window).rcWindow;
+    if (!EqualRect(&now, &before)) MoveOntoScreen(now);
   }
   ApplyLayout(Widgets, Dpi);
   RedrawWindow(Window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);

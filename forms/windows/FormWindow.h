@@ -29,6 +29,7 @@ class FormWindow : public FormView {
   HMENU MakeMenuBar();
   void MakeControls();
   void SetFirstPlace();
+  void MoveOntoScreen(const RECT& place);
   void SetClientSize(SIZE client);
   void ApplySettings(int dpi, const RECT* place = nullptr);
 

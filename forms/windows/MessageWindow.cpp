@@ -3,24 +3,19 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
 #include "AccessibleText.h"
 #include "Fonts.h"
 #include "SystemFunction.h"
+#include "Widgets.h"
 #include "base/WideText.h"
 #include "services/TextEditing.h"
 
 namespace corvane {
 namespace {
-
-struct Choice {
-  int Id;
-  const wchar_t* Caption;
-};
-const std::vector<Choice> OkOnly = {{IDOK, L"OK"}};
-const std::vector<Choice> YesOrNo = {{IDYES, L"&Yes"}, {IDNO, L"&No"}};
 
 // The box lays itself out for a new resolution; the system would scale it once more.
 void DisableDialogScaling(HWND box) {
@@ -36,13 +31,13 @@ LONG HeightOf(const RECT& place) { return place.bottom - place.top; }
 // One box for all messages. The system's own cannot scroll, and its questions ignore Esc.
 class MessageWindow {
  public:
-  MessageWindow(std::wstring text, const std::vector<Choice>& choices)
+  MessageWindow(std::wstring text, std::span<const MessageButton> choices)
       : Text(std::move(text)), Choices(choices) {}
   MessageWindow(const MessageWindow&) = delete;
   MessageWindow& operator=(const MessageWindow&) = delete;
   ~MessageWindow() { DeleteObject(Font); }
 
-  INT_PTR Run(HWND owner);  // the choice's Id, or IDCANCEL
+  MessageAnswer Run(HWND owner);
 
  private:
   static INT_PTR CALLBACK DialogProc(HWND box, UINT message, WPARAM first, LPARAM second);
@@ -65,25 +60,28 @@ class MessageWindow {
   [[nodiscard]] int Down(int units) const { return MulDiv(units, Letter.tmHeight, 8); }
 
   static constexpr int Margin = 7, Gap = 4, ButtonWidth = 50, ButtonHeight = 14;
-  static constexpr int MaxTextWidth = 400;  // about 100 letters
-  static constexpr int TextId = 100;
+  static constexpr int MaxTextWidth = 400;               // about 100 letters
+  static constexpr int TextId = 100, FirstButton = 101;  // apart from IDCANCEL, a closing
 
   const std::wstring Text;
-  const std::vector<Choice>& Choices;
-  HWND Box = nullptr, View = nullptr;  // the view shows the text
+  const std::span<const MessageButton> Choices;  // the first one is the default
+  HWND Box = nullptr, View = nullptr;            // the view shows the text
   std::vector<HWND> Buttons;
   HFONT Font = nullptr;
   TEXTMETRICW Letter{};
 };
 
-INT_PTR MessageWindow::Run(HWND owner) {
+MessageAnswer MessageWindow::Run(HWND owner) {
   struct {
     DLGTEMPLATE Window;
     WORD Menu, Class, Title;  // none, the usual one, none
   } form{};
   form.Window.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-  return DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &form.Window, owner, DialogProc,
-                                 reinterpret_cast<LPARAM>(this));
+  const INT_PTR pressed = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &form.Window, owner,
+                                                  DialogProc, reinterpret_cast<LPARAM>(this)) -
+                          FirstButton;
+  const bool closed = pressed < 0 || pressed >= std::ssize(Choices);
+  return closed ? Choices.back().Answer : Choices[static_cast<std::size_t>(pressed)].Answer;
 }
 
 INT_PTR CALLBACK MessageWindow::DialogProc(HWND box, UINT message, WPARAM first, LPARAM second) {
@@ -126,11 +124,12 @@ void MessageWindow::OnOpen() {
   SetWindowTextW(Box, TextToWide(ProgramName).c_str());
   SetAccessibleDescription(Box, Text);
   DisableDialogScaling(Box);
-  for (const Choice& choice : Choices) {
+  for (int id = FirstButton; const MessageButton& choice : Choices) {
     const DWORD look = Buttons.empty() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-    Buttons.push_back(MakeChild(WC_BUTTONW, choice.Caption, look | WS_TABSTOP, choice.Id));
+    Buttons.push_back(
+        MakeChild(WC_BUTTONW, TextToWide(choice.Caption).c_str(), look | WS_TABSTOP, id++));
   }
-  SendMessageW(Box, DM_SETDEFID, static_cast<WPARAM>(Choices.front().Id), 0);
+  SendMessageW(Box, DM_SETDEFID, FirstButton, 0);
   ApplyLayout(DpiOf(Box));
   SetFocus(Buttons.front());
 }
@@ -228,14 +227,12 @@ void MessageWindow::PlaceWindow(SIZE client) {
   place.right += WidthOf(now.rcWindow) - WidthOf(now.rcClient);
   place.bottom += HeightOf(now.rcWindow) - HeightOf(now.rcClient);
   const HWND owner = GetWindow(Box, GW_OWNER);
-  const RECT screen = WorkArea(owner ? owner : Box);
-  RECT over = screen;
+  RECT over = WorkArea(Box);
   if (owner) GetWindowRect(owner, &over);
-  const LONG left = (over.left + over.right - place.right) / 2;
-  const LONG top = (over.top + over.bottom - place.bottom) / 2;
-  MoveWindow(Box, std::max(screen.left, std::min(left, screen.right - place.right)),
-             std::max(screen.top, std::min(top, screen.bottom - place.bottom)), place.right,
-             place.bottom, TRUE);
+  OffsetRect(&place, (over.left + over.right - place.right) / 2,
+             (over.top + over.bottom - place.bottom) / 2);
+  const POINT at = OnScreenOf(owner ? owner : Box, place);
+  MoveWindow(Box, at.x, at.y, WidthOf(place), HeightOf(place), TRUE);
 }
 
 void MessageWindow::ApplyLayout(int dpi) {
@@ -262,11 +259,7 @@ void MessageWindow::ApplyLayout(int dpi) {
 }  // namespace
 
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons) {
-  const bool asks = buttons == MessageButtons::YesNo;
-  MessageWindow box(TextToWide(WithLineBreaks(text, "\r\n")), asks ? YesOrNo : OkOnly);
-  const INT_PTR pressed = box.Run(owner);
-  if (!asks) return MessageAnswer::Ok;
-  return pressed == IDYES ? MessageAnswer::Yes : MessageAnswer::No;
+  return MessageWindow(TextToWide(WithLineBreaks(text, "\r\n")), ButtonsOf(buttons)).Run(owner);
 }
 
 }  // namespace corvane

@@ -4,11 +4,11 @@
 #include <windowsx.h>
 
 #include <string>
-#include <utility>
 
 #include "Widgets.h"
 #include "base/WideText.h"
 #include "services/Gestures.h"
+#include "services/TextEditing.h"
 
 namespace corvane {
 namespace {
@@ -19,7 +19,8 @@ std::wstring TextOf(HWND edit) {
   return text;
 }
 
-std::wstring Held(const TextBox& box, int max = INT_MAX) {
+// The text of a box as its widget has it, or so many of its characters.
+std::wstring ShownBy(const TextBox& box, int max = INT_MAX) {
   return TextToWide(ShownText(box, "\r\n", max));
 }
 
@@ -35,13 +36,13 @@ Range SelectionOf(HWND edit) {
 }
 
 void MirrorText(HWND edit, TextBox& box) {
-  const bool differs = TextOf(edit) != Held(box);
+  const bool differs = TextOf(edit) != ShownBy(box);
   const LRESULT scrolled = box.MultiLine ? Send(edit, EM_GETFIRSTVISIBLELINE) : 0;
-  if (differs) SetWindowTextW(edit, Held(box).c_str());
+  if (differs) SetWindowTextW(edit, ShownBy(box).c_str());
   if (differs) SendMessageW(edit, EM_LINESCROLL, 0, scrolled);
-  if (!std::exchange(box.SelectionSet, false) && !differs) return;
-  const std::size_t start = Held(box, box.SelStart).size();
-  const std::size_t end = Held(box, box.SelStart + box.SelLength).size();
+  if (!TakeSelection(box, differs)) return;
+  const std::size_t start = ShownBy(box, box.SelStart).size();
+  const std::size_t end = ShownBy(box, box.SelStart + box.SelLength).size();
   SendMessageW(edit, EM_SETSEL, start, static_cast<LPARAM>(end));
   if (differs) Send(edit, EM_SCROLLCARET);
 }
@@ -54,7 +55,7 @@ void ReportText(TextBox& box, const std::wstring& text, std::size_t caret) {
 
 void OnChange(HWND edit, TextBox& box) {
   const std::wstring text = TextOf(edit);
-  if (text != Held(box)) ReportText(box, text, SelectionOf(edit).Start);
+  if (text != ShownBy(box)) ReportText(box, text, SelectionOf(edit).Start);
 }
 
 std::wstring ClipboardText(HWND owner) {

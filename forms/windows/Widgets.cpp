@@ -2,6 +2,7 @@
 
 #include "Fonts.h"
 #include "base/WideText.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 
@@ -22,6 +23,15 @@ SIZE SizeOf(HWND widget) {
   RECT place{};
   GetWindowRect(widget, &place);
   return {place.right - place.left, place.bottom - place.top};
+}
+
+POINT OnScreenOf(HWND other, const RECT& window) {
+  const auto place = [](const RECT& at) {
+    return Place{static_cast<int>(at.left), static_cast<int>(at.top),
+                 static_cast<int>(at.right - at.left), static_cast<int>(at.bottom - at.top)};
+  };
+  const Place moved = MoveOnto(place(WorkArea(other)), place(window));
+  return {moved.Left, moved.Top};
 }
 
 HFONT FontOf(HWND widget) {

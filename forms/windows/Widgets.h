@@ -16,6 +16,9 @@ LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = 
 [[nodiscard]] SIZE SizeOf(HWND widget);
 [[nodiscard]] RECT PlaceInParent(HWND widget);
 
+/// The upper left corner of a window that is to stand on the screen that another one is on.
+[[nodiscard]] POINT OnScreenOf(HWND other, const RECT& window);
+
 [[nodiscard]] HFONT FontOf(HWND widget);
 void SetFontOf(HWND widget, HFONT font);
 void SetUsualFont(HWND widget, int dpi);

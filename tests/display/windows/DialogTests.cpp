@@ -34,7 +34,7 @@ class MessageHeight {
   NONCLIENTMETRICSW Before = Metrics();
 };
 
-constexpr int TextOfMessage = 100;
+constexpr int TextOfMessage = 100, FirstButtonOfMessage = 101;
 
 HWND MessageText() { return GetDlgItem(GetActiveWindow(), TextOfMessage); }
 
@@ -131,7 +131,7 @@ TEST(Messages, AreWholeOnTheScreenInTheSystemsFont) {
     AnswerTo(Findings(24), [&] {
       EXPECT_TRUE(SeenMessage().OnScreen) << height;
       EXPECT_EQ(HeightOfLetters(MessageText()), height);
-      EXPECT_EQ(HeightOfLetters(GetDlgItem(GetActiveWindow(), IDYES)), height);
+      EXPECT_EQ(HeightOfLetters(GetDlgItem(GetActiveWindow(), FirstButtonOfMessage)), height);
       PressKey("Esc");
     });
   }
@@ -166,6 +166,8 @@ TEST(TextBoxes, TakeSeveralPastedLinesAsTheyAre) {
   });
 }
 
+DWORD WINAPI NoError() { return 0; }
+
 OPENFILENAMEW Given;
 std::wstring GivenFilter;
 
@@ -189,23 +191,44 @@ TEST(FileDialogs, AreShownByTheirSettings) {
                         .DefaultExt = ".CRV",
                         .Filter = "Executable|CC4.EXE|All|*.*",
                         .FilterIndex = 2,
-                        .InitDir = "C:\\Games",
-                        .FileName = "before"};
-  RunFileDialog(nullptr, settings, ChooseNothing);
+                        .InitDir = "C:\\Games"};
+  RunFileDialog(nullptr, settings, {ChooseNothing, NoError});
   EXPECT_EQ(GivenFilter, std::wstring(L"Executable\0CC4.EXE\0All\0*.*\0", 27));
   EXPECT_EQ(Given.nFilterIndex, 2U);
   EXPECT_NE(Given.Flags & OFN_FILEMUSTEXIST, 0U);
   EXPECT_NE(Given.Flags & OFN_PATHMUSTEXIST, 0U);
   EXPECT_EQ(Given.Flags & OFN_OVERWRITEPROMPT, 0U);
   EXPECT_EQ(Given.Flags & OFN_NOCHANGEDIR, 0U);
-  EXPECT_EQ(settings.FileName, "");
+  EXPECT_EQ(settings.FileName, "");  // left so by a cancel
 }
 
 TEST(FileDialogs, GiveBackThePathAndTheName) {
   CommonDialog settings;
-  RunFileDialog(nullptr, settings, ChooseAFile);
+  RunFileDialog(nullptr, settings, {ChooseAFile, NoError});
   EXPECT_EQ(settings.FileName, "C:\\Games\\\xC3\xA9.crv");
-  EXPECT_EQ(settings.FileTitle, "\xC3\xA9.crv");
+}
+
+DWORD Error;
+
+TEST(FileDialogs, TellWhyTheyFailed) {
+  for (const auto& [error, reason] : {std::pair{0x3003, "the path is too long"},
+                                      {0x3002, "the file name is invalid"},
+                                      {0x0009, "not enough memory"},
+                                      {0x0006, "error 6 of comdlg32.dll"}}) {
+    TestForm form;
+    std::string told;
+    Error = static_cast<DWORD>(error);
+    form.cmdOK.Click = [] {
+      CommonDialog settings;
+      RunFileDialog(nullptr, settings, {ChooseNothing, [] { return Error; }});
+      EXPECT_EQ(settings.FileName, "");
+    };
+    PlayWhole(form, [&] {
+      WhenNext([&] { told = SeenMessage().Text, PressKey("Return"); });
+      PressAt(form.cmdOK);
+    });
+    EXPECT_EQ(told, std::string("Error: The file dialog failed: ") + reason + ".");
+  }
 }
 
 // A file that is no library at all gives another error where it is found.

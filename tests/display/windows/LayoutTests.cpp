@@ -1,15 +1,13 @@
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 
 #include "Screen.h"
 #include "base/WideText.h"
 #include "services/FormView.h"
+#include "services/Pixels.h"
 
 namespace corvane {
 namespace {
-
-int ToPixels(int twips, int dpi) { return static_cast<int>(std::lround(twips * dpi / 1440.0)); }
 
 // The system tells a window of another resolution and where it thinks that the window belongs.
 void ChangeDpi(HWND window, int dpi) {
@@ -56,6 +54,40 @@ TEST_F(Layout, KeepsTheClientAreaWhenTheFrameChanges) {
     const SIZE after = ClientOf(window);
     SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     EXPECT_EQ(ToText(after), ToText(before));
+  });
+}
+
+RECT ScreenOf(HWND window) {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+  return screen.rcWork;
+}
+
+TEST_F(Layout, KeepsAWindowOnTheScreenThatGrew) {
+  PlayAt(96, [&](HWND window) {
+    const RECT screen = ScreenOf(window);
+    for (const int dpi : {144, 480}) {  // the latter makes it larger than the screen
+      ChangeDpi(window, 96);
+      const RECT before = PlaceOf(window);
+      SetWindowPos(window, nullptr, screen.right - (before.right - before.left),
+                   screen.bottom - (before.bottom - before.top), 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+      ChangeDpi(window, dpi);
+      const RECT place = PlaceOf(window);
+      const SIZE size{place.right - place.left, place.bottom - place.top};
+      EXPECT_EQ(place.left, std::max(screen.left, screen.right - size.cx)) << dpi;
+      EXPECT_EQ(place.top, std::max(screen.top, screen.bottom - size.cy)) << dpi;
+    }
+  });
+}
+
+// Such as half beside it, where a user has put it.
+TEST_F(Layout, LeavesAWindowInItsPlaceWhenOnlyColoursChange) {
+  PlayAt(96, [&](HWND window) {
+    SetWindowPos(window, nullptr, -50, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    SendMessageW(window, WM_SETTINGCHANGE, 0, 0);
+    EXPECT_EQ(PlaceOf(window).left, -50);
+    EXPECT_EQ(PlaceOf(window).top, 40);
   });
 }
 

@@ -13,6 +13,12 @@ TEST(Labels, BelowWhichAListStandsNameTheList) {
   EXPECT_EQ(FieldOf(main.Label10), &main.lstMaps);
 }
 
+TEST(Labels, StandBesideTheFieldOfTheirLine) {
+  const Form1 main;
+  EXPECT_EQ(FieldBeside(main.Label1), &main.txtMapLeft);
+  EXPECT_EQ(FieldBeside(main.Label10), nullptr);
+}
+
 TEST(Labels, OfANoteNameNothing) {
   const dlgAddConnection dialog(0);
   EXPECT_EQ(FieldOf(dialog.Label2), nullptr);

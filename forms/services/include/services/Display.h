@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 
 namespace corvane {
@@ -14,7 +15,16 @@ struct Form;
 inline constexpr char ProgramName[] = "Corvane";  // the title of every message box
 
 enum class MessageButtons { Ok, YesNo };
-enum class MessageAnswer { Ok, Yes, No };  // a question that was closed without an answer is No
+enum class MessageAnswer { Ok, Yes, No };
+
+struct MessageButton {
+  const char* Caption;  // '&' marks the mnemonic
+  MessageAnswer Answer;
+};
+
+/// The buttons of a box from left to right. The first is the default button; the last one's answer
+/// is also that of a box that was closed without a button.
+[[nodiscard]] std::span<const MessageButton> ButtonsOf(MessageButtons buttons);
 
 // Values of CommonDialog::Flags.
 inline constexpr int FileMustExist = 4096;
@@ -27,8 +37,8 @@ struct CommonDialog {
   std::string Filter = {};      // pairs of description and pattern, all separated by '|'
   int FilterIndex = 1;          // counted from 1
   std::string InitDir = {};
-  std::string FileName = {};   // full path; empty when the user cancelled
-  std::string FileTitle = {};  // the name without its folder
+  std::string FileName = {};   // full path; a display leaves it empty when the user cancels
+  std::string FileTitle = {};  // the name without its folder; no display's business
 
   /// Show the dialog and return when it is closed. A name that a save dialog gives back ends in an
   /// extension of the filter or gets the default one; one that matches a file but for its letter

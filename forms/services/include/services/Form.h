@@ -12,6 +12,9 @@ namespace corvane {
 
 enum class Shortcut { None, CtrlS };
 
+/// How a menu shows the keys of a shortcut; empty for none.
+[[nodiscard]] const char* KeysOf(Shortcut shortcut);
+
 struct MenuEntry;
 
 struct MenuItem {

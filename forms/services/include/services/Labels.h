@@ -9,4 +9,7 @@ namespace corvane {
 /// nullptr for a label that names none.
 [[nodiscard]] Control* FieldOf(const Label& label);
 
+/// The field whose line of text the label shares, or nullptr.
+[[nodiscard]] Control* FieldBeside(const Label& label);
+
 }  // namespace corvane

@@ -25,6 +25,10 @@ struct TextEdit {
 /// A text with this for each line break.
 [[nodiscard]] std::string WithLineBreaks(std::string_view text, std::string_view lineBreak);
 
+/// Whether a widget has to select what the box tells, now that it shows the box's text: after the
+/// text was set anew (`filled`), or the program selected. Otherwise the user's selection stays.
+[[nodiscard]] bool TakeSelection(TextBox& box, bool filled);
+
 /// The edit that leads from one shown text to another. `caret` is where the caret stands
 /// afterwards, in characters: among equal characters it tells which were meant.
 [[nodiscard]] TextEdit FindEdit(std::string_view before, std::string_view after, int caret);
