@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Measures the program against its floors and prints the table; a row over its limit is marked.
-# With "windows" as first argument it measures the window of the Windows program under Wine. All
-# other arguments go to the benchmarks, such as --benchmark_filter=start.
+# Measures the program and its floors, and prints the table; rows over their limit are marked. With
+# "windows" as the first argument it measures the window of the Windows program under Wine. Passes
+# all other arguments to the benchmarks, for example --benchmark_filter=start.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

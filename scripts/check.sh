@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds with sanitizers and with clang++, runs all tests in both, and looks at the format.
+# Builds with sanitizers and with clang++, runs all tests in both builds, and checks the format.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

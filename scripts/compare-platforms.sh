@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Holds the program for Linux against the one for Windows, under Wine: a game folder edited by either
-# or by one after the other is the same, byte for byte, and both find the same maps for a patch file
+# Compares the Linux program with the Windows program under Wine: a game folder that either edits, or
+# one after the other, must be byte-identical, and both must find the same maps for a patch file
 # through the registry of one prefix. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -35,7 +35,7 @@ play windows windows-first first
 play linux windows-first second
 for tour in windows-alone linux-first windows-first; do
   diff -r "$folder/linux-alone/game" "$folder/$tour/game"
-  echo "$tour: $(find "$folder/$tour/game" -type f | wc -l) files, all as linux-alone leaves them"
+  echo "$tour: $(find "$folder/$tour/game" -type f | wc -l) files, identical to linux-alone"
 done
 
 # Pictures and pages.
@@ -55,23 +55,23 @@ for system in linux windows; do
 done
 for output in svg html; do
   cmp "$folder/linux.$output" "$folder/windows.$output"
-  echo "corvane-tool, $output: $(wc -c <"$folder/linux.$output") bytes, the same from both"
+  echo "corvane-tool, $output: $(wc -c <"$folder/linux.$output") bytes, identical on both"
 done
 
-# As the game's installer leaves it, in the view of 32-bit programs.
+# The key that the game's installer writes, in the view of 32-bit programs.
 key='HKLM\Software\Strategic Simulations Inc.\Close Combat\4.00'
 game=$PWD/$folder/linux-alone/game
 trap 'wine reg delete "$key" /f /reg:32 >>"$folder/reg.log" 2>&1; wineserver -k || true' EXIT
 wine reg add "$key" /v InstalledTo /d "Z:${game//\//\\}" /f /reg:32 >"$folder/reg.log" 2>&1
-wineserver -k -w  # writes the registry to the disk
+wineserver -k -w  # flushes the registry to disk
 for system in linux windows; do
   play "$system" linux-alone patch
   grep '^   [0-9]' "$folder/linux-alone-patch-$system.log" | tr -d '\r' >"$folder/$system.maps"
 done
 diff "$folder/linux.maps" "$folder/windows.maps"
-echo "patch file: $(wc -l <"$folder/linux.maps") maps, the same in both"
+echo "patch file: $(wc -l <"$folder/linux.maps") maps, identical on both"
 
-# tool SYSTEM OUTPUT ARGUMENT...: runs corvane-tool and keeps what it prints, and its exit status.
+# tool SYSTEM OUTPUT ARGUMENT...: runs corvane-tool and stores its output and its exit status.
 tool() {
   local program=(build/release/tool/corvane-tool) output=$folder/$2-$1.txt status=0
   [ "$1" = linux ] || program=(wine build/windows/tool/corvane-tool.exe)
@@ -79,7 +79,7 @@ tool() {
   echo "exit status $status" >>"$output"
 }
 
-# A map file that warnings, escapes and every byte of the code page occur in.
+# A map file that causes warnings and escapes and contains every byte of the code page.
 maps=$folder/linux-alone/game/Maps
 for byte in {0..255}; do printf '%b' "\\0$(printf %o "$byte")"; done |
   dd of="$maps/Merlaut.btd" bs=1 seek=200 conv=notrunc status=none
@@ -88,10 +88,10 @@ for call in "check $maps/../CC4.EXE" "show $maps/../CC4.EXE" "show --json $maps/
   "show --json $maps/Merlaut.btd" "diff $maps/Merlaut.btd $maps/DORNESCH.BTD" "check" "--help" \
   "check --strict $maps/Merlaut.btd" "copy --dry-run --unchecked $maps/../CC4.EXE $folder/new.crv"; do
   for system in linux windows; do
-    # shellcheck disable=SC2086 # one word an argument
+    # shellcheck disable=SC2086 # each word is an argument
     tool $system call $call
   done
   cmp "$folder/call-linux.txt" "$folder/call-windows.txt" || { echo "corvane-tool $call"; exit 1; }
   printed=$((printed + $(wc -c <"$folder/call-linux.txt")))
 done
-echo "corvane-tool: $printed bytes printed, the same on both"
+echo "corvane-tool: $printed bytes printed, identical on both"

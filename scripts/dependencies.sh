@@ -1,9 +1,9 @@
-# Sourced by the other scripts: puts the system's packages in place, and builds presets.
+# Sourced by the other scripts: installs the system's packages and builds presets.
 #
 #   need build|test|package|check|fuzz|benchmark|outside|browser|windows
 #
-# installs what is missing on Debian and Ubuntu, as root or through sudo; elsewhere it names the
-# packages and stops when CMake, Ninja or a compiler is not there.
+# installs missing packages on Debian and Ubuntu, as root or through sudo; elsewhere it lists the
+# packages and stops if CMake, Ninja or a compiler is missing.
 
 packages_build="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-dejavu-core
   libutf8proc-dev libcli11-dev nlohmann-json3-dev"
@@ -22,8 +22,8 @@ packages_windows="cmake ninja-build libcli11-dev nlohmann-json3-dev g++-mingw-w6
 
 name_packages() {
   cat >&2 <<'END'
-This script installs packages on Debian and Ubuntu only. Please install what stands here for your
-system, and start it again:
+This script installs packages on Debian and Ubuntu only. Please install the packages listed here for
+your system, and run it again:
   Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel utf8proc-devel cli11-devel json-devel
              gtest-devel python3 strace dejavu-sans-fonts
              clang clang-tools-extra (for the checks), google-benchmark-devel (to measure)
@@ -68,7 +68,7 @@ need() {
 }
 
 # build PRESET [ARGUMENT...]: configures a preset and builds it, with progress on a terminal only.
-# Configured anew each time, since a library may have come that was not there before.
+# Configures every time, because a library may have been installed since.
 build() {
   local preset=$1 log quiet=()
   shift
@@ -76,7 +76,7 @@ build() {
   cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; rm -rf "$log" "build/$preset"; return 1; }
   grep -i -A3 warning "$log" || true
   rm "$log"
-  # Ninja of Ubuntu 22.04 does not know this option.
+  # Ninja on Ubuntu 22.04 lacks this option.
   if ! [ -t 1 ] && ninja --help 2>&1 | grep -q -e --quiet; then quiet=(-- --quiet); fi
   cmake --build --preset "$preset" "$@" "${quiet[@]}"
 }

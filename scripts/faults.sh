@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes saves fail from outside: limits, full disks, failing calls, signals, kills. See
+# Makes the system fail during saves: limits, full disks, failing calls, signals, kills. See
 # tests/faults/faults.py.
 set -euo pipefail
 cd "$(dirname "$0")/.."

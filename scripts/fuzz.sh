@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# scripts/fuzz.sh SECONDS: builds the fuzz drivers and runs each of them for so long. An input that
-# breaks a promise stays in build/fuzz, named after its driver, which takes it as an argument.
+# scripts/fuzz.sh SECONDS: builds the fuzz drivers and runs each for that time. An input that breaks a
+# promise stays in build/fuzz, named after its driver; pass it to the driver to reproduce the fault.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -11,7 +11,7 @@ need fuzz
 export ASAN_OPTIONS=detect_stack_use_after_return=1
 build fuzz
 
-# In memory where that is possible, and deep enough for a base name that climbs.
+# In memory if possible, and deep enough for a base name with ".." in it.
 memory=/dev/shm
 [ -w "$memory" ] || memory=${TMPDIR:-/tmp}
 scratch=$(mktemp -d -p "$memory")
@@ -25,14 +25,14 @@ for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz DrawFuzz Js
   log=build/fuzz/$driver.log
   longest=16384
   [ "$driver" != SessionFuzz ] || longest=512
-  # Looking for leaks after each run would take longer than the run.
+  # A leak check after each run would take longer than the run.
   if build/fuzz/fuzz/$driver -max_total_time="$seconds" -max_len=$longest -timeout=10 \
     -detect_leaks=0 -print_final_stats=1 -artifact_prefix="build/fuzz/$driver-" \
     "$scratch/corpus/$driver" >"$log" 2>&1; then
     result="nothing found"
   else
     input=$(sed -n 's/.*Test unit written to //p' "$log")
-    result="FAILED, ${input:-broken off without a finding}, see $log"
+    result="FAILED, ${input:-stopped without a finding}, see $log"
     failed=1
   fi
   printf '%-13s%8s runs,%6s a second: %s\n' "$driver" \

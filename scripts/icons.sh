@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Draws packaging/icons/corvane.svg at each size of corvane.ico and writes that file anew. Needs
-# rsvg-convert and ImageMagick.
+# Regenerates packaging/icons/corvane.ico from corvane.svg. Needs rsvg-convert and ImageMagick.
 set -euo pipefail
 cd "$(dirname "$0")/../packaging/icons"
 

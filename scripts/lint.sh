@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# scripts/lint.sh [linux|windows|msvc]...: reads all sources with clang-tidy, as the compilers of both
-# systems see them. msvc looks for what Microsoft's compiler would refuse: clang in its mode, with the
-# headers of MinGW-w64.
+# scripts/lint.sh [linux|windows|msvc]...: runs clang-tidy on all sources, as the compilers of both
+# systems see them. msvc finds what Microsoft's compiler would reject: it runs clang in MSVC mode with
+# the headers of MinGW-w64.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -9,23 +9,23 @@ cd "$(dirname "$0")/.."
 [ $# -gt 0 ] || set -- linux windows msvc
 need lint
 
-# The headers of MinGW-w64's library, where its own compiler finds them.
+# The headers of MinGW-w64, where its own compiler finds them.
 mapfile -t headers < <(x86_64-w64-mingw32-g++-posix -E -v -x c++ /dev/null 2>&1 |
   sed -n 's|^ \(/.*/c++.*\)|--extra-arg=-isystem\1|p')
 headers+=(--extra-arg=-isystem/usr/x86_64-w64-mingw32/include)
 windows=(--target=x86_64-w64-mingw32)
-# Headers made for g++ have to be told that this is one, and have some of their macros for it only.
+# These headers expect g++, and define some of their macros for it only.
 msvc=(--target=x86_64-pc-windows-msvc -fms-compatibility -fms-extensions -fgnuc-version=12.2
   -U__SIZEOF_INT128__ -D__MSVCRT__ -D__declspec=__declspec
   -Wno-unknown-attributes -Wno-ignored-attributes -Wno-pragma-pack)
 
-# The sources of a build that match $2 and not $3, by their names in its compilation database.
+# The sources in a build's compilation database that match $2 but not $3.
 sources() {
   sed -n 's/^ *"file": "\(.*\.cpp\)",*$/\1/p' "build/$1/compile_commands.json" | sort -u |
     sed "s|^$PWD/||" | grep -v '^/\|^build/' | grep -E "$2" | grep -Ev "$3" || true
 }
 
-# tidy BUILD ARGUMENT...: reads the sources on stdin.
+# tidy BUILD ARGUMENT...: checks the sources listed on stdin.
 tidy() {
   local build=$1
   shift
@@ -55,7 +55,7 @@ for pass in "$@"; do
       ;;
     msvc)
       prepare windows
-      # It takes one check of its own to run at all.
+      # clang-tidy requires at least one check of its own.
       sources windows . ^tests/ | tidy windows "${headers[@]}" "${msvc[@]/#/--extra-arg=}" \
         '--checks=-*,clang-diagnostic-*,misc-unused-alias-decls' || failed=1
       ;;

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the Debian package of the working tree in build/package and checks it.
+# Builds the Debian package from the working tree, in build/package, and checks it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

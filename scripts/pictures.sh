@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Retakes the pictures in docs/pictures: the windows of both programs from their tours, and the
+# Regenerates the pictures in docs/pictures: the windows of both programs from their tours, and the
 # strategic layer of the sample game from the browser. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,9 +1,9 @@
-# Sourced by scripts/release.sh: the parts of a release. Each is a function of the sources and of their
-# commit's time alone: no clock, no folder, no user and no locale gets in.
+# Sourced by scripts/release.sh: the parts of a release. Each depends only on the sources and the time
+# of their commit, never on the clock, the folder, the user or the locale.
 
 version=$(sed -n 's/^project(Corvane VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
-# The version stands in four files; each must name the same one.
+# Four files name the version, and must agree.
 agree_on_version() {
   local file
   for file in "CHANGELOG.md:^## $version " "debian/changelog:^corvane ($version)" \
@@ -12,7 +12,7 @@ agree_on_version() {
   done
 }
 
-# make_release FOLDER: everything, in FOLDER, from the clone that is the working directory.
+# make_release FOLDER: builds all parts in FOLDER, from the clone in the working directory.
 make_release() {
   local out=$1 work=$1.work
   export TZ=UTC LC_ALL=C.UTF-8 SOURCE_DATE_EPOCH
@@ -29,7 +29,7 @@ make_release() {
   mv "$work/SHA256SUMS" "$out"
 }
 
-# The part of the change log that belongs to this version.
+# The section of the changelog for this version.
 release_notes() {
   sed -n "/^## $version /,/^## /p" CHANGELOG.md | sed '1d; /^## /d'
 }
@@ -42,7 +42,7 @@ make_deb() {
   rm -f "$1"/*-dbgsym_*
 }
 
-# The files of the .deb in a folder that can stand anywhere.
+# The files of the .deb in a relocatable folder.
 make_tarball() {
   local name
   name=corvane-$version-linux-$(uname -m)
@@ -62,7 +62,7 @@ make_zip() {
   cmake --preset "$1" -DCORVANE_TESTS=OFF
   cmake --build --preset "$1" --target corvane corvane-tool
   cp "$build/Corvane.exe" "$build/tool/corvane-tool.exe" "$folder"
-  # The old Notepad needs both characters of a line end.
+  # Older versions of Notepad need CRLF.
   sed 's/$/\r/' "$build/packaging/README.md" >"$folder/README.txt"
   sed 's/$/\r/' docs/file-formats.md >"$folder/file-formats.txt"
   linked_notices | sed 's/$/\r/' >"$folder/NOTICES.txt"
@@ -71,10 +71,10 @@ make_zip() {
   (cd "$4" && find "$name" | sort | zip -qX9@ "$3/$name.zip")
 }
 
-# The terms of what is linked into the Windows programs, as the system's packages state them.
+# The licences of the libraries linked into the Windows programs, from the system's packages.
 linked_notices() {
   local part
-  echo "Corvane.exe and corvane-tool.exe contain parts of the following, under the terms below."
+  echo "Corvane.exe and corvane-tool.exe contain parts of the following, under these terms:"
   for part in "GCC runtime libraries:gcc-mingw-w64-base" "MinGW-w64:mingw-w64-common" \
     "CLI11 (corvane-tool.exe only):libcli11-dev" "nlohmann/json (corvane-tool.exe only):nlohmann-json3-dev"; do
     printf '\n%s\n\n' "==== ${part%%:*} ===="
@@ -82,7 +82,7 @@ linked_notices() {
   done
 }
 
-# check_links FOLDER: every link of a document leads to a file that is there.
+# check_links FOLDER: fails if a document contains a link to a missing file.
 check_links() {
   local page link dead=0
   while IFS= read -r page; do

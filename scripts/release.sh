@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# scripts/release.sh: builds everything that a release consists of, in build/release-VERSION, from the
-# last commit: source archive, Debian source and binary package, .tar.gz, Windows zips, release notes
-# and SHA256SUMS. Builds it all a second time from another folder and compares every byte.
-# For Debian and Ubuntu; the working tree must be clean.
+# scripts/release.sh: builds all files of a release from the last commit, in build/release-VERSION:
+# source archive, Debian source and binary package, .tar.gz, Windows zips, release notes and
+# SHA256SUMS. Builds them a second time from another folder and compares every byte. For Debian and
+# Ubuntu; the working tree must be clean.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 . scripts/release-parts.sh
 
-[ -z "$(git status --porcelain)" ] || { echo "Commit or remove what git status lists first." >&2; exit 1; }
+[ -z "$(git status --porcelain)" ] || { echo "Commit or remove the files that git status lists." >&2; exit 1; }
 need package
 need windows
 need release
@@ -29,10 +29,10 @@ done
 rm -rf "$out"
 cp -r "$first/files" "$out"
 if diff -r "$first/files" "$second/files"; then
-  echo "== both builds are the same, byte for byte"
+  echo "== both builds are byte-identical"
 else
   diffoscope --text "$out.differences" "$first/files" "$second/files" || true
-  echo "The builds differ; $out.differences explains where." >&2
+  echo "The builds differ; $out.differences shows where." >&2
   exit 1
 fi
 lintian --pedantic --fail-on error,warning "$out"/*.dsc "$out"/*.deb

@@ -1,12 +1,12 @@
-# Sourced by the scripts that need another system than this one: clean installations ("roots") of
-# Debian and Ubuntu in build/roots, made by debootstrap, and commands run in them.
+# Sourced by the scripts that need another system: creates clean installations ("roots") of Debian and
+# Ubuntu in build/roots with debootstrap, and runs commands in them.
 #
-# Packages of Debian come from DEBIAN_MIRROR, or from where this machine has its own; those of Ubuntu
-# from UBUNTU_MIRROR, or likewise. All of this needs root.
+# Packages come from DEBIAN_MIRROR and UBUNTU_MIRROR, or from the package sources of this machine.
+# Everything here needs root.
 
 roots=$PWD/build/roots
 
-# The first package source of this machine that calls itself $1 (Debian, Ubuntu).
+# This machine's first package source for $1 (Debian, Ubuntu).
 own_mirror() {
   apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Origin: $1" "Label: $1" | head -1
 }
@@ -32,10 +32,10 @@ about_system() {
       keyring=/usr/share/keyrings/ubuntu-archive-keyring.gpg
       ;;
   esac
-  [ -n "$mirror" ] || { echo "no package source is known; set ${1%%[0-9]*}_mirror in capitals" >&2; return 1; }
+  [ -n "$mirror" ] || { echo "no package source is known; set DEBIAN_MIRROR or UBUNTU_MIRROR" >&2; return 1; }
 }
 
-# Where Debian is too old to have the keyring of Ubuntu, Debian 13 has it.
+# Debian 12 lacks Ubuntu's keyring; Debian 13 has it.
 ubuntu_keyring() {
   local taken=$roots/ubuntu-archive-keyring.gpg
   [ -e "$keyring" ] && return 0
@@ -50,7 +50,7 @@ ubuntu_keyring() {
   keyring=$taken
 }
 
-# bootstrap SYSTEM: makes the archive from which its roots are unpacked.
+# bootstrap SYSTEM: creates the archive from which its roots are unpacked.
 bootstrap() {
   local base=$roots/$1.base script=/usr/share/debootstrap/scripts
   about_system "$1" || return 1
@@ -66,7 +66,7 @@ bootstrap() {
     { tail -3 "$roots/$1.log" >&2; rm -rf "$base"; return 1; }
   rm -f "$base"/etc/apt/sources.list.d/*
   for pocket in $suites; do echo "deb $mirror $pocket $components"; done >"$base/etc/apt/sources.list"
-  # A user as on a desktop: ordinary, but with sudo.
+  # An ordinary desktop user with sudo.
   chroot "$base" useradd -m -s /bin/bash modder
   echo 'modder ALL=(ALL) NOPASSWD: ALL' >"$base/etc/sudoers.d/modder"
   rm -rf "$base"/var/cache/apt/archives/*.deb
@@ -74,7 +74,7 @@ bootstrap() {
   rm -rf "$base"
 }
 
-# new_root SYSTEM NAME: a clean root in build/roots/NAME.
+# new_root SYSTEM NAME: creates a clean root in build/roots/NAME.
 new_root() {
   mkdir -p "$roots" "$roots/$1.packages/partial"
   [ -e "$roots/$1.tar" ] || bootstrap "$1" || return 1
@@ -85,13 +85,13 @@ new_root() {
   in_root "$2" root apt-get update -qq
 }
 
-# Mounts end with the command that they were made for, so nothing of the machine lies in here.
+# Mounts end with their command, so removing a root removes nothing of the host.
 remove_root() {
   rm -rf "${roots:?}/$1" "$roots/$1.system"
 }
 
-# in_root NAME USER COMMAND...: runs it there, from the home folder of the user, with downloaded
-# packages kept from one root of a system to the next. The folder $shared, if set, is there, too.
+# in_root NAME USER COMMAND...: runs the command there, in the user's home folder. Roots of one system
+# share downloaded packages. The folder $shared, if set, is mounted at the same path.
 in_root() {
   local root=$roots/$1 user=$2 packages
   packages=$roots/$(cat "$root.system").packages
@@ -115,7 +115,7 @@ in_root() {
       sh -c "cd; \"\$@\"; exit \$?" sh "$@"' bash "$root" "$packages" "$user" "$@"
 }
 
-# put_sources NAME USER: the sources as they stand in the last commit, in ~/corvane.
+# put_sources NAME USER: copies the sources of the last commit to ~/corvane.
 put_sources() {
   local home=$roots/$1/home/$2
   [ "$2" != root ] || home=$roots/$1/root

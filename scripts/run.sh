@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Corvane and starts it beside a sample game; without a display, plays a tour of it instead.
+# Builds Corvane and starts it in the folder of a sample game; without a display, runs the tour.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -15,7 +15,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   cd "$game"
   exec "$program"
 fi
-echo "There is no display here, so Corvane cannot be shown. This is a tour of it instead, played in"
-echo "its real windows, off screen."
+echo "No display was found, so Corvane cannot be shown. Running an automated tour of its windows"
+echo "off screen instead."
 exec env QT_QPA_PLATFORM=offscreen "QT_LOGGING_RULES=*.warning=false" \
   build/release/tests/tour/corvane_tour build/tour

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # scripts/systems.sh [SYSTEM...]: builds and tests the last commit on clean installations of other
-# systems (debian12 debian13 ubuntu2204 ubuntu2404) and prints what came of it: run.sh and test.sh, as
-# an ordinary user with sudo and g++, and as root with clang++. For Debian and Ubuntu, as root.
-# Packages come from where this machine has its own, or from DEBIAN_MIRROR and UBUNTU_MIRROR.
+# systems (debian12 debian13 ubuntu2204 ubuntu2404) and prints the results: run.sh and test.sh, as an
+# ordinary user with sudo and g++, and as root with clang++. For Debian and Ubuntu, as root. Packages
+# come from DEBIAN_MIRROR and UBUNTU_MIRROR, or from the package sources of this machine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -13,11 +13,11 @@ need roots
 failed=0
 rows=()
 
-# try SYSTEM USER COMPILER: one row of the table.
+# try SYSTEM USER COMPILER: adds a row to the table.
 try() {
   local name=try-$1-$3 script row version log times=()
   if ! new_root "$1" "$name"; then
-    rows+=("| $title | $3 | $2 | no installation could be made here | |")
+    rows+=("| $title | $3 | $2 | the installation failed | |")
     failed=1
     return
   fi

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Corvane and runs all of its tests: units, whole sessions, the real windows, the tour.
+# Builds Corvane and runs all tests: units, complete sessions, the real windows, the tour.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

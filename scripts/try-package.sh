@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/try-package.sh FILE.deb [SYSTEM]: installs the package on a clean Debian 13 (or another system
-# of scripts/roots.sh), starts both programs, removes the package, and lists what is left. As root.
+# of scripts/roots.sh), starts both programs, removes the package, and fails if files remain. As root.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -16,7 +16,7 @@ in_root package root apt-get install -qq -y --no-install-recommends \
 
 files() { (cd "$roots/package" && find etc home opt root srv usr var -xdev | sort); }
 
-# What it depends on stays, so it is there before the first listing.
+# Its dependencies stay installed, so install them before the first listing.
 depends=$(dpkg-deb -f "$1" Depends | sed 's/([^)]*)//g; s/|[^,]*//g; s/,/ /g')
 # shellcheck disable=SC2086 # a list
 in_root package root apt-get install -qq -y --no-install-recommends $depends >/dev/null
@@ -25,14 +25,14 @@ files >"$roots/package.before"
 in_root package root apt-get install -qq -y --no-install-recommends /tmp/corvane.deb >/dev/null
 in_root package modder corvane-tool --version
 in_root package modder man -w corvane 2>/dev/null || true
-# The window has to come up, and the program to end when the window closes.
+# The window must appear, and the program must end on SIGTERM.
 cat >"$roots/package/tmp/start.sh" <<'END'
 openbox &
 corvane &
 program=$!
 for _ in $(seq 100); do
   if xwininfo -root -tree | grep -q '"Corvane'; then
-    echo "the window is there"
+    echo "the window appeared"
     kill "$program"
     wait "$program" || true
     exit 0
@@ -47,7 +47,7 @@ in_root package root apt-get purge -qq -y corvane >/dev/null
 files >"$roots/package.after"
 if diff "$roots/package.before" "$roots/package.after" | grep -E '^>' |
   grep -vE ' (var/(lib|cache|log)/(apt|dpkg|ldconfig|debconf|fontconfig)|home/modder/\.cache/(fontconfig|mesa|openbox))'; then
-  echo "is left behind" >&2
+  echo "The files above remain after the removal." >&2
   exit 1
 fi
-echo "installed, started and removed on ${2-debian13}: nothing is left behind"
+echo "installed, started and removed on ${2-debian13}: no files remain"

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # scripts/windows-tests.sh PRESET...: runs the tests of built Windows presets under this system's Wine,
-# and tells which Wine ran which. Called by scripts/windows.sh.
+# and prints the Wine version. Called by scripts/windows.sh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/wine.sh
 
-# run_tests PRESET [ARGUMENT...]: runs the tests that the arguments of ctest choose, and keeps its log.
+# run_tests PRESET [ARGUMENT...]: runs ctest with these arguments and appends its log to tests.log.
 run_tests() {
   local preset=$1
   shift
@@ -16,7 +16,7 @@ run_tests() {
 for preset in "$@"; do
   rm -f "build/$preset/tests.log"
   run_tests "$preset" -R corvane_tests
-  # Twice at most: as a window comes up, the screen may take back a key that is held down already.
+  # Up to twice: while a window appears, the X server may release a key that is held down.
   run_tests "$preset" -E corvane_tests --repeat until-pass:2
 done
 for preset in "$@"; do

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# scripts/windows.sh [--debian13]: builds the Windows program, 64 and 32 bits, runs its tests and the
-# tour of its real windows under Wine, and leaves build/windows/Corvane.exe. Where this system has no
-# Wine for 32 bits, the 32-bit tests are not built, unless --debian13 runs the tests of both in a clean
-# installation of Debian 13, which has it; that takes root. For Debian and Ubuntu.
+# scripts/windows.sh [--debian13]: builds the Windows program, 64-bit and 32-bit, and runs its tests
+# and the tour of its real windows under Wine. The program is build/windows/Corvane.exe. If this
+# system has no 32-bit Wine, it skips the 32-bit tests, unless --debian13 runs both sets of tests in a
+# clean installation of Debian 13; that needs root. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -22,7 +22,7 @@ if installed wine32:i386; then
 else
   scripts/windows-tests.sh windows
   [ "${1-}" = --debian13 ] ||
-    echo "There is no Wine for 32-bit programs here; with --debian13 their tests run in another system."
+    echo "This system has no 32-bit Wine; --debian13 runs the 32-bit tests in a Debian 13 installation."
 fi
 if [ "${1-}" = --debian13 ]; then
   need roots
@@ -37,19 +37,19 @@ if [ "${1-}" = --debian13 ]; then
   remove_root wine
 fi
 
-# Linked twice, the program is the same to the byte.
+# Linking twice must give byte-identical programs.
 for preset in $presets; do
   first=$(sha256sum <"build/$preset/Corvane.exe")
   rm "build/$preset/Corvane.exe"
   build "$preset" --target corvane
   [ "$first" = "$(sha256sum <"build/$preset/Corvane.exe")" ] ||
-    { echo "$preset: the same sources made another program" >&2; exit 1; }
+    { echo "$preset: two links of the same sources differ" >&2; exit 1; }
 done
 
 for preset in $presets; do
   echo "== $preset"
   ls -l "build/$preset/Corvane.exe"
   imports=$(x86_64-w64-mingw32-objdump -p "build/$preset/Corvane.exe" | sed -n 's/.*DLL Name: //p' | sort -f)
-  # shellcheck disable=SC2086 # one word a name
+  # shellcheck disable=SC2086 # one word per name
   echo "imports:" $imports
 done

@@ -1,6 +1,6 @@
-# Sourced by the scripts that run Windows programs: a Wine prefix of their own, since the tests write
-# into its registry, and a desktop of Wine's on which the windows have their frames.
-export LC_ALL=C.UTF-8  # in which file names of Windows are written
+# Sourced by the scripts that run Windows programs: sets up a separate Wine prefix, because the tests
+# write to its registry, with a virtual desktop on which windows have frames.
+export LC_ALL=C.UTF-8  # the encoding of Windows file names
 export WINEPREFIX=${CORVANE_WINEPREFIX:-$PWD/build/wine} WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 mkdir -p "$WINEPREFIX"
 trap 'wineserver -k || true' EXIT
@@ -9,11 +9,11 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
   wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$WINEPREFIX/boot.log" 2>&1
   wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1024x768 /f \
     >>"$WINEPREFIX/boot.log" 2>&1
-  # Wine draws with these where it has no others.
+  # Wine's fallback fonts.
   cp -n /usr/share/wine/fonts/*.ttf "$WINEPREFIX"/drive_c/windows/Fonts/ 2>/dev/null || true
 fi
 
-# on_screen COMMAND...: runs it on a screen of its own.
+# on_screen COMMAND...: runs the command on its own virtual screen.
 on_screen() {
   xvfb-run -a -s "-screen 0 1024x768x24" "$@"
 }
