@@ -1,5 +1,5 @@
-# Hardening of the Linux program: position independent, read-only after relocation, with checked
-# stacks, buffers and branches where the compiler offers that.
+# Hardening of the Linux program: position-independent code, read-only relocations, and stack, buffer
+# and branch protection where the compiler supports them.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
@@ -10,7 +10,7 @@ foreach(option -fstack-protector-strong -fstack-clash-protection -fcf-protection
   target_compile_options(corvane_compiler INTERFACE $<$<BOOL:${${has}}>:${option}>)
 endforeach()
 
-# Some systems define it themselves; it needs an optimizing build.
+# Some systems predefine it; it requires optimization.
 target_compile_options(corvane_compiler INTERFACE
   $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE>
   $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)

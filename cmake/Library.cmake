@@ -1,5 +1,5 @@
-# corvane_library(NAME SOURCE...): a static library. Its public headers lie in include/<library>/ and
-# are included as "<library>/Header.h"; all others can be included from its own sources only.
+# corvane_library(NAME SOURCE...): adds a static library. Its public headers are in include/<library>/
+# and are included as "<library>/Header.h"; only its own sources can include its other headers.
 function(corvane_library name)
   add_library(${name} ${ARGN})
   target_include_directories(${name} PUBLIC include PRIVATE .)

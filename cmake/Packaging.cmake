@@ -1,4 +1,4 @@
-# What `cmake --install` puts where. scripts/release.sh makes the packages of it.
+# What `cmake --install` installs. scripts/release.sh builds the packages from it.
 include(GNUInstallDirs)
 set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/corvane)
 set(packaging ${CMAKE_CURRENT_BINARY_DIR}/packaging)
@@ -17,7 +17,7 @@ file(GLOB schemas CONFIGURE_DEPENDS docs/*.schema.json)
 install(FILES ${schemas} DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 if(UNIX)
-  # A software centre takes pictures from the web only; without a place for them there, it has none.
+  # Software centres load screenshots from the web only, so without an address there are none.
   set(CORVANE_PICTURES_URL "" CACHE STRING "https address of docs/pictures, for software centres")
   if(CORVANE_PICTURES_URL)
     configure_file(packaging/screenshots.xml.in ${packaging}/screenshots.xml @ONLY)

@@ -1,8 +1,8 @@
-# The part of both mingw-w64 toolchains that follows from MINGW_TARGET. What is built runs under
-# Wine, where that is installed.
+# The common part of both MinGW-w64 toolchains; the includer sets MINGW_TARGET. Built programs run under
+# Wine if it is installed.
 set(CMAKE_SYSTEM_NAME Windows)
 
-# Debian has the compiler twice; GoogleTest needs the one with the threads of C++.
+# Debian has two variants of the compiler; GoogleTest needs the one with C++ threads.
 find_program(MINGW_CXX NAMES ${MINGW_TARGET}-g++-posix ${MINGW_TARGET}-g++ REQUIRED)
 find_program(MINGW_CC NAMES ${MINGW_TARGET}-gcc-posix ${MINGW_TARGET}-gcc REQUIRED)
 set(CMAKE_CXX_COMPILER ${MINGW_CXX})
