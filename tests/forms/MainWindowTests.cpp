@@ -231,6 +231,18 @@ TEST_F(NoMaps, AreToldOnceAndShowNothing) {
   EXPECT_FALSE(TablesDirty);
 }
 
+TEST_F(NoMaps, AreToldWithTheReasonWhereMapsIsNoFolder) {
+  session.Folder.Put("Maps", "a file");
+  session.Told();
+  session.Main.ShowCatalogue();
+  const Texts told = session.Told();
+  ASSERT_EQ(told.size(), 1U);
+  const std::string plain =
+      "Error: No map files were found in the folder " + GamePath + Separator + "Maps. ";
+  EXPECT_EQ(told[0].substr(0, plain.size()), plain);
+  EXPECT_GT(told[0].size(), plain.size() + 1);
+}
+
 TEST_F(NoMaps, LeaveNothingToDo) {
   session.Told();
   Press(main.cmdEditBTD);

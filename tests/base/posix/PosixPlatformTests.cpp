@@ -205,14 +205,17 @@ TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
   const auto open = [&](const char* name) { return OpenTables(home / name, name); };
   ::setenv("HOME", home.Path.c_str(), 1);
   home.Put("my.CRV", "\7");
-  GamePath = "before", OpenedFile = "CC4.EXE";
+  GamePath = "before";
+  OpenedFile = "CC4.EXE";
   EXPECT_EQ(*open("my.CRV"), FileKind::NoInstallPath);
   home.Put(".wine/system.reg", Key + R"("C:\\Games")");
   EXPECT_FALSE(open("gone.crv").Done());
-  EXPECT_EQ(GamePath + OpenedFile, "beforeCC4.EXE");
+  EXPECT_EQ(GamePath, "before");
+  EXPECT_EQ(OpenedFile, "CC4.EXE");
   EXPECT_EQ(*open("my.CRV"), FileKind::PatchFile);
   EXPECT_EQ(StrMap[0].Word0, 7);
-  EXPECT_EQ(GamePath + OpenedFile, home / ".wine/dosdevices/c:/Gamesmy.CRV");
+  EXPECT_EQ(GamePath, home / ".wine/dosdevices/c:/Games");
+  EXPECT_EQ(OpenedFile, "my.CRV");
 }
 
 TEST(GameFolderPosix, OfSeveralSpellingsTheOneInUseWins) {

@@ -63,9 +63,11 @@ TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
   for (const std::string& used : {file, std::string(program)})
     EXPECT_TRUE(ReasonText(other.Open(used, OpenMode::Change)).ends_with("while it runs)")) << used;
   for (const auto mode : {OpenMode::Read, OpenMode::Change, OpenMode::Create})
-    EXPECT_TRUE(other.Open("NUL", mode) && other.Open(path, mode) == std::errc::is_a_directory);
+    EXPECT_TRUE(other.Open("NUL", mode));
+  EXPECT_EQ(other.Open(path, mode), std::errc::is_a_directory);
   EXPECT_TRUE(isalpha(ReasonText(other.Open(path + "\\x", OpenMode::Read)).back())) << "no point";
-  EXPECT_TRUE(OrdinaryFileExists(file) && !OrdinaryFileExists(folder / "hidden.btd"));
+  EXPECT_TRUE(OrdinaryFileExists(file));
+  EXPECT_FALSE(OrdinaryFileExists(folder / "hidden.btd"));
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(path, ".btd", 9, names));
   EXPECT_EQ(names, std::vector<std::string>{"中ü.BTD"});

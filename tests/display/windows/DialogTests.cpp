@@ -68,7 +68,14 @@ std::string AnswerTo(const std::string& text, const std::function<void()>& inBox
 TEST(Messages, AreAnsweredByKeysAndByTheCloseBox) {
   const auto press = [](const char* key) { return [key] { PressKey(key); }; };
   const auto pressInText = [](const char* key) {
-    return [key] { SetFocus(MessageText()), PressKey(key); };
+    return [key] {
+      SetFocus(MessageText());
+      PressKey(key);
+    };
+  };
+  const auto pressOnNo = [] {
+    PressKey("Tab");
+    PressKey("Return");
   };
   const struct {
     const char* Case;
@@ -79,7 +86,7 @@ TEST(Messages, AreAnsweredByKeysAndByTheCloseBox) {
                {"Return", press("Return"), "Yes"},
                {"N", press("N"), "No"},
                {"Y", press("Y"), "Yes"},
-               {"Return on No", [] { PressKey("Tab"), PressKey("Return"); }, "No"},
+               {"Return on No", pressOnNo, "No"},
                {"Y in the text", pressInText("Y"), "Yes"},
                {"Esc in the text", pressInText("Esc"), "No"}};
   for (const auto& [name, act, answer] : cases) EXPECT_EQ(AnswerTo("Go on?", act), answer) << name;
@@ -150,7 +157,10 @@ TEST(Messages, FollowTheFontWhileTheyStand) {
 
 TEST(TextBoxes, TakeSeveralPastedLinesAsTheyAre) {
   TestForm f;
-  AnswerTo("1\n2", [] { PressKey("Ctrl+C"), PressKey("Esc"); });
+  AnswerTo("1\n2", [] {
+    PressKey("Ctrl+C");
+    PressKey("Esc");
+  });
   ASSERT_EQ(Clipboard(), "1\r\n2");
   PlayWhole(f, [&] {
     PressAt(f.txtNumber);
@@ -158,7 +168,8 @@ TEST(TextBoxes, TakeSeveralPastedLinesAsTheyAre) {
     EXPECT_EQ(f.txtNumber.Text(), "1\r\n2");
     SendMessageW(WidgetOf(f.txtNumber), WM_UNDO, 0, 0);
     EXPECT_EQ(f.txtNumber.Text(), "");
-    PressAt(f.txtLines), Type("ab");
+    PressAt(f.txtLines);
+    Type("ab");
     PressKey("Home");
     SendMessageW(WidgetOf(f.txtLines), WM_PASTE, 0, 0);
     EXPECT_EQ(f.txtLines.Text(), "1\r\n2ab");

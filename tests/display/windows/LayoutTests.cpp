@@ -231,8 +231,12 @@ Ink WholeInk(const std::wstring& text, int height, int width) {
   std::adjacent_difference(ends.begin(), ends.end(), steps.begin());
   ExtTextOutW(canvas, 4, 4, 0, nullptr, text.c_str(), static_cast<UINT>(length), steps.data());
   const Pixels pixels = PixelsOf(canvas, paper, size);
-  SelectObject(canvas, paperBefore), SelectObject(canvas, fontBefore);
-  DeleteObject(font), DeleteObject(paper), DeleteDC(canvas), ReleaseDC(nullptr, screen);
+  SelectObject(canvas, paperBefore);
+  SelectObject(canvas, fontBefore);
+  DeleteObject(font);
+  DeleteObject(paper);
+  DeleteDC(canvas);
+  ReleaseDC(nullptr, screen);
   return InkOf(pixels, size, {0, 0, size.cx, size.cy}, IsDark);
 }
 
@@ -263,7 +267,8 @@ TEST(ComboBoxes, ShowEachRowToItsLastLetter) {
     PlayWhole(f, [&] {
       ChangeDpi(GetActiveWindow(), dpi);
       for (int row = 0; row < f.cboWide.ListCount(); ++row) {
-        f.cboWide.SetListIndex(row), ShowChanges();
+        f.cboWide.SetListIndex(row);
+        ShowChanges();
         UpdateWindow(WidgetOf(f.cboWide));
         EXPECT_TRUE(IsWhole(FieldInk(WidgetOf(f.cboWide)), f.cboWide.Text(), ToPixels(160, dpi)))
             << f.cboWide.Text() << " at " << dpi;
@@ -284,10 +289,14 @@ int BaseLine(const Control& control, RECT part) {
 TEST(Labels, StandOnTheBaseLineOfTheirField) {
   for (const int dpi : {96, 120, 144, 192}) {
     WideCombo f;
-    f.cboWide.AddItem("dear"), f.cboWide.SetListIndex(0), f.txtBeside.SetText("name");
+    f.cboWide.AddItem("dear");
+    f.cboWide.SetListIndex(0);
+    f.txtBeside.SetText("name");
     PlayWhole(f, [&] {
       const HWND window = GetActiveWindow();
-      ChangeDpi(window, dpi), UpdateWindow(window), Redraw(window);
+      ChangeDpi(window, dpi);
+      UpdateWindow(window);
+      Redraw(window);
       const auto whole = [](const Control& control) {
         const SIZE size = ClientOf(WidgetOf(control));
         return RECT{0, 0, size.cx, size.cy};
