@@ -52,19 +52,23 @@ TEST(WindowsRegistry, ReadsEveryFormInTheViewOf32BitPrograms) {
 TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
   const TestFolder folder;
   const std::string path = folder.Path.string(), file = path + "\\中ü.BTD";
-  for (const auto& [name, mark] : {std::pair("hidden.btd", 2UL), {"system.btd", 4UL}})
-    folder.Put(name), SetFileAttributesA((folder / name).c_str(), mark);
+  for (const auto& [name, mark] : {std::pair("hidden.btd", 2UL), {"system.btd", 4UL}}) {
+    folder.Put(name);
+    SetFileAttributesA((folder / name).c_str(), mark);
+  }
   RawFile writer, reader, other;
   for (const char* missing : {"\\x.btd", "\\x\\x.btd"})
     EXPECT_EQ(other.Open(path + missing, OpenMode::Read), std::errc::no_such_file_or_directory);
-  ASSERT_FALSE(writer.Open(file, OpenMode::Create) || reader.Open(file, OpenMode::Read));
+  ASSERT_FALSE(writer.Open(file, OpenMode::Create));
+  ASSERT_FALSE(reader.Open(file, OpenMode::Read));
   char program[MAX_PATH] = {};
   GetModuleFileNameA(nullptr, program, MAX_PATH);
   for (const std::string& used : {file, std::string(program)})
     EXPECT_TRUE(ReasonText(other.Open(used, OpenMode::Change)).ends_with("while it runs)")) << used;
-  for (const auto mode : {OpenMode::Read, OpenMode::Change, OpenMode::Create})
+  for (const auto mode : {OpenMode::Read, OpenMode::Change, OpenMode::Create}) {
     EXPECT_TRUE(other.Open("NUL", mode));
-  EXPECT_EQ(other.Open(path, mode), std::errc::is_a_directory);
+    EXPECT_EQ(other.Open(path, mode), std::errc::is_a_directory);
+  }
   EXPECT_TRUE(isalpha(ReasonText(other.Open(path + "\\x", OpenMode::Read)).back())) << "no point";
   EXPECT_TRUE(OrdinaryFileExists(file));
   EXPECT_FALSE(OrdinaryFileExists(folder / "hidden.btd"));
