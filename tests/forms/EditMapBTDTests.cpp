@@ -214,6 +214,16 @@ TEST_F(EditMapBTD, ANewNameMakesANewFileUnasked) {
   EXPECT_EQ(made.substr(4430, 1001), Before.substr(4430, 3) + "\r\n" + Before.substr(4434, 996));
 }
 
+TEST_F(EditMapBTD, AnotherMapsFileIsReplacedAfterOneQuestion) {
+  Edit([&](dlgEditBTD& dialog) {
+    Session::Type(dialog.txtFileName, "Merlaut");
+    Press(dialog.OKButton);
+    EXPECT_FALSE(dialog.IsOpen());
+    EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf("Merlaut.btd") + "?"});
+  });
+  EXPECT_EQ(session.Folder.Get("Maps/Merlaut.btd")[4], 4);
+}
+
 TEST_F(EditMapBTD, RecordsOutliveTheWindow) {
   Edit([](dlgEditBTD& dialog) {
     PickRow(dialog.lstVLs, 3);
