@@ -84,6 +84,8 @@ bool IsTrue(FileState state, const std::optional<std::string>& old,
   return false;
 }
 
+using Contents = std::optional<std::string>;  // nothing for no file
+
 struct SaveFaults : testing::Test {
   const TestFolder Folder;
   const std::string Path = Folder / "f";
@@ -121,6 +123,8 @@ struct SaveFaults : testing::Test {
     return plan.Steps;
   }
 
+  int StrikeAt(int step, Moment moment, const Contents& old, const Contents& saved);
+
   void Judge(FileState state, const std::optional<std::string>& old, const Plan& plan) {
     const auto now = Now();
     EXPECT_TRUE(IsTrue(state, old, now, plan)) << "told " << static_cast<int>(state);
@@ -141,37 +145,40 @@ std::string Name(const Plan& plan) {
   return name;
 }
 
+// Strikes at one step, for good and in a pair with each later step. The number of steps taken.
+int SaveFaults::StrikeAt(int step, Moment moment, const Contents& old, const Contents& saved) {
+  Plan plan{{{{step, moment}, {}}}};
+  SCOPED_TRACE(Name(plan));
+  const int taken = Save(old, saved, plan);
+  plan.ForGood = true;
+  Save(old, saved, plan);
+  plan.ForGood = false;
+  for (int second = step + 1; second < taken; ++second) {
+    for (const Moment later : {Moment::Before, Moment::After}) {
+      plan.Strikes[1] = {second, later};
+      SCOPED_TRACE(Name(plan));
+      Save(old, saved, plan);
+    }
+  }
+  return taken;
+}
+
 }  // namespace
 
 TEST_F(SaveFaults, AreToldAsTheyAreAndNeverAllocate) {
-  constexpr Moment Moments[] = {Moment::Before, Moment::After};
-  const std::optional<std::string> files[] = {std::nullopt,           "",
-                                              std::string(5, 'o'),    std::string(3600, 'o'),
-                                              std::string(4000, 'o'), std::string(5000, 'o')};
-  for (const auto& old : files) {
+  const Contents files[] = {std::nullopt,           "",
+                            std::string(5, 'o'),    std::string(3600, 'o'),
+                            std::string(4000, 'o'), std::string(5000, 'o')};
+  for (const Contents& old : files) {
     SCOPED_TRACE(old ? std::to_string(old->size()) + " bytes" : "no file");
     Save(old, old, {{{{0}, {1}}}, true});
     Place(old);
     ASSERT_TRUE(SaveInPlace(Path, Ranges, IfMissing::Create).Done());
-    const auto saved = Now();
-    for (const Moment first : Moments) {
+    const Contents saved = Now();
+    for (const Moment moment : {Moment::Before, Moment::After}) {
       int steps = 1;
-      for (int step = 0; step < steps; ++step) {
-        Plan plan{{{{step, first}, {}}}};
-        SCOPED_TRACE(Name(plan));
-        const int taken = Save(old, saved, plan);
-        steps = std::max(steps, taken);
-        plan.ForGood = true;
-        Save(old, saved, plan);
-        plan.ForGood = false;
-        for (int second = step + 1; second < taken; ++second) {
-          for (const Moment moment : Moments) {
-            plan.Strikes[1] = {second, moment};
-            SCOPED_TRACE(Name(plan));
-            Save(old, saved, plan);
-          }
-        }
-      }
+      for (int step = 0; step < steps; ++step)
+        steps = std::max(steps, StrikeAt(step, moment, old, saved));
     }
   }
   EXPECT_EQ(Sum.Allocations, 0);

@@ -115,7 +115,8 @@ int Play(Form& form, const std::function<void()>& script) {
   const int status = RunProgram(0, nullptr, form);
   KillTimer(nullptr, timer);
   while (Script) SwitchToFiber(Person);  // the program may have ended in the middle of it
-  DeleteFiber(Person), ConvertFiberToThread();
+  DeleteFiber(Person);
+  ConvertFiberToThread();
   return status;
 }
 
@@ -133,7 +134,8 @@ void PressScrollBar(const ListBox& list) { Mouse(CornerOf(Find(list)), {Press});
 
 void Type(const std::string& text) {
   for (const wchar_t letter : TextToWide(text)) {
-    PostMessageW(GetFocus(), WM_CHAR, letter, 0), LetReact();
+    PostMessageW(GetFocus(), WM_CHAR, letter, 0);
+    LetReact();
   }
 }
 
@@ -141,7 +143,8 @@ void PressKey(const std::string& key) {
   const std::size_t plus = key.find('+');
   Move(key.substr(0, plus), 0);
   if (plus != key.npos) PressKey(key.substr(plus + 1));
-  Move(key.substr(0, plus), KEYEVENTF_KEYUP), LetReact();
+  Move(key.substr(0, plus), KEYEVENTF_KEYUP);
+  LetReact();
 }
 
 void TurnWheel(const Control& control) {
@@ -162,7 +165,8 @@ void PressItem(const MenuItem& item) {
 void PressCloseBox() { PressKey("Alt+F4"); }
 
 void CloseFromOutside(const Form& form) {
-  PostMessageW(WindowOf(form), WM_CLOSE, 0, 0), LetReact();
+  PostMessageW(WindowOf(form), WM_CLOSE, 0, 0);
+  LetReact();
 }
 
 void ChooseFromOutside(const MenuItem& item) {
@@ -177,11 +181,13 @@ void ChooseFromOutside(const MenuItem& item) {
 }
 
 void ClickFromOutside(const Button& button) {
-  PostMessageW(GetDlgItem(WindowOf(button.Owner), button.TabIndex), BM_CLICK, 0, 0), LetReact();
+  PostMessageW(GetDlgItem(WindowOf(button.Owner), button.TabIndex), BM_CLICK, 0, 0);
+  LetReact();
 }
 
 void FillFromOutside(const TextBox& box, const std::string& text) {
-  SetDlgItemTextW(WindowOf(box.Owner), box.TabIndex, TextToWide(text).c_str()), LetReact();
+  SetDlgItemTextW(WindowOf(box.Owner), box.TabIndex, TextToWide(text).c_str());
+  LetReact();
 }
 
 void EndSessionFromOutside() {
