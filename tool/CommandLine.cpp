@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "tool/Draw.h"
+#include "tool/Sources.h"
 #include "tool/Verbs.h"
 
 namespace corvane {
@@ -143,17 +144,21 @@ void AddFiles(CLI::App& app, Call& call) {
   AddGame(app, call.Game);
 }
 
-int ShowFiles(const Call& call, const Console& console) {
-  int status = StatusDone;
-  for (const std::string& file : call.Files)
-    status = std::max(status, ShowInBrowser(file, call.Game, console));
-  return status;
-}
-
 int Misuse(const std::string& reason, const Console& console) {
   ComplainOf(console, reason);
   ComplainOf(console, "Try corvane-tool --help.");
   return StatusFailed;
+}
+
+int ShowFiles(const Call& call, const Console& console) {
+  // A misspelt verb comes in as the first of the files, so all are checked before one is drawn.
+  for (const std::string& file : call.Files) {
+    if (const std::string fault = SourceFault(file); !fault.empty()) return Misuse(fault, console);
+  }
+  int status = StatusDone;
+  for (const std::string& file : call.Files)
+    status = std::max(status, ShowInBrowser(file, call.Game, console));
+  return status;
 }
 
 int Print(const std::string& text, const Console& console) {

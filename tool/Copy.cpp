@@ -32,8 +32,7 @@ Target TargetAt(const std::string& path) {
 
 // Why the one cannot go into the other, whatever they hold; empty if it can.
 std::string Mismatch(const Source& from, const Target& to) {
-  if (to.Kind == SourceKind::Other)
-    return to.Path + " is no CC4.EXE, patch file (.crv), BTD file (.btd) or JSON file (.json).";
+  if (to.Kind == SourceKind::Other) return NotASource(to.Path);
   if (to.Kind == SourceKind::Json || from.IsBtd == (to.Kind == SourceKind::Btd)) return {};
   return from.IsBtd ? from.Path + " is a BTD file and holds no tables for " + to.Path + "."
                     : from.Path + " holds tables and no BTD record for " + to.Path + ".";

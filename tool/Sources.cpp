@@ -7,6 +7,7 @@
 #include "Paths.h"
 #include "base/FileRanges.h"
 #include "base/LetterCase.h"
+#include "base/RawFile.h"
 #include "data/GameFolder.h"
 #include "data/MapCatalogue.h"
 #include "data/TableImages.h"
@@ -78,7 +79,7 @@ std::string ReadContents(Source& source) {
     case SourceKind::Other:
       break;
   }
-  return source.Path + " is no CC4.EXE, patch file (.crv), BTD file (.btd) or JSON file (.json).";
+  return NotASource(source.Path);
 }
 
 // The folder of the maps that go with a source.
@@ -125,6 +126,21 @@ SourceKind KindOfSource(std::string_view path) {
   }
   if (title.ends_with(".JSON")) return SourceKind::Json;
   return title.ends_with(".BTD") ? SourceKind::Btd : SourceKind::Other;
+}
+
+std::string NotASource(const std::string& path) {
+  return path + " is not a CC4.EXE, patch file (.crv), BTD file (.btd) or JSON file (.json).";
+}
+
+std::string SourceFault(const std::string& path) {
+  if (KindOfSource(path) == SourceKind::Other) return NotASource(path);
+  RawFile file;
+  FileStatus status;
+  std::error_code error = file.Open(path, OpenMode::Read);
+  if (!error) error = file.Status(status);
+  if (!error && status.Type == FileType::Folder)
+    error = std::make_error_code(std::errc::is_a_directory);
+  return error ? FailureMessage({FileAction::Read, path, error}) : std::string();
 }
 
 Result<Source, std::string> ReadSource(const std::string& path, const std::string& game,

@@ -17,14 +17,26 @@ TEST_F(CommandLine, RefusesWrongUsage) {
       {"check", "--what", "/CC4.EXE"},
       {"check", "/CC4.EXE", "--game"},
       {"chekc", "x"},
+      {"/CC4.EXE", "/no.crv"},
+      {"/CC4.EXE", "/folder.crv"},
       {"check", "diff", "/CC4.EXE", "/CC4.EXE"},
   };
+  Folder.Put("folder.crv/file");
   for (const auto& words : rows) {
     EXPECT_EQ(Run(words), 2) << testing::PrintToString(words);
     EXPECT_EQ(Out, "") << testing::PrintToString(words);
     EXPECT_TRUE(Errors.starts_with("corvane-tool: ")) << Errors;
     EXPECT_TRUE(Errors.ends_with("\n")) << Errors;
   }
+}
+
+TEST_F(CommandLine, RefusesAMisspeltVerbBeforeItDrawsAFile) {
+  EXPECT_EQ(Run({"chekc", "/CC4.EXE"}), 2);
+  EXPECT_EQ(Out, "");
+  EXPECT_EQ(Errors,
+            "corvane-tool: chekc is not a CC4.EXE, patch file (.crv), BTD file (.btd) or JSON file "
+            "(.json).\n"
+            "corvane-tool: Try corvane-tool --help.\n");
 }
 
 TEST_F(CommandLine, HelpsWithExamplesOfEachVerb) {

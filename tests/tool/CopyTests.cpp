@@ -132,7 +132,7 @@ TEST_F(CopyVerb, RefusesWhatDoesNotGoTogether) {
   const std::tuple<const char*, const char*, const char*> rows[] = {
       {"/p.crv", "/Maps/Merlaut.btd", "/p.crv holds tables and no BTD record for "},
       {"/Maps/Merlaut.btd", "/new.crv", "/Maps/Merlaut.btd is a BTD file and holds no tables for "},
-      {"/p.crv", "/new.txt", "/new.txt is no CC4.EXE, patch file (.crv), BTD file (.btd) or JSON"},
+      {"/p.crv", "/new.txt", "/new.txt is not a CC4.EXE, patch file (.crv), BTD file (.btd) or "},
       {"/no.crv", "/CC4.EXE", "/no.crv could not be read: "},
       {"/bad.json", "/CC4.EXE", "/bad.json could not be read: /Format: is missing."},
   };

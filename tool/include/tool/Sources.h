@@ -20,6 +20,13 @@ enum class SourceKind {
 };
 [[nodiscard]] SourceKind KindOfSource(std::string_view path);
 
+/// Says that the name of `path` is not that of a source.
+[[nodiscard]] std::string NotASource(const std::string& path);
+
+/// Why `path` is not a source: its name is wrong, or no file opens there. Empty if it is one. Does
+/// not read the contents.
+[[nodiscard]] std::string SourceFault(const std::string& path);
+
 // Whether the maps of the game are read with the tables.
 enum class MapsWanted {
   Yes,      // without map files, the read fails
