@@ -1,6 +1,6 @@
-// The floor of the companion: a process that reads what a check of a game reads, and nothing else.
-// Its argument is the game's folder. With the name and the size of a file it replaces that file, as
-// drawing does. It uses the C library alone: loading another would count.
+// The floor of corvane-tool: a process that reads only what a check of a game reads. Its argument
+// is the game's folder. Given the name and size of a file, it also replaces that file, as drawing
+// does. It links only the C library, because loading another would add to its time.
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,7 +16,7 @@ struct Range {
   off_t Offset;
   std::size_t Size;
 };
-// Where a CC4.EXE holds its four tables, and what is known of a map file.
+// The four tables in a CC4.EXE, and the known part of a map file.
 constexpr Range Tables[] = {{1147264, 1204}, {1148480, 2268}, {1153780, 7396}, {1200968, 344}};
 constexpr Range Map = {0, 8526};
 

@@ -23,7 +23,7 @@ void SpoilTables() {
     MapConnections(cell % MapSlotCount, cell / MapSlotCount) = NoConnection;
 }
 
-// The findings cut where words and numbers meet, as the check puts them together.
+// The findings, split between words and numbers as the check composes them.
 std::vector<std::string> PiecesOf(const std::string& findings) {
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
   std::vector<std::string> pieces;

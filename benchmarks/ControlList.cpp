@@ -19,7 +19,7 @@ void WriteControls(const std::string& path, const std::vector<ListedControl>& co
   }
 }
 
-// With the C library alone: streams would add to the start of the bare window.
+// C library only: streams would slow the start of the bare window.
 std::vector<ListedControl> ReadControls(const char* path) {
   std::vector<ListedControl> controls;
   std::FILE* file = std::fopen(path, "r");

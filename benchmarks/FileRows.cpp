@@ -37,7 +37,7 @@ void BareSave(const std::string& exe) {
   Require(put == PatchFileSize && ::fsync(file) == 0 && ::close(file) == 0, "the bare save");
 }
 
-// A save right after another leaves the file's time as it is, which makes its flush cheaper.
+// A save right after another does not change the file's time, which makes its flush cheaper.
 double MicrosAlone(const std::function<void()>& save) {
   std::this_thread::sleep_for(std::chrono::milliseconds(12));
   return Micros(1, save);
@@ -51,7 +51,7 @@ void AddFileRows(const std::string& folder) {
   Open(folder);
   std::vector<std::string> maps;
   for (const std::string& row : MapRows) maps.push_back(folder + "/Maps/" + RowFileName(row));
-  for (int map = MapSlotCount; map < 10000; ++map)  // links suffice: only 43 are opened
+  for (int map = MapSlotCount; map < 10000; ++map)  // links will do: only 43 are opened
     std::filesystem::create_hard_link(maps[0], many + "/Maps/" + std::to_string(map) + ".btd");
   const Job open = [=] { return Micros(5, [&] { Open(folder); }); };
   const Job openMany = [=] { return Micros(5, [&] { Open(many); }); };

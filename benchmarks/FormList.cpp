@@ -49,7 +49,7 @@ const Control* ControlOf(const AnyControl& any) {
   return std::visit([](const auto* control) -> const Control* { return control; }, any);
 }
 
-// The number of a control's frame in the list; -1: it has none.
+// The index of a control's frame in the list; -1 if it has none.
 int ParentOf(const Form& form, const AnyControl& any) {
   const Control* frame = ControlOf(any)->Parent;
   const auto at = std::ranges::find(form.Controls, frame, ControlOf);

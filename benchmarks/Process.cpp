@@ -65,7 +65,7 @@ double CostOf(const Ended& ended, Cost cost) {
 
 }  // namespace
 
-// The peak is never below that of this process, which has no toolkit and is far smaller.
+// The child's peak starts at this process's own, which is far smaller: it has no toolkit.
 Job ProcessJob(Cost cost, std::vector<std::string> command) {
   return [cost, command = std::move(command)] {
     const Ended ended = Run(command);

@@ -1,4 +1,4 @@
-// What a process of its own costs.
+// The cost of a separate process.
 #pragma once
 
 #include <string>
@@ -9,13 +9,13 @@
 namespace corvane {
 
 enum class Cost {
-  Millis,        // from its start to its end
-  PeakMiB,       // its resident memory
-  FirstPrinted,  // the numbers that it prints itself
+  Millis,        // from start to exit
+  PeakMiB,       // resident memory
+  FirstPrinted,  // a number that the process prints
   SecondPrinted,
 };
 
-/// A job that runs the command and gives back that cost. It ends the run if the command fails.
+/// A job that runs the command and returns that cost. It exits if the command fails.
 [[nodiscard]] Job ProcessJob(Cost cost, std::vector<std::string> command);
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// Rows of one table: a job of the program beside its floor, the least that the same job can cost.
-// The two take turns, and only their ratio is judged: a busy machine slows both.
+// Rows of the table: a job of the program and its floor, the least that the same job can cost. The
+// two run alternately, and only their ratio counts, because a busy machine slows both.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -13,10 +13,10 @@
 
 namespace corvane {
 
-/// Does its work and returns what that cost, in the unit that its row names.
+/// Does its work and returns the cost, in the unit that its row names.
 using Job = std::function<double()>;
 
-/// Ends the run if the work to be measured did not happen.
+/// Exits if the work to be measured failed.
 inline void Require(bool happened, const char* what) {
   if (happened) return;
   std::fprintf(stderr, "not measured: %s\n", what);
@@ -37,12 +37,12 @@ inline double Quartile(std::vector<double> values, std::size_t quarter) {
   return values[(values.size() - 1) * quarter / 4];
 }
 
-/// Adds a row that runs that many rounds and prints itself.
+/// Adds a row, which prints itself after `rounds` rounds.
 inline void AddRow(const char* what, const Job& ours, const char* floor, const Job& least,
                    double maxRatio, int rounds) {
   const auto measure = [=](benchmark::State& state) {
     std::vector<double> costs, floors, ratios;
-    least();  // first calls, so that neither side pays for one-time work
+    least();  // warm up both, so that neither pays for one-time work
     ours();
     for ([[maybe_unused]] auto round : state) {
       const bool first = ratios.size() % 2 == 0;
@@ -51,7 +51,7 @@ inline void AddRow(const char* what, const Job& ours, const char* floor, const J
       if (!first) costs.push_back(ours());
       ratios.push_back(costs.back() / floors.back());
     }
-    // Only a row with three rounds in four above its limit is over: a median alone can be noise.
+    // OVER takes three rounds in four above the limit: a median alone can be noise.
     const bool over = Quartile(ratios, 1) > maxRatio;
     const char* verdict = over ? "OVER" : Quartile(ratios, 2) > maxRatio ? "unsure" : "holds";
     std::printf("| %s | %.1f | %s | %.1f | %.2f | %.2f | %s |\n", what, Quartile(costs, 2), floor,

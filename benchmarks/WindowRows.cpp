@@ -11,7 +11,7 @@ struct Lists {
   std::string Empty, Opened;  // files with the controls of the main window
 };
 
-// The main window as it starts, and with the game open.
+// The main window at start, and with the game open.
 Lists ListMainWindow(const std::string& folder) {
   const Lists lists{folder + "/empty.controls", folder + "/opened.controls"};
   TheDisplay.ShowOpenDialog = [&](CommonDialog& dialog) {

@@ -1,4 +1,4 @@
-// Prints the table. With a folder that holds the Windows programs, it measures those under Wine.
+// Prints the table. Given the folder of the Windows programs, it measures those under Wine.
 #include <unistd.h>
 
 #include <cstdlib>

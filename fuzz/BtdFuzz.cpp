@@ -1,4 +1,4 @@
-// The input is a BTD file, alone in its folder.
+// The input is the only BTD file in its folder.
 #include "Fuzz.h"
 #include "data/MapCatalogue.h"
 
@@ -8,9 +8,10 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   const std::string path = BtdPath("A.BTD", "");
   const auto map = ReadBtd(path);
   Require(map.Done(), "any BTD file can be read");
-  Require(LoadMapCatalogue().Failures.empty(), "it is listed");
-  Require(RowMapIndex(MapRow(0)) == map->Header.MapIndex, "its row has its number");
-  Require(WriteBtd(path, map->Header.MapIndex, map->VLs, map->Text).Done(), "it can be written");
+  Require(LoadMapCatalogue().Failures.empty(), "the file is listed");
+  Require(RowMapIndex(MapRow(0)) == map->Header.MapIndex, "its row shows its map number");
+  Require(WriteBtd(path, map->Header.MapIndex, map->VLs, map->Text).Done(),
+          "the file can be written");
   const std::string wanted = Reached(input, BtdSize).replace(0, 4, "\x36\x07\x31\x01");
-  Require(folder.Get("Maps/a.btd") == wanted, "it comes back but for the magic number");
+  Require(folder.Get("Maps/a.btd") == wanted, "only the magic number changes");
 }

@@ -1,6 +1,5 @@
-// The input is a patch file with a BTD file behind it, which also is the name of that file. The
-// picture, the page and a picture against the sample's tables are well-formed whatever stands
-// there.
+// The input is a patch file followed by a BTD file, and also the source of names. For any input the
+// page, with a picture compared with the sample's tables, is well-formed.
 #include "../tests/tool/SampleLayer.h"
 #include "../tests/tool/Xml.h"
 #include "Fuzz.h"
@@ -46,6 +45,6 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   MapRows = layer.Rows;
   Picture picture{input.substr(0, 30), &layer, &SampleOnce(), input.substr(0, 9), FindingMarks()};
   for (const Mark& mark : WarningsOf(layer)) picture.Found.push_back(mark);
-  if (picture.Found.size() > 200) picture.Found.resize(200);  // more of them, not others
+  if (picture.Found.size() > 200) picture.Found.resize(200);  // more repeat the same kinds
   Require(Xml(DrawPage(picture, Reload::Never)).Fault.empty(), "a page is well-formed");
 }

@@ -1,4 +1,4 @@
-// What the fuzz drivers share. A promise that is broken ends the run.
+// Shared by the fuzz drivers. A broken promise aborts the run.
 #pragma once
 
 #include <cstdio>
@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-void Run(const TestFolder& folder, const std::string& input);  // each driver has its own
+void Run(const TestFolder& folder, const std::string& input);  // each driver defines its own
 
 inline void Require(bool holds, const char* promise) {
   if (holds) return;
@@ -18,7 +18,7 @@ inline void Require(bool holds, const char* promise) {
   std::abort();
 }
 
-/// A file whose first `size` bytes were read and written back.
+/// The contents of a file after its first `size` bytes were read and written back.
 inline std::string Reached(std::string bytes, std::size_t size) {
   bytes.resize(std::max(bytes.size(), size), '\0');
   return bytes;

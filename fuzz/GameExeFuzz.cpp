@@ -1,4 +1,4 @@
-// The input stands at the places of the tables in a CC4.EXE.
+// The input replaces the tables in a CC4.EXE.
 #include "Fuzz.h"
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
@@ -10,5 +10,5 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   const auto tables = ReadGameTables(folder / "CC4.EXE");
   Require(tables.Done(), "any CC4.EXE can be read");
   Require(WriteGameTables(folder / "CC4.EXE", *tables).Done(), "any CC4.EXE can be saved");
-  Require(folder.Get("CC4.EXE") == exe, "it comes back as it was read");
+  Require(folder.Get("CC4.EXE") == exe, "a save of unchanged tables changes nothing");
 }

@@ -1,4 +1,4 @@
-// The input is a JSON document, and also the bytes of a patch file and of a BTD file.
+// The input is a JSON document, and also a patch file and a BTD file.
 #include <algorithm>
 #include <cstring>
 
@@ -10,17 +10,17 @@ namespace {
 
 using namespace corvane;
 
-std::string Spell(const JsonDocument& document) {
+std::string ToJson(const JsonDocument& document) {
   return document.IsBtd ? BtdToJson(document.Btd) : TablesToJson(document.Tables);
 }
 
-void RequireFaithful(const std::string& json) {
+void RequireRoundTrip(const std::string& json) {
   const auto read = ParseJson(json);
-  Require(read.Done(), "what was written can be read");
-  Require(Spell(*read) == json, "what was read is written alike");
+  Require(read.Done(), "written JSON can be read");
+  Require(ToJson(*read) == json, "reading and writing gives the same JSON");
 }
 
-// What the input does not reach is no connection, which keeps the document short.
+// Cells beyond the input hold no connection, which keeps the document short.
 Layer LayerOf(const std::string& input) {
   GameTables tables;
   std::memset(static_cast<void*>(&tables), 0xFF, sizeof tables);
@@ -34,25 +34,25 @@ Layer LayerOf(const std::string& input) {
 }
 
 void RequireHarmless(const std::string& listing) {
-  const auto steers = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\n'; };
-  Require(std::ranges::none_of(listing, steers), "nothing in a listing steers a terminal");
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\n'; };
+  Require(std::ranges::none_of(listing, isControl), "a listing contains no control characters");
 }
 
 }  // namespace
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
   const auto read = ParseJson(input);
-  Require(read.Done() || read.Error().starts_with('/'), "a fault is told with its place");
-  if (read.Done()) RequireFaithful(Spell(*read));
+  Require(read.Done() || read.Error().starts_with('/'), "an error names its position");
+  if (read.Done()) RequireRoundTrip(ToJson(*read));
   const Layer layer = LayerOf(input);
   folder.Put("a.btd", input);
   const Result<BtdFile> map = ReadBtd(folder / "a.btd");
   Require(map.Done(), "any file can be read");
   const MapFile file{input.substr(0, 12), input.size(), map->Header, map->VLs, map->Text};
-  RequireFaithful(TablesToJson(layer));
-  RequireFaithful(BtdToJson(file));
+  RequireRoundTrip(TablesToJson(layer));
+  RequireRoundTrip(BtdToJson(file));
   RequireHarmless(ListTables(layer));
   RequireHarmless(ListBtd(file));
   const std::string image = Reached(input, BtdSize).substr(0, BtdSize);
-  Require(BtdImage(ParseJson(BtdToJson(file))->Btd) == image, "every byte comes back");
+  Require(BtdImage(ParseJson(BtdToJson(file))->Btd) == image, "every byte survives");
 }

@@ -1,4 +1,4 @@
-// The input is a patch file. The numbers in it are used as indices, most of them wild.
+// The input is a patch file. Its numbers serve as indices, most of them out of range.
 #include "Fuzz.h"
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
@@ -12,7 +12,8 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
     if (IsMapSlot(wild)) continue;
     MapConnections(wild, 0) = MapConnections(0, wild) = VLDest(wild, 0) = StrMap[wild].Left = 5;
   }
-  Require(CheckTables() == CheckTables(), "what is found is found again");
+  Require(CheckTables() == CheckTables(), "the check is repeatable");
   Require(WritePatchTables(folder / "p.crv", Tables).Done(), "a patch file can be written");
-  Require(folder.Get("p.crv") == Reached(input, PatchFileSize), "it comes back as it was read");
+  Require(folder.Get("p.crv") == Reached(input, PatchFileSize),
+          "a save of unchanged tables changes nothing");
 }

@@ -1,4 +1,4 @@
-// The input is the registry file of a Wine prefix, to which a value is then added.
+// The input is the registry file of a Wine prefix; then a value is appended.
 #include "Fuzz.h"
 #include "data/GameFolder.h"
 
@@ -10,5 +10,5 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
 
 [Software\\Strategic Simulations Inc.\\Close Combat\\4.00]
 "InstalledTo"="C:\\X")");
-  Require(ReadInstallPath() == folder / ".wine/dosdevices/c:/X", "the last value counts");
+  Require(ReadInstallPath() == folder / ".wine/dosdevices/c:/X", "the last value wins");
 }

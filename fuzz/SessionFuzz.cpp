@@ -1,5 +1,5 @@
-// The input plays a session on a sample game: gestures on every control of the window in front,
-// answers to questions, a step on a file that fails. It also is a patch file and a BTD file there.
+// The input drives a session on the sample game: gestures on every control of the front window,
+// answers to questions, a failing file operation. It is also a patch file and a BTD file there.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "Fuzz.h"
@@ -12,7 +12,7 @@ static const std::map<std::string, std::string> Files = GameFiles(MakeSampleGame
 
 struct Player : Session {
   FuzzedDataProvider Input;
-  std::vector<std::string> Gone;  // files that others have removed
+  std::vector<std::string> Gone;  // files removed behind the program's back
   int Steps = 0, FaultAt = -1;
 
   auto UpTo(auto most) { return Input.ConsumeIntegralInRange(decltype(most){0}, most); }
@@ -59,10 +59,11 @@ struct Player : Session {
         UpTo(1) == 0 ? Main.cmdNewBTD_Click() : Main.cmdDelete_Click();
       if (gesture == 5) std::filesystem::remove(File(Gone.emplace_back(Pick(Files).first)));
       if (gesture > 5) std::visit([this](auto* control) { Use(*control); }, Pick(form.Controls));
-      Require(!Main.SettingArrow, "no arrow is being set between gestures");
-      Require(std::ranges::count(form.TabOrder(), form.Focused) == 1, "the focus can be there");
+      Require(!Main.SettingArrow, "SettingArrow is off between gestures");
+      Require(std::ranges::count(form.TabOrder(), form.Focused) == 1,
+              "the focused control is in the tab order");
       for (int map = 0; map < Main.lstMaps.ListCount(); ++map)
-        Require(Main.lstMaps.List(map) == MapRow(map), "rows stand where the map slots are");
+        Require(Main.lstMaps.List(map) == MapRow(map), "rows match the map slots");
       for (const AnyControl& any : form.Controls) std::visit([](auto* each) { Check(*each); }, any);
     }
   }
@@ -76,12 +77,13 @@ struct Player : Session {
   }
   static void Check(const Control&) {}
   static void Check(const RowControl& list) {
-    Require(list.ListIndex() >= -1 && list.ListIndex() < list.ListCount(), "a row is in its list");
+    Require(list.ListIndex() >= -1 && list.ListIndex() < list.ListCount(),
+            "the selected row exists");
   }
   static void Check(const TextBox& box) {
     const std::string bytes = TextToAnsi(box.Text());
     const bool fits = box.TypedLimit == 0 || std::ssize(bytes) <= box.TypedLimit + 1;
-    Require(fits && AnsiToText(bytes) == box.Text(), "what is shown can be stored");
+    Require(fits && AnsiToText(bytes) == box.Text(), "the text shown can be stored");
   }
 };
 
@@ -98,6 +100,6 @@ void corvane::Run(const TestFolder&, const std::string& input) {
     if (name != "CC4.EXE") now.replace(0, BtdSize, old, 0, BtdSize);
     for (const auto& [at, patch, size] : TablePlaces)
       if (now.size() > at) now.replace(at, size, old, at, size);
-    Require(now == old, "only the bytes that are known change");
+    Require(now == old, "a save changes only known bytes");
   }
 }

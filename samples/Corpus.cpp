@@ -1,4 +1,4 @@
-// corvane-corpus FOLDER: writes what the fuzz drivers start from, a folder of inputs for each.
+// corvane-corpus FOLDER: writes the seed inputs of the fuzz drivers, one folder per driver.
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -50,7 +50,7 @@ Inputs JsonInputs() {
   return {btd, tables, btd.substr(0, 500), "[[[[1e5, -0, \"\\ud834\\udd1e\"]]]]"};
 }
 
-// The forms that a text can have in a registry file.
+// The forms of a text value in a registry file.
 Inputs RegistryInputs() {
   Inputs inputs;
   for (const char* value :
@@ -65,7 +65,7 @@ Inputs RegistryInputs() {
   return inputs;
 }
 
-// Gestures, answers and texts are all drawn from the bytes, so noise makes a session.
+// The driver draws gestures, answers and texts from the bytes, so noise makes a session.
 Inputs SessionInputs() {
   corvane::Noise noise(1944);
   Inputs inputs;
@@ -76,7 +76,7 @@ Inputs SessionInputs() {
 }
 
 bool Write(const std::filesystem::path& folder, const Inputs& inputs) {
-  std::error_code ignored;  // what could not be made cannot be written to
+  std::error_code ignored;  // writing into a missing folder fails below
   std::filesystem::create_directories(folder, ignored);
   bool written = true;
   for (std::size_t i = 0; i < inputs.size(); ++i) {
@@ -102,6 +102,6 @@ int main(int argc, char** argv) {
                        Write(folder / "SessionFuzz", SessionInputs()) &&
                        Write(folder / "DrawFuzz", DrawInputs(game)) &&
                        Write(folder / "JsonFuzz", JsonInputs());
-  if (!written) std::cerr << "corvane-corpus: could not write into " << folder.string() << "\n";
+  if (!written) std::cerr << "corvane-corpus: could not write to " << folder.string() << "\n";
   return written ? 0 : 1;
 }

@@ -1,4 +1,4 @@
-// The sample game as a description: a drawn plan of its maps, and what is derived from it.
+// The sample game in memory: a plan of its maps, and everything derived from it.
 #include "samples/SampleGame.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-// Tiles and the roads between them. The tiles are the map slots in reading order.
+// Tiles and the roads between them. The tiles are the map slots, numbered in reading order.
 constexpr std::string_view Plan =
     "  o-o-o o-o-o  "
     "  |  \\  |   |  "
@@ -36,7 +36,7 @@ constexpr std::string_view Places[] = {
     "Ronchel",  "Leuvrin",  "Hombrai"};
 static_assert(std::size(Places) == MapSlotCount);
 
-// In Windows-1252, as everything in a BTD file.
+// In Windows-1252, like all texts in a BTD file.
 constexpr std::string_view Objectives[] = {"Church",  "Stone bridge", "Ch\xE2teau", "Railway halt",
                                            "Sawmill", "Hill 214",     "M\xFChle",   "Crossroads",
                                            "Quarry",  "Old barracks", "Dairy"};
@@ -46,7 +46,7 @@ int SlotAt(std::size_t place) {
   return static_cast<int>(std::ranges::count(Plan.substr(0, place), 'o'));
 }
 
-// How far before and behind its sign in the plan a road has its ends; 0 for what is no road.
+// The distance in the plan from a road's sign to both of its ends; 0 if the sign is not a road.
 std::size_t ReachOf(char sign) {
   constexpr std::string_view Signs = "-/|\\";
   constexpr std::size_t Reaches[] = {1, PlanWidth - 1, PlanWidth, PlanWidth + 1};
@@ -61,7 +61,7 @@ StrRect MakeRect(Noise& noise, int left, int top, int width, int height) {
 }
 
 void PlaceTiles(GameTables& tables, Noise& noise) {
-  constexpr int Pitch = 96;  // pixels between two tiles of the plan, on the game's 800 x 600
+  constexpr int Pitch = 96;  // pixels between neighbouring tiles, on the game's 800 x 600
   for (std::size_t place = 0; place < Plan.size(); ++place) {
     if (Plan[place] != 'o') continue;
     const int column = static_cast<int>(place) % PlanWidth / 2;
@@ -84,13 +84,13 @@ struct Stretch {
   [[nodiscard]] int End() const { return Start + Length; }
 };
 
-// The gap between two stretches; where they overlap, what they share.
+// The gap between two stretches, or the overlap if there is no gap.
 Stretch Between(Stretch a, Stretch b) {
   const auto [start, end] = std::minmax({std::max(a.Start, b.Start), std::min(a.End(), b.End())});
   return {start, end - start};
 }
 
-// The arrow lies between the two tiles, over neither; the one of the way back lies beside it.
+// Places the arrow between the two tiles, next to the arrow of the opposite direction.
 void Connect(GameTables& tables, Noise& noise, int from, int to, int arrow) {
   constexpr int Margin = 2;
   const StrRect& start = tables.Tiles[from];
@@ -117,7 +117,7 @@ void ConnectTiles(GameTables& tables, Noise& noise) {
     const int from = SlotAt(place - reach);
     const int to = SlotAt(place + reach);
     Connect(tables, noise, from, to, arrow);
-    if (++road % 5 != 0) ++arrow;  // each fifth road has one arrow for both ways: 81 in all
+    if (++road % 5 != 0) ++arrow;  // every fifth road shares one arrow: 81 in all
     Connect(tables, noise, to, from, arrow++);
   }
 }
@@ -127,21 +127,21 @@ void Put(std::array<char, Width>& field, std::string_view text) {
   text.copy(field.data(), Width);
 }
 
-// Where a location lies on its battle map: low numbers in the north and west.
+// The position of a location on its battle map: low numbers are in the north and west.
 struct Square {
   std::uint8_t X;
   std::uint8_t Y;
 };
 
-// Which way an exit leads along each axis: -1, 0 or 1.
+// The direction of an exit along each axis: -1, 0 or 1.
 struct Heading {
   int X;
   int Y;
 };
 
-constexpr int BattleMapSize = 100;  // squares along each axis, so that two digits hold each number
+constexpr int BattleMapSize = 100;  // squares along each axis: two digits suffice
 
-// A place in the first tenth, the middle or the last tenth of an axis.
+// A position in the first tenth, the middle or the last tenth of an axis.
 int PlaceTowards(int direction, Noise& noise) {
   constexpr int Edge = BattleMapSize / 10;
   if (direction < 0) return noise.UpTo(Edge - 1);
@@ -149,7 +149,7 @@ int PlaceTowards(int direction, Noise& noise) {
   return BattleMapSize * 3 / 10 + noise.UpTo(BattleMapSize * 4 / 10 - 1);
 }
 
-// The two numbers always differ, so that exchanging them shows.
+// X and Y always differ, so that a test notices if they are swapped.
 Square SquareTowards(Heading heading, Noise& noise) {
   const int x = PlaceTowards(heading.X, noise);
   int y = PlaceTowards(heading.Y, noise);
@@ -159,8 +159,8 @@ Square SquareTowards(Heading heading, Noise& noise) {
 
 Heading HeadingTo(const StrRect& from, const StrRect& to) {
   const auto sign = [](int distance) {
-    constexpr int Aside = 48;  // pixels; tiles of one row or column are less than that apart
-    return distance > Aside ? 1 : distance < -Aside ? -1 : 0;
+    constexpr int HalfPitch = 48;  // pixels; tiles in the same row or column differ by less
+    return distance > HalfPitch ? 1 : distance < -HalfPitch ? -1 : 0;
   };
   return {sign(to.Left - from.Left), sign(to.Top - from.Top)};
 }
@@ -188,7 +188,7 @@ VictoryLocation MakeObjective(Noise& noise, std::size_t which) {
   return MakeLocation(noise, which % 3 == 0 ? 200 : 100, Objectives[which % std::size(Objectives)]);
 }
 
-// A slot out of use in which an older name still stands, with bytes behind its end.
+// An unused slot that still holds an old name, with bytes after its NUL.
 VictoryLocation MakeLeftOver(Noise& noise) {
   using namespace std::string_view_literals;
   return MakeLocation(noise, 0, "Ford\0east bank"sv, {}, noise.Byte());
@@ -244,7 +244,7 @@ SampleGame MakeSampleGame() {
   for (int map = 0; map < MapSlotCount; ++map) {
     game.Maps.push_back(MakeMap(game.Tables, map, noise));
   }
-  game.Maps.back().VLs.back().TileX = 211;  // a file can hold what two digits cannot
+  game.Maps.back().VLs.back().TileX = 211;  // a file can hold more than two digits
   return game;
 }
 

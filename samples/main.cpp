@@ -1,4 +1,4 @@
-// corvane-sample FOLDER: writes the sample game into a folder. Never replaces a game.
+// corvane-sample FOLDER: writes the sample game to a folder. Never overwrites a game.
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -26,18 +26,18 @@ int main(int argc, char** argv) {
   constexpr std::string_view Usage = "usage: corvane-sample FOLDER";
   const std::string_view argument = argc == 2 ? argv[1] : "";
   if (argument == "--help") {
-    std::cout << Usage << "\nWrites a made-up CC4.EXE and its Maps into FOLDER.\n";
+    std::cout << Usage << "\nWrites a sample CC4.EXE and its Maps to FOLDER.\n";
     return 0;
   }
   if (argument.empty() || argument.starts_with('-')) return Refuse(std::string(Usage));
   const std::filesystem::path folder = argument;
   for (const char* name : {"CC4.EXE", "Maps"}) {
-    if (Has(folder, name)) return Refuse(folder.string() + " already holds a " + name + ".");
+    if (Has(folder, name)) return Refuse(folder.string() + " already contains a " + name + ".");
   }
   const corvane::SampleGame game = corvane::MakeSampleGame();
   const auto written = corvane::WriteSampleGame(folder, game);
   if (!written.Done()) return Refuse(FailureMessage(written.Error()));
-  std::cout << "Wrote CC4.EXE and " << game.Maps.size() << " map files in Maps into "
+  std::cout << "Wrote CC4.EXE and " << game.Maps.size() << " map files in Maps to "
             << folder.string() << ".\n";
   return 0;
 }

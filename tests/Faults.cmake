@@ -1,5 +1,5 @@
-# corvane_faulty_files: objects that stand in for the steps on files of corvane_base, with faults
-# around the real ones. A program that links them takes nothing of that kind from the library.
+# corvane_faulty_files: objects that replace the file operations of corvane_base and inject faults
+# around the real ones. A program that links them uses none of the library's own.
 include_guard(GLOBAL)
 set(steps Open Status PathStatus Read Write SetLength Flush Close Remove)
 list(TRANSFORM steps REPLACE "(.+)" "System\\1=Real\\1" OUTPUT_VARIABLE renamed_steps)

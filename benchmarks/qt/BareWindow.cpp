@@ -98,7 +98,7 @@ void BareWindow::AddMenu(const ListedControl& menu) {
   for (const std::string& keys : menu.Rows) item->setShortcut(QString::fromStdString(keys));
 }
 
-// The calls that a selection needs at the least: rows change in place.
+// The fewest calls that a selection needs: rows change in place.
 void Select(const BareWindow& window, int map) {
   window.Maps->setCurrentRow(map);
   for (QLineEdit* field : window.Fields) field->setText(QString::number(100 + map));

@@ -1,5 +1,5 @@
-// The program up to its first window. Its argument is a game's file to open; with "select" it
-// measures the selection of maps.
+// The program up to its first window. Its argument is the file to open; with "select" it measures
+// the selection of maps.
 #include "SelectTime.h"
 #include "forms/Form1.h"
 #include "services/Program.h"

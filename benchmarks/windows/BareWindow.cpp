@@ -12,7 +12,7 @@ namespace {
 using corvane::ListedControl;
 using corvane::ListedKind;
 
-std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }  // ASCII alone
+std::wstring Wide(const std::string& text) { return {text.begin(), text.end()}; }  // ASCII only
 
 struct Class {
   const wchar_t* Name;

@@ -1,4 +1,4 @@
-// The program up to its first window. Its argument is a game's file to open.
+// The program up to its first window. Its argument is the file to open.
 #include "OwnCosts.h"
 #include "forms/Form1.h"
 #include "services/Gestures.h"

@@ -1,6 +1,6 @@
-# Compiles one line, #include "HEADER", with the include folders that a library's own sources have.
-# EXPECT says what has to come of it: "compiles" or "fails". A failure has to be that of a header
-# that is not found; any other would hide a wrong list of folders.
+# Compiles one line, #include "HEADER", with the include folders of a library's own sources. EXPECT is
+# "compiles" or "fails". Only a missing header counts as "fails"; any other error would hide a wrong
+# list of folders.
 #
 # cmake -DCOMPILER=... -DFLAGS=... -DFOLDERS=... -DHEADER=... -DEXPECT=... -P Levels.cmake
 
@@ -20,5 +20,5 @@ else()
   set(outcome "fails for another reason")
 endif()
 if(NOT outcome STREQUAL EXPECT)
-  message(FATAL_ERROR "#include \"${HEADER}\" ${outcome}, but has to be such that it ${EXPECT}.\n${message}")
+  message(FATAL_ERROR "#include \"${HEADER}\" ${outcome}, but the test expects: ${EXPECT}.\n${message}")
 endif()

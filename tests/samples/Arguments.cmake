@@ -1,4 +1,5 @@
-# cmake -DPROGRAM=... -DFOLDER=... -P Arguments.cmake: what is no folder's name makes no folder.
+# cmake -DPROGRAM=... -DFOLDER=... -P Arguments.cmake: an argument that is not a folder name creates
+# nothing.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
 
@@ -14,7 +15,7 @@ function(expect status)
   endif()
   file(GLOB made ${FOLDER}/* ${FOLDER}/-*)
   if(made)
-    message(SEND_ERROR "corvane-sample '${ARGN}' makes ${made}")
+    message(SEND_ERROR "corvane-sample '${ARGN}' creates ${made}")
   endif()
 endfunction()
 

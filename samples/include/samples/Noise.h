@@ -1,4 +1,4 @@
-// Bytes that mean nothing, the same in every run and on every system.
+// Pseudo-random bytes, the same in every run and on every system.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ class Noise {
   /// A number from 0 to `most`.
   int UpTo(int most) { return static_cast<int>(Next() % (static_cast<std::uint32_t>(most) + 1)); }
 
-  /// Never zero, so that a byte which got lost shows.
+  /// Never zero, so that a lost byte shows.
   std::uint8_t Byte() { return static_cast<std::uint8_t>(1 + UpTo(254)); }
 
   std::string Bytes(std::size_t count) {

@@ -1,6 +1,6 @@
-// A game made from nothing, to try the program out and for its tests: a plain description, which a
-// test may alter, and writers that turn it into files. These state the layout of the files once
-// more, by themselves, so that the code for the real files can be held against them.
+// A sample game for tests and for trying the program out: plain records, which a test may change,
+// and writers that turn them into files. The writers define the layout of the files independently,
+// so that tests can compare the real code with them.
 #pragma once
 
 #include <filesystem>
@@ -19,7 +19,7 @@ struct SampleMap {
   BtdHeader Header;
   VictoryLocations VLs{};
   BtdText Text;
-  std::string Rest;  // the game's bytes behind the part that is known
+  std::string Rest;  // the game's bytes after the known part
 };
 
 struct SampleGame {
@@ -27,18 +27,18 @@ struct SampleGame {
   std::vector<SampleMap> Maps;
 };
 
-/// 43 maps and 45 pairs of connections which pass the consistency check. Every arrow is used.
+/// 43 maps and 45 pairs of connections that pass the consistency check. Every arrow is used.
 [[nodiscard]] SampleGame MakeSampleGame();
 
-/// The whole contents of a file.
+/// The complete contents of a file.
 [[nodiscard]] std::string GameExeBytes(const GameTables& tables);
 [[nodiscard]] std::string PatchBytes(const GameTables& tables);
 [[nodiscard]] std::string BtdBytes(const SampleMap& map);
 
-/// The contents of CC4.EXE and of the files in Maps, by their place in the game's folder.
+/// The contents of CC4.EXE and of the files in Maps, by path relative to the game's folder.
 [[nodiscard]] std::map<std::string, std::string> GameFiles(const SampleGame& game);
 
-/// Makes `folder` with these files in it.
+/// Creates `folder` and these files in it.
 [[nodiscard]] Result<> WriteSampleGame(const std::filesystem::path& folder, const SampleGame& game);
 
 }  // namespace corvane
