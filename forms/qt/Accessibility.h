@@ -1,4 +1,4 @@
-// What a screen reader is told beyond what Qt tells it.
+// Adds what Qt does not report to screen readers.
 #pragma once
 
 #include <QListWidget>
@@ -8,13 +8,13 @@
 
 namespace corvane {
 
-/// From now on a modal window says that it is a dialog and modal.
+/// From now on, modal windows are announced as modal dialogs.
 void InstallAccessibility();
 
-/// Ties the labels of a form to the fields that they name.
+/// Links the labels of a form to the fields they name.
 void TieLabels(const Form& form, const QMainWindow& window);
 
-/// Tells that the focus is at the current row of a list.
+/// Announces the current row of a list as focused.
 void AnnounceCurrentRow(QListWidget& list);
 
 }  // namespace corvane

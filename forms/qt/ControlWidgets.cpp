@@ -12,18 +12,18 @@
 namespace corvane {
 namespace {
 
-constexpr int LeastStretch = 44;  // percent; below, letters cannot be told apart
+constexpr int LeastStretch = 44;  // percent; narrower letters are illegible
 constexpr int StretchStep = 4;
 constexpr int ButtonMargins = 6;  // pixels, both sides of a caption
-constexpr int FieldMargins = 6;   // and of a combo box's text
-constexpr int ListMargins = 24;   // of a dropped list's rows, its scroll bar counted
+constexpr int FieldMargins = 6;   // pixels, both sides of a combo box's text
+constexpr int ListMargins = 24;   // pixels, including the scroll bar of a dropped list
 
 QRect PlaceOf(const Control& control) {
   const Place& at = control.At;
   return {ToPixels(at.Left), ToPixels(at.Top), ToPixels(at.Width), ToPixels(at.Height)};
 }
 
-// The font, narrowed until the text is whole in the room it has.
+// Narrows the font until the text fits the room.
 QFont Narrowed(const QString& text, const QSize& room, int flags) {
   QFont font = PlainFont();
   const auto fits = [&] {
@@ -35,7 +35,7 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
   return font;
 }
 
-// True if a row changed.
+// Returns true if a row changed.
 bool MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
   const int missing = list.ListCount() - rows.rowCount();
   if (missing < 0) rows.removeRows(list.ListCount(), -missing);
@@ -51,12 +51,12 @@ bool MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
   return changed;
 }
 
-// Its selected row is the control's. Of the mouse it knows a row that is pressed, no more, so that
-// nothing but a pick of another row takes the selection off a row.
+// Keeps the selection in step with the control. Only a press on a row reaches it from the mouse, so
+// nothing but picking another row clears a selection.
 class RowList : public QListWidget {
  public:
   RowList(QWidget* parent, ListBox& list) : QListWidget(parent), Shown(list) {
-    // By a screen reader, which goes past mouse and keyboard.
+    // Reports a change made by a screen reader, which bypasses mouse and keyboard.
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
       if (!SelectsItself) PickRow(Shown, selectionModel()->selectedIndexes().value(0).row());
     });
@@ -79,11 +79,11 @@ class RowList : public QListWidget {
     }
     PickRow(Shown, currentRow());
   }
-  // The list view's own would make a row the current one.
+  // QListWidget's handler would make a row current.
   void focusInEvent(QFocusEvent* event) override {
     QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
-    // Behind Qt's own word that the focus is at the list.
+    // Announced after Qt's own focus event for the list.
     QTimer::singleShot(0, this, [this] { AnnounceCurrentRow(*this); });
   }
 
@@ -95,13 +95,13 @@ class RowList : public QListWidget {
   }
 
   ListBox& Shown;
-  bool SelectsItself = false;  // the change of the selected row that is going on is its own
+  bool SelectsItself = false;  // true while the widget itself changes the selection
 };
 
-// What the two kinds of text box do alike under different names.
+// One interface for the two kinds of text box.
 QString TextOf(const QLineEdit& edit) { return edit.text(); }
 QString TextOf(const QPlainTextEdit& edit) {
-  QString text = edit.document()->toRawText();  // the plain text would lose no-break spaces
+  QString text = edit.document()->toRawText();  // toPlainText() would lose no-break spaces
   return text.replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
 }
 int CaretOf(const QLineEdit& edit) { return edit.cursorPosition(); }
@@ -120,7 +120,7 @@ void Select(QPlainTextEdit& edit, int start, int length) {
   edit.setTextCursor(cursor);
 }
 
-void SwitchUndoOff(QLineEdit&) {}  // it hears of no key and no menu that would undo
+void SwitchUndoOff(QLineEdit&) {}  // no key or menu reaches its own undo
 void SwitchUndoOff(QPlainTextEdit& edit) { edit.setUndoRedoEnabled(false); }
 QPoint OnScreen(const QLineEdit& edit, const QPoint& at) { return edit.mapToGlobal(at); }
 QPoint OnScreen(const QPlainTextEdit& edit, const QPoint& at) {
@@ -133,7 +133,7 @@ void Route(QAction& action, bool enabled, TextBox& box, void (*gesture)(TextBox&
   QObject::connect(&action, &QAction::triggered, &action, [&box, gesture] { gesture(box); });
 }
 
-// The usual menu, whose first two items undo and redo what the form remembers.
+// The standard menu; its first two items use the form's history.
 template <class Edit>
 void ShowMenu(Edit& edit, TextBox& box, const QPoint& at) {
   QMenu* menu = edit.createStandardContextMenu();
@@ -188,8 +188,8 @@ ControlWidget Make(Button& button, QWidget* parent) {
   auto* widget = new QPushButton(QString::fromUtf8(button.Caption), parent);
   const QSize room = PlaceOf(button).size() - QSize(ButtonMargins, 0);
   widget->setFont(Narrowed(widget->text(), room, Qt::TextShowMnemonic));
-  widget->setShortcut({});                                  // the form knows its mnemonics
-  widget->setDefault(button.Owner.EnterButton == &button);  // its look; Enter is a gesture
+  widget->setShortcut({});                                  // the form handles mnemonics
+  widget->setDefault(button.Owner.EnterButton == &button);  // appearance only: Enter is a gesture
   QObject::connect(widget, &QPushButton::clicked, widget, [&button] { Press(button); });
   return {&button, widget, [] {}};
 }
@@ -201,7 +201,7 @@ ControlWidget Make(ListBox& list, QWidget* parent) {
 
 ControlWidget Make(ComboBox& combo, QWidget* parent) {
   auto* box = new QComboBox(parent);
-  // On Linux a reader hears the row that is shown as the name.
+  // On Linux, screen readers read the displayed row as the name.
   box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
   const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + FieldMargins, 0);
   QObject::connect(box, &QComboBox::activated, box, [&combo](int row) { PickRow(combo, row); });

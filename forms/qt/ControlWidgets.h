@@ -12,7 +12,7 @@ namespace corvane {
 struct ControlWidget {
   Control* Shown;
   QWidget* Widget;
-  std::function<void()> Mirror;  // shows the control's present state; what is alike stays untouched
+  std::function<void()> Mirror;  // shows the control's state; leaves unchanged parts alone
 };
 
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent);

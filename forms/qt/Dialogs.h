@@ -1,5 +1,5 @@
-// What asks the user: the message box, which shows a text of any length whole and to be copied,
-// with its buttons always in sight, and the open and the save dialog, as the settings ask for them.
+// The message box, which shows text of any length for reading and copying and keeps its buttons
+// visible, and the open and save dialogs, which follow the given settings.
 #pragma once
 
 #include <QFileDialog>

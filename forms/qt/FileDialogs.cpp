@@ -5,15 +5,15 @@
 namespace corvane {
 namespace {
 
-constexpr QSize DialogSize(760, 440);  // room for names beside sizes, kinds and dates
+constexpr QSize DialogSize(760, 440);  // room for names, sizes, kinds and dates
 
-// Refuses what its settings refuse, and stays open.
+// Rejects the names that its settings refuse, and stays open.
 class FileDialog : public QFileDialog {
  public:
   FileDialog(QWidget* owner, const QString& title, const CommonDialog& settings)
       : QFileDialog(owner, title), Settings(settings) {
-    // One behaviour everywhere; whether to overwrite is the program's own question. Where a theme
-    // has a dialog of its own, the widgets of this one are not there before.
+    // Same behaviour everywhere; the program itself asks whether to overwrite. Under a theme with a
+    // native dialog, the child widgets exist only after this call.
     setOptions(DontUseNativeDialog | DontConfirmOverwrite);
     Typed = findChild<QLineEdit*>("fileNameEdit");
     Completions = Typed->completer()->popup();
@@ -29,7 +29,7 @@ class FileDialog : public QFileDialog {
     ShowMessageBox(this, refusal, MessageButtons::Ok);
   }
 
-  // Return takes what is typed, unless one of its completions was picked; Qt would only close them.
+  // Return accepts the typed name unless a completion is selected; Qt would only close the list.
   bool eventFilter(QObject* target, QEvent* event) override {
     if (target == Completions && event->type() == QEvent::KeyPress) {
       const int key = static_cast<QKeyEvent*>(event)->key();
@@ -44,7 +44,7 @@ class FileDialog : public QFileDialog {
   }
 
  private:
-  // A path with "." or ".." in it the dialog would leave standing, without a word.
+  // Resolves "." and "..": the dialog silently ignores a path that contains them.
   void CleanTypedName() {
     const QString name = Typed->text();
     if (!name.contains("..") && !name.contains("./")) return;
@@ -56,7 +56,7 @@ class FileDialog : public QFileDialog {
   QAbstractItemView* Completions = nullptr;
 };
 
-// The drives of the Wine prefix, where a game most likely lies.
+// The drives of the Wine prefix, the likeliest place for a game.
 QList<QUrl> WineDrives() {
   const QDir drives(QDir::homePath() + "/.wine/dosdevices");
   QList<QUrl> places;
@@ -66,7 +66,7 @@ QList<QUrl> WineDrives() {
   return places;
 }
 
-// Names take the room that sizes and dates leave, which are always whole.
+// Sizes and dates are never truncated; names take the remaining width.
 void LayOutColumns(const QFileDialog& dialog) {
   auto* header = dialog.findChild<QTreeView*>("treeView")->header();
   header->setStretchLastSection(false);
@@ -74,7 +74,7 @@ void LayOutColumns(const QFileDialog& dialog) {
   header->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-// "description|pattern|description|pattern" as the dialog wants it: "description (pattern)".
+// Converts "description|pattern|..." to the dialog's "description (pattern)".
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split('|');
   QStringList filters;
@@ -92,7 +92,7 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   const QStringList filters = NameFilters(settings.Filter);
   const QString folder = QString::fromStdString(settings.InitDir);
   dialog.setAcceptMode(mode);
-  dialog.setFilter(dialog.filter() | QDir::Hidden);  // such as .wine
+  dialog.setFilter(dialog.filter() | QDir::Hidden);  // e.g. .wine
   dialog.setSidebarUrls(dialog.sidebarUrls() + WineDrives());
   dialog.resize(DialogSize);
   LayOutColumns(dialog);
@@ -101,7 +101,7 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptM
   dialog.selectNameFilter(filters.value(settings.FilterIndex - 1));
   if (dialog.exec() != QDialog::Accepted) return;
   const QString path = dialog.selectedFiles().value(0);
-  QDir::setCurrent(QFileInfo(path).absolutePath());  // where the next one starts
+  QDir::setCurrent(QFileInfo(path).absolutePath());  // the next dialog starts here
   settings.FileName = path.toStdString();
 }
 

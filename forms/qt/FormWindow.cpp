@@ -47,17 +47,17 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
   for (MenuEntry* entry : form.Menus) AddMenu(*entry);
   SetFrame();
   create();
-  qApp->installEventFilter(this);  // the window's events: ahead of any widget, and of the focus
+  qApp->installEventFilter(this);  // gets window events before any widget and any focus move
   MirrorEverything();
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
     if (Control* control = ControlOf(now)) FollowFocus(*control);
   });
 }
 
-FormWindow::~FormWindow() { qApp->disconnect(this); }  // the focus leaves widgets that go
+FormWindow::~FormWindow() { qApp->disconnect(this); }  // destroyed widgets lose the focus
 
 void FormWindow::AddControls() {
-  for (const AnyControl& any : Shown.Controls) {  // a frame ahead of what it holds
+  for (const AnyControl& any : Shown.Controls) {  // a frame precedes its contents
     const Control* frame = std::visit([](auto* control) { return control->Parent; }, any);
     void* const holder = WidgetOf(frame);
     const ControlWidget made =
@@ -76,7 +76,7 @@ void FormWindow::AddMenu(MenuEntry& entry) {
     action->setObjectName(item->Name);
     connect(menu, &QMenu::aboutToShow, action, [=] { action->setEnabled(item->Enabled); });
     connect(action, &QAction::triggered, this, [=] { Choose(*item); });
-    // Shown and told to screen readers; the stroke itself is the form's.
+    // For display and screen readers only; the form handles the key.
     action->setShortcut(QKeySequence(KeysOf(item->Key)));
     action->setShortcutContext(Qt::WidgetShortcut);
   }
@@ -107,11 +107,11 @@ void FormWindow::Run() {
 void FormWindow::Close() {
   hide();
   Loop.quit();
-  if (!Below) QApplication::exit();  // leaves every nested loop, too
+  if (!Below) QApplication::exit();  // ends nested loops, too
 }
 
 void FormWindow::MirrorFocus(void* widget) {
-  if (KeyboardInMenu()) return;  // the menu gives it back
+  if (KeyboardInMenu()) return;  // closing the menu restores the focus
   auto* const wanted = static_cast<QWidget*>(widget);
   if (wanted == focusWidget()) return;
   if (wanted) {
@@ -124,7 +124,7 @@ void FormWindow::MirrorFocus(void* widget) {
 bool FormWindow::KeyboardInMenu() const { return menuWidget() && focusWidget() == menuWidget(); }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();  // unloading the form closes the window, or does not
+  event->ignore();  // the form decides whether the window closes
   CloseWindow(Shown);
 }
 
@@ -134,13 +134,13 @@ bool FormWindow::eventFilter(QObject* target, QEvent* event) {
   }
   if (target != windowHandle() || QApplication::activePopupWidget()) return false;
   switch (event->type()) {
-    case QEvent::MouseButtonPress:  // ahead of the focus, which moves before the widget reacts
+    case QEvent::MouseButtonPress:  // before the focus moves, which precedes the widget's reaction
       PressRefused =
           !AllowPress(Shown, ControlAt(static_cast<QMouseEvent*>(event)->position().toPoint()));
       return PressRefused;
-    case QEvent::MouseButtonDblClick:  // comes right behind its second press
+    case QEvent::MouseButtonDblClick:  // follows the second press immediately
       return PressRefused;
-    case QEvent::KeyPress:  // the rows of a combo box close before this comes
+    case QEvent::KeyPress:  // the rows of a combo box close before this arrives
       return KeyInPopup || TakesKey(*static_cast<QKeyEvent*>(event));
     case QEvent::Wheel:
       return !AllowWheel(Shown, ControlAt(static_cast<QWheelEvent*>(event)->position().toPoint()));
@@ -164,7 +164,7 @@ bool FormWindow::TakesKey(const QKeyEvent& event) {
   MovesFor = Qt::OtherFocusReason;
   auto* lines = qobject_cast<QPlainTextEdit*>(focusWidget());
   if (taken || stroke.Pressed != Key::Enter || !lines) return taken;
-  lines->insertPlainText("\n");  // with Ctrl the widget would not
+  lines->insertPlainText("\n");  // the widget ignores Ctrl+Enter
   lines->ensureCursorVisible();
   return true;
 }

@@ -1,5 +1,5 @@
-// One window on the screen for one form. It shows the form's controls and menu, keeps the real
-// focus where the form has it, and turns what a person does into gestures.
+// The window that shows a form: its controls and menu. Keeps the native focus where the form has
+// it, and turns user input into gestures.
 #pragma once
 
 #include <QEventLoop>
@@ -25,19 +25,19 @@ class FormWindow : public QMainWindow, public FormView {
   void MirrorFocus(void* widget) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* target, QEvent* event) override;
-  bool focusNextPrevChild(bool) override { return true; }  // the form moves the focus, no one else
+  bool focusNextPrevChild(bool) override { return true; }  // only the form moves the focus
 
  private:
   void AddControls();
   void AddMenu(MenuEntry& entry);
   void SetFrame();
   [[nodiscard]] bool KeyboardInMenu() const;
-  [[nodiscard]] Control* ControlAt(const QPoint& at) const;  // or nullptr
+  [[nodiscard]] Control* ControlAt(const QPoint& at) const;  // nullptr if there is none
   bool TakesKey(const QKeyEvent& event);
 
   QEventLoop Loop;
-  bool PressRefused = false;  // the last one was
-  bool KeyInPopup = false;    // the last one began there
+  bool PressRefused = false;  // the last mouse press
+  bool KeyInPopup = false;    // the last key press started in a popup
   Qt::FocusReason MovesFor = Qt::OtherFocusReason;
 };
 

@@ -5,11 +5,11 @@
 namespace corvane {
 namespace {
 
-constexpr int FontHeight = 11;  // pixels; captions and rows are whole at their places with it
-constexpr int FrameWidth = 2;   // an edge and room for the focus within it
-constexpr qreal Rounding = 3;   // of corners
-constexpr int TitleLeft = 7;    // of a group box's title
-constexpr int TitleMargin = 3;  // on either side of it
+constexpr int FontHeight = 11;  // pixels; captions and rows fit their places
+constexpr int FrameWidth = 2;   // pixels; the edge and the focus inside it
+constexpr qreal Rounding = 3;   // pixels, of corners
+constexpr int TitleLeft = 7;    // pixels, of a group box's title
+constexpr int TitleMargin = 3;  // pixels, on either side of it
 constexpr int FlashTime = 150;  // milliseconds
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state & flag; }
@@ -18,7 +18,7 @@ QColor ColourOf(const QStyleOption& option, QPalette::ColorRole role) {
   return option.palette.color(role);
 }
 
-// A ground within an edge, which is twice as wide and coloured where the focus is.
+// A filled box with an edge, which has double width and a colour on focus.
 void DrawBox(QPainter& painter, const QStyleOption& option, const QColor& ground,
              QPalette::ColorRole edge = QPalette::Mid) {
   const bool focused = Has(option, QStyle::State_HasFocus);
@@ -51,7 +51,7 @@ void DrawOutline(QPainter& painter, const QRectF& rect, const QColor& colour, qr
   painter.restore();
 }
 
-// Of buttons and combo boxes the edge shows the focus.
+// Buttons and combo boxes show the focus by their edge.
 void DrawFocus(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
   if (qobject_cast<const QPushButton*>(widget) || qobject_cast<const QComboBox*>(widget)) return;
   const bool selected = Has(option, QStyle::State_Selected);
@@ -59,7 +59,7 @@ void DrawFocus(QPainter& painter, const QStyleOption& option, const QWidget* wid
               ColourOf(option, selected ? QPalette::HighlightedText : QPalette::Highlight), 0);
 }
 
-// Selected is the row that has the focus, but the option of its focus rectangle does not say so.
+// The focused row is selected, but the option for its focus rectangle omits that state.
 QStyleOption FocusOf(const QStyleOption& option) {
   QStyleOption focus = option;
   const auto* rect = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
@@ -84,7 +84,7 @@ void DrawComboBox(const QStyle& style, QPainter& painter, const QStyleOptionComp
   style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, widget);
 }
 
-// The caption stands on the top border, within the place of the frame.
+// The caption straddles the top border, inside the frame's place.
 void DrawGroupBox(QPainter& painter, const QStyleOptionComplex& option) {
   const QRect title = TitleOf(option);
   painter.save();
@@ -122,14 +122,14 @@ Look::Look()
   qApp->installEventFilter(this);
 }
 
-// A font that was narrowed for its text stays.
+// Keeps fonts that were narrowed to fit.
 void Look::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
   if (widget->font().resolveMask() != QFont::AllPropertiesResolved) widget->setFont(PlainFont());
   widget->setPalette(Colours);
 }
 
-// The desktop's colours may change while the program runs.
+// The desktop's colours can change at run time.
 bool Look::eventFilter(QObject* target, QEvent* event) {
   if (target == qApp && event->type() == QEvent::ApplicationPaletteChange) {
     Colours = ReadablePalette(QApplication::palette());
@@ -143,7 +143,7 @@ int Look::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWid
                                         : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
-// A combo box drops its list below itself.
+// Combo boxes drop their list below the field.
 int Look::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                     QStyleHintReturn* returned) const {
   return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
@@ -170,7 +170,7 @@ void Look::drawPrimitive(PrimitiveElement element, const QStyleOption* option, Q
     case PE_PanelLineEdit:
       return DrawBox(*painter, *option, ColourOf(*option, QPalette::Base));
     case PE_FrameLineEdit:
-      return;  // drawn with its panel
+      return;  // part of its panel
     case PE_PanelButtonCommand:
       return DrawButton(*painter, *option);
     case PE_FrameFocusRect:

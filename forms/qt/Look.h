@@ -1,6 +1,6 @@
-// The slim look that the places of the controls are made for: one font, one style, and colours that
-// follow the desktop's but always have contrast. Whatever a desktop theme hands over, every widget
-// is given a font and a palette of its own, so that the windows look alike everywhere.
+// The compact look that the control layout requires: one font, one style, and colours that follow
+// the desktop's but guarantee contrast. Every widget gets its own font and palette, so that windows
+// look the same under any desktop theme.
 #pragma once
 
 #include <QColor>
@@ -10,18 +10,18 @@
 
 namespace corvane {
 
-inline constexpr double EdgeContrast = 3;    // least that edges and the focus differ by
-inline constexpr double TextContrast = 4.5;  // least that a text differs by from its ground
+inline constexpr double EdgeContrast = 3;    // minimum contrast of edges and the focus
+inline constexpr double TextContrast = 4.5;  // minimum contrast of text with its ground
 inline constexpr int ComboArrow = 14;        // width of a combo box's arrow, in pixels
 
-/// How far two colours differ in brightness: 1 for the same one, 21 for black and white.
+/// The contrast ratio of two colours: 1 for equal colours, 21 for black and white.
 [[nodiscard]] double Contrast(const QColor& left, const QColor& right);
 
-/// The desktop's colours, each moved as far as it takes to be seen. Mid is the colour of edges,
-/// Highlight that of the focus and of selected rows.
+/// The desktop's colours, adjusted only as far as contrast requires. Mid colours edges; Highlight
+/// colours the focus and selected rows.
 [[nodiscard]] QPalette ReadablePalette(const QPalette& desktop);
 
-/// The font of every widget, with no attribute left to a theme.
+/// The font of every widget; sets every attribute, so no theme can change it.
 [[nodiscard]] const QFont& PlainFont();
 
 class Look : public QProxyStyle {
@@ -49,10 +49,10 @@ class Look : public QProxyStyle {
   QPalette Colours;
 };
 
-/// Gives the whole application this look.
+/// Applies this look to the application.
 void DressApplication();
 
-/// Shows a refusal at a widget for a moment, where the system has no bell.
+/// Marks a refusal by flashing the widget, for systems without a bell.
 void Flash(QWidget* widget);
 
 }  // namespace corvane

@@ -6,16 +6,16 @@
 namespace corvane {
 namespace {
 
-constexpr QSize ScreenMargin(80, 140);  // pixels that a box leaves free, its buttons counted
-constexpr int ParagraphWidth = 460;     // of what is too long for one line of the screen
-constexpr int TitleButtons = 130;       // pixels that a title bar needs beside its text
+constexpr QSize ScreenMargin(80, 140);  // pixels kept free, including the buttons
+constexpr int ParagraphWidth = 460;     // pixels; lines too long for the screen wrap here
+constexpr int TitleButtons = 130;       // pixels that a title bar needs besides its text
 constexpr int ButtonWidth = 80;
 
-// The text, to be read, marked and copied.
+// The text, which can be read, selected and copied.
 class MessageText : public QTextEdit {
  public:
   MessageText(const QString& text, QWidget* parent) : QTextEdit(parent) {
-    ensurePolished();  // measured in the font it is shown in
+    ensurePolished();  // measures with the font it is shown in
     setReadOnly(true);
     setPlainText(text);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -35,7 +35,7 @@ class MessageText : public QTextEdit {
   }
 };
 
-// A button has the focus; what it does not take scrolls or copies the text.
+// A button keeps the focus; keys it ignores scroll or copy the text.
 class MessageBox : public QDialog {
  public:
   MessageBox(QWidget* owner, const QString& text)
@@ -68,7 +68,7 @@ class MessageBox : public QDialog {
  private:
   void Scroll(QScrollBar::SliderAction step) { Text->verticalScrollBar()->triggerAction(step); }
 
-  // The longest line that the screen has room for stays whole; longer ones wrap like a paragraph.
+  // Lines that fit the screen do not wrap; longer ones wrap like a paragraph.
   [[nodiscard]] int WrapWidth(int most) const {
     int width = std::min(ParagraphWidth, most);
     const int margins = qCeil(2 * Text->document()->documentMargin()) + 1;
@@ -79,12 +79,12 @@ class MessageBox : public QDialog {
     return width;
   }
 
-  // As large as the text needs; what would not fit the screen scrolls.
+  // Sizes the box to the text, or makes it scroll if it exceeds the screen.
   void FitText() {
     const QSize most = screen()->availableSize() - ScreenMargin;
     Text->setLineWrapColumnOrWidth(WrapWidth(most.width()));
     const int width = qCeil(Text->document()->idealWidth());
-    Text->setLineWrapColumnOrWidth(width);  // wider, it would scroll sideways
+    Text->setLineWrapColumnOrWidth(width);  // a larger width would scroll sideways
     const int height = qCeil(Text->document()->size().height());
     const bool scrolls = height > most.height();
     const int frame = 2 * Text->frameWidth();
@@ -98,7 +98,7 @@ class MessageBox : public QDialog {
   }
 };
 
-// Its first letter alone presses it, too.
+// The first letter also presses the button, without Alt.
 void AddButton(QDialog& box, QDialogButtonBox& row, const char* caption, int result) {
   QPushButton* button = row.addButton(caption, QDialogButtonBox::ActionRole);
   button->setMinimumWidth(ButtonWidth);
@@ -120,7 +120,7 @@ MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageBut
   rows->addWidget(box.Text, 0, Qt::AlignHCenter);
   rows->addWidget(row);
   row->setCenterButtons(true);
-  int number = 0;  // from 1 on; 0 is a box that was closed
+  int number = 0;  // counted from 1; 0: the box was closed
   for (const MessageButton& choice : choices) AddButton(box, *row, choice.Caption, ++number);
   row->buttons().first()->setFocus();
   const int pressed = box.exec();

@@ -19,7 +19,7 @@ int RunProgram(int argc, char** argv, Form& form) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setDesktopFileName("org.corvane.Corvane");
   QApplication::setWindowIcon(QIcon::fromTheme("org.corvane.Corvane"));
-  // Nothing is stored anywhere; the file dialog would keep a history.
+  // Stores no settings: the file dialog would keep a history.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   DressApplication();
   InstallAccessibility();

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// Relative luminance of sRGB, from 0 for black to 1 for white.
+// Relative luminance of an sRGB colour: 0 for black, 1 for white.
 double Luminance(const QColor& colour) {
   const auto linear = [](double part) {
     return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -16,7 +16,7 @@ double Luminance(const QColor& colour) {
          0.0722 * linear(colour.blueF());
 }
 
-// `share` of 0 gives the first colour, of 1 the second.
+// A `share` of 0 gives the first colour, 1 the second.
 QColor Mixed(const QColor& from, const QColor& to, double share) {
   const auto part = [&](int a, int b) {
     return static_cast<int>(std::lround(a + (b - a) * share));
@@ -40,7 +40,7 @@ struct Grounds {
   }
 };
 
-// The first colour on the way from one to the other that is good, or the other.
+// The first acceptable colour on the way from one to the other; `to` if there is none.
 template <class Test>
 QColor FirstOnTheWay(const QColor& from, const QColor& to, const Test& good) {
   constexpr int Steps = 50;
@@ -55,7 +55,7 @@ QColor FirstSeen(const QColor& from, const QColor& to, const Grounds& grounds) {
   return FirstOnTheWay(from, to, [&](const QColor& colour) { return grounds.Show(colour); });
 }
 
-// One that the wanted text can be read on, if there is such a colour; else the text has to change.
+// A ground on which the wanted text is readable, if one exists; otherwise the text must change.
 QColor SelectedGround(const QColor& wanted, const QColor& wantedText, const QColor& text,
                       const Grounds& grounds) {
   const auto good = [&](const QColor& colour) {
@@ -65,7 +65,7 @@ QColor SelectedGround(const QColor& wanted, const QColor& wantedText, const QCol
   return good(found) ? found : FirstSeen(wanted, text, grounds);
 }
 
-// What is edited is no darker than a light window, and a dark ground in a dark one.
+// In a light window, fields are never darker than the window; in a dark one, they are dark.
 QColor FieldGround(const QColor& wanted, const QColor& window, const QColor& text) {
   const bool dark = Luminance(text) > Luminance(window);
   if (dark) return Contrast(wanted, text) >= TextContrast ? wanted : window;
@@ -129,7 +129,7 @@ QPalette ReadablePalette(const QPalette& desktop) {
       Row{QPalette::ToolTipText, baseText, baseText},
   };
   QPalette palette;
-  for (int role = 0; role < QPalette::NColorRoles; ++role) {  // those of a later Qt, too
+  for (int role = 0; role < QPalette::NColorRoles; ++role) {  // newer roles included
     SetAllGroups(palette, static_cast<QPalette::ColorRole>(role), selected, grey);
   }
   for (const Row& row : rows) SetAllGroups(palette, row.Role, row.Colour, row.Disabled);

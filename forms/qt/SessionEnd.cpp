@@ -17,12 +17,12 @@
 namespace corvane {
 namespace {
 
-int Pipe[2] = {-1, -1};  // a signal's handler may do no more than write a byte
+int Pipe[2] = {-1, -1};  // a signal handler may only write a byte
 
 void WriteByte(int) {
   const int before = errno;
   const char byte = 0;
-  if (write(Pipe[1], &byte, 1) < 0) errno = before;  // full: enough signals wait
+  if (write(Pipe[1], &byte, 1) < 0) errno = before;  // full: a signal is pending anyway
 }
 
 void Handle(int signal, void (*handler)(int)) {
@@ -49,7 +49,7 @@ SessionEnd::~SessionEnd() {
   for (int& end : Pipe) close(end);
 }
 
-// Without a pipe the signals keep their ordinary effect.
+// If the pipe cannot be made, signals keep their default effect.
 void SessionEnd::ListenToSignals() {
   if (pipe2(Pipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   Signals = std::make_unique<QSocketNotifier>(Pipe[0], QSocketNotifier::Read);
@@ -62,7 +62,7 @@ void SessionEnd::ListenToSignals() {
   for (const int signal : EndSignals) {
     struct sigaction now = {};
     sigaction(signal, nullptr, &now);
-    if (now.sa_handler != SIG_IGN) Handle(signal, WriteByte);  // nohup wants it ignored
+    if (now.sa_handler != SIG_IGN) Handle(signal, WriteByte);  // e.g. nohup ignores SIGHUP
   }
 }
 

@@ -1,5 +1,5 @@
-// The ways in which the system ends the program: signals, and the end of the session. All of them
-// come to the event loop, and never strike in the middle of a save.
+// Handles the ways the system ends the program: signals and the end of the session. Both go through
+// the event loop, so they never interrupt a save.
 #pragma once
 
 #include <QObject>
@@ -11,7 +11,7 @@ namespace corvane {
 
 class SessionEnd : public QObject {
  public:
-  SessionEnd();  // once, when the application stands
+  SessionEnd();  // once, after the application exists
   ~SessionEnd() override;
 
  protected:
@@ -22,7 +22,7 @@ class SessionEnd : public QObject {
   void ListenToSession();
 
   std::unique_ptr<QSocketNotifier> Signals;
-  bool Agreed = false;  // the session manager has asked already
+  bool Agreed = false;  // the session manager has already asked
 };
 
 }  // namespace corvane

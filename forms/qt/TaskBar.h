@@ -1,9 +1,9 @@
-// Keeps dialogs out of the task bar, where only the main window belongs.
+// Keeps dialogs out of the task bar, which shows only the main window.
 #pragma once
 
 namespace corvane {
 
-/// From now on every dialog that opens stays out, where the windowing system knows how.
+/// From now on, new dialogs stay out of the task bar if the windowing system supports it.
 void KeepDialogsOutOfTaskBar();
 
 }  // namespace corvane

@@ -2,6 +2,6 @@
 
 namespace corvane {
 
-void KeepDialogsOutOfTaskBar() {}  // no X11 to tell
+void KeepDialogsOutOfTaskBar() {}  // built without X11
 
 }  // namespace corvane

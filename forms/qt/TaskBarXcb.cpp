@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-// Qt has the library loaded where it draws with it; a program that draws on Wayland needs none.
+// Qt loads the library on X11; a program on Wayland needs none.
 template <class Function>
 Function* Resolve(const char* name) {
   return reinterpret_cast<Function*>(QLibrary::resolve("xcb", 1, name));
@@ -29,7 +29,7 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, std::string_view name) {
   return told ? told->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-// Before the window shows: Qt adds its own states to those that it finds then.
+// Must run before the window shows: Qt then merges its own states with the existing ones.
 void KeepOut(xcb_connection_t* connection, const QWindow& window) {
   static const auto change = Resolve<decltype(xcb_change_property)>("xcb_change_property");
   const xcb_atom_t state = AtomOf(connection, "_NET_WM_STATE");

@@ -1,13 +1,13 @@
 #include "AccessibleText.h"
 
-#include <initguid.h>  // has the constants of the next ones defined here
+#include <initguid.h>  // makes the next headers define their constants
 #include <objbase.h>
 #include <oleacc.h>
 
 namespace corvane {
 namespace {
 
-// One for the whole program, or nullptr where the system has none.
+// One service for the program; nullptr if the system has none.
 IAccPropServices* Services() {
   static IAccPropServices* const services = [] {
     IAccPropServices* made = nullptr;

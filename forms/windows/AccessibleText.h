@@ -1,6 +1,6 @@
-// Names and descriptions of windows for screen readers, which would otherwise take a caption
-// nearby. The system keeps them beyond the window, for whichever comes to have its handle, so each
-// window takes its own back.
+// Names and descriptions of windows for screen readers, which would otherwise use a nearby caption.
+// The system keeps them after the window is gone and applies them to the next window with the same
+// handle, so each window must remove its own.
 #pragma once
 
 #include <windows.h>

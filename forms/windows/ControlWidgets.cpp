@@ -19,7 +19,7 @@
 namespace corvane {
 namespace {
 
-// The caption, in several lines if need be, is whole on the widget.
+// Shrinks the font until the caption, wrapped if necessary, fits the widget.
 void FitCaption(HWND widget, const Control& control, int dpi) {
   const SIZE room = SizeOf(widget);
   const std::wstring caption = TextToWide(control.Caption);
@@ -41,7 +41,7 @@ ControlWidget Make(Label& label, HWND parent) {
       }};
 }
 
-// It leaves its ground to the window, which does not draw below its children.
+// Paints the frame's ground: a group box leaves that to its parent, which clips its children.
 LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM first, LPARAM second, UINT_PTR,
                            DWORD_PTR) {
   if (message != WM_ERASEBKGND) return DefSubclassProc(frame, message, first, second);
@@ -60,7 +60,7 @@ ControlWidget Make(Frame& frame, HWND parent) {
 }
 
 ControlWidget Make(Button& button, HWND parent) {
-  const bool isDefault = button.Owner.EnterButton == &button;  // its look; Enter is a gesture
+  const bool isDefault = button.Owner.EnterButton == &button;  // look only: Enter is a gesture
   const DWORD style = WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
   const HWND widget = MakeWidget(button, parent, WC_BUTTONW, style);
   return {.Shown = &button,
@@ -79,10 +79,10 @@ COMBOBOXINFO PartsOf(HWND combo) {
   return parts;
 }
 
-// The two kinds of list know the same messages under different numbers.
+// List boxes and combo boxes have the same messages under different numbers.
 struct RowMessages {
   UINT Count, Length, Text, Delete, Insert, Index, Select, Widen;
-  int Bar;  // whose width comes beside the rows
+  int Bar;  // system metric of the width to add to the rows
 };
 constexpr RowMessages OfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN,          LB_GETTEXT,
                                    LB_DELETESTRING, LB_INSERTSTRING,        LB_GETCURSEL,
@@ -130,9 +130,9 @@ ControlWidget Make(ListBox& list, HWND parent) {
           .SetFont = [widget](int dpi) { SetUsualFont(widget, dpi); }};
 }
 
-constexpr WPARAM Field = static_cast<WPARAM>(-1);  // of a combo box, against its rows
+constexpr WPARAM Field = static_cast<WPARAM>(-1);  // the field of a combo box, not a row
 
-// The system gives a combo box its height by that of its field, plus edges of its own.
+// The system derives a combo box's height from that of its field plus its own edges.
 void SetComboFont(HWND combo, int dpi, LONG height) {
   const HFONT font = ControlFont(dpi);
   SetFontOf(combo, font);
@@ -144,13 +144,13 @@ void SetComboFont(HWND combo, int dpi, LONG height) {
   }
 }
 
-// How far below the top of its field the letters of a combo box begin.
+// Pixels from the top of a combo box's field to the top of its letters.
 LONG LetterTop(const RECT& field, HFONT font) {
   return (field.bottom - field.top - MetricsOf(font).tmHeight) / 2;
 }
 
 struct RowColours {
-  int Ground, Text;  // of the system
+  int Ground, Text;  // system colours
 };
 
 RowColours ColoursOf(UINT state) {
@@ -159,7 +159,7 @@ RowColours ColoursOf(UINT state) {
   return {COLOR_WINDOW, COLOR_WINDOWTEXT};
 }
 
-// The field shrinks its text until all of it shows; the rows that drop have the usual size.
+// Text in the field shrinks to fit; dropped rows use the usual font.
 void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
   constexpr LONG Margin = 2;
   const RECT& at = row.rcItem;
@@ -195,8 +195,7 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
           .Notice =
               [&combo, widget](int code) {
                 const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
-                // An arrow key in rows that have dropped is not yet a choice, and may be taken
-                // back.
+                // An arrow key in dropped rows is not yet a choice and can be cancelled.
                 if (code == CBN_SELENDOK) PickRow(combo, row);
                 if (code != CBN_CLOSEUP) return;
                 combo.Redraw();
@@ -221,7 +220,7 @@ void PlaceWidget(const ControlWidget& widget, int dpi) {
   widget.SetFont(dpi);
 }
 
-// Has a label share its base line with the field that it stands before.
+// Aligns a label's base line with that of its field.
 void AlignLabel(const ControlWidget& label, std::span<const ControlWidget> widgets, int dpi) {
   const auto* shown = dynamic_cast<const Label*>(label.Shown);
   const Control* beside = shown ? FieldBeside(*shown) : nullptr;
@@ -234,7 +233,7 @@ void AlignLabel(const ControlWidget& label, std::span<const ControlWidget> widge
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// From front to back by tab index within a layer, as screen readers list them.
+// Front to back by layer, then by tab index: the order in which screen readers list them.
 void ArrangeLayers(std::span<const ControlWidget> widgets) {
   std::vector<const ControlWidget*> order;
   for (const ControlWidget& widget : widgets) order.push_back(&widget);

@@ -1,5 +1,5 @@
-// The widgets that show the controls of a form, and its place. A widget is a window of one of
-// the system's own classes.
+// The widgets that show a form's controls, and their layout. A widget is a window of a system
+// class.
 #pragma once
 
 #include <windows.h>
@@ -17,23 +17,23 @@ struct ControlWidget {
   Control* Shown;
   HWND Widget;
   Layer In = Layer::Front;
-  // Shows the control's present state; what is alike stays untouched.
+  // Shows the control's state; leaves unchanged parts alone.
   std::function<void()> Mirror = [] {};
-  std::function<void(int code)> Notice = [](int) {};  // hears what was done to the widget
+  std::function<void(int code)> Notice = [](int) {};  // handles a notification from the widget
   std::function<void(const DRAWITEMSTRUCT&)> DrawRow = [](const DRAWITEMSTRUCT&) {};
-  // Gives a widget in its place the font for a resolution.
+  // Sets the font for a resolution; the widget must already have its place.
   std::function<void(int dpi)> SetFont = [](int) {};
-  // How far below its top its one line of text stands; 0 without such a line.
+  // Pixels from the widget's top to its line of text; 0 if it has no such line.
   std::function<int()> LineTop = [] { return 0; };
 };
 
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, HWND parent);
 
-/// Gives all widgets of a window their places in pixels, fonts in which their captions are whole
-/// there, and their states.
+/// Sets the places of all widgets of a window in pixels, fonts that fit their captions, and their
+/// states.
 void ApplyLayout(std::span<const ControlWidget> widgets, int dpi);
 
-/// Forgets what screen readers were told of a widget that goes.
+/// Removes a widget's text for screen readers before it is destroyed.
 void ReleaseWidget(const ControlWidget& widget);
 
 }  // namespace corvane

@@ -1,5 +1,4 @@
-// What asks the user: the message box, and the open and the save dialog as the settings ask for
-// them.
+// The message box, and the open and save dialogs, which follow the given settings.
 #pragma once
 
 #include <windows.h>
@@ -10,8 +9,7 @@
 
 namespace corvane {
 
-/// A box of our own, which scrolls a text that is too long for the screen. Esc and the close box
-/// answer No.
+/// A custom box, which scrolls a text too long for the screen. Esc and the close box answer No.
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons);
 
 enum class FileDialogKind { Open, Save };

@@ -1,4 +1,4 @@
-// How the settings of a file dialog reach the system's, and its choice comes back.
+// Passes the settings of a file dialog to the system's dialog and returns its choice.
 #pragma once
 
 #include <windows.h>
@@ -9,13 +9,13 @@
 
 namespace corvane {
 
-/// The functions of comdlg32.dll.
+/// Functions of comdlg32.dll.
 struct SystemDialog {
-  BOOL(WINAPI* Choose)(OPENFILENAMEW*);  // GetOpenFileNameW and its like
+  BOOL(WINAPI* Choose)(OPENFILENAMEW*);  // e.g. GetOpenFileNameW
   DWORD(WINAPI* Error)();                // CommDlgExtendedError: 0 after a cancel
 };
 
-/// A dialog that fails gives nothing back, as a cancel does, and tells why.
+/// A dialog that fails reports why, and returns no file, like a cancelled one.
 void RunFileDialog(HWND owner, CommonDialog& settings, const SystemDialog& system);
 
 }  // namespace corvane

@@ -10,8 +10,7 @@
 namespace corvane {
 namespace {
 
-// Where texts are measured: with the colours of the screen, since letters without smoothing have
-// other widths.
+// Measures texts with the screen's colour depth: letters without smoothing have other widths.
 HDC Canvas() {
   static const HDC canvas = [] {
     const HDC screen = GetDC(nullptr);
@@ -23,7 +22,7 @@ HDC Canvas() {
   return canvas;
 }
 
-// A width of 0 is the font's own.
+// A width of 0 selects the font's own.
 HFONT FontOf(int height, int width) {
   constexpr wchar_t Face[] = L"MS Shell Dlg";
   static std::map<std::pair<int, int>, HFONT> fonts;
@@ -47,7 +46,7 @@ HFONT ShrinkToFit(HFONT font, const std::function<bool(HFONT)>& fits) {
   for (int lower = height - 1; lower >= lowest && !fits(smaller); --lower) {
     smaller = FontOf(lower, 0);
   }
-  // Smaller letters are told apart better than narrow ones, down to a size.
+  // Down to this size, smaller letters are more legible than narrow ones.
   const int usualWidth = MetricsOf(smaller).tmAveCharWidth;
   for (int width = usualWidth - 1; width > usualWidth / 2 && !fits(smaller); --width) {
     smaller = FontOf(lowest, width);

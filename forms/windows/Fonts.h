@@ -1,4 +1,4 @@
-// The fonts of the windows, the measure of a text in them, and the resolution that both depend on.
+// The fonts of the windows, text measurement, and the resolution that both depend on.
 #pragma once
 
 #include <windows.h>
@@ -9,13 +9,12 @@
 
 namespace corvane {
 
-constexpr int FontHeight = 160;  // of the controls, in twips: 8 points
+constexpr int FontHeight = 160;  // twips, for controls: 8 points
 
-/// The font of the controls. All fonts are kept until the program ends.
+/// The font of the controls. Fonts live until the program ends.
 [[nodiscard]] HFONT ControlFont(int dpi);
 
-/// A font of the controls as it is, or the largest smaller one that fits; the smallest where none
-/// does.
+/// The given control font, or the largest smaller one that fits; the smallest if none does.
 [[nodiscard]] HFONT ShrinkToFit(HFONT font, const std::function<bool(HFONT)>& fits);
 
 /// The system's fonts for messages and for the titles of windows.
@@ -24,15 +23,15 @@ struct SystemFonts {
 };
 [[nodiscard]] SystemFonts GetSystemFonts(int dpi);
 
-/// The pixels of a text; wrapped, if a width is given.
+/// The size of a text in pixels; wraps if a width is given.
 [[nodiscard]] SIZE MeasureText(const std::wstring& text, HFONT font, int width = 0);
 [[nodiscard]] TEXTMETRICW MetricsOf(HFONT font);
 
-/// The pixels from each letter of a line to the next, as they are measured. Some systems draw small
-/// letters wider than they measure them, unless told these.
+/// The measured advance of each letter in pixels. Some systems draw small letters wider than they
+/// measure unless given these.
 [[nodiscard]] std::vector<int> MeasureLetters(const std::wstring& text, HFONT font);
 
 [[nodiscard]] int DpiOf(HWND window);
-[[nodiscard]] RECT WorkArea(HWND window);  // of its screen, without the task bar
+[[nodiscard]] RECT WorkArea(HWND window);  // of the window's screen, without the task bar
 
 }  // namespace corvane

@@ -37,11 +37,11 @@ Key KeyOf(WPARAM key) {
 KeyStroke StrokeOf(WPARAM key) {
   const Modifiers with = {
       .Ctrl = IsHeld(VK_CONTROL), .Shift = IsHeld(VK_SHIFT), .Alt = IsHeld(VK_MENU)};
-  const bool letter = key >= 'A' && key <= 'Z';  // whose key numbers are those of the letters
+  const bool letter = key >= 'A' && key <= 'Z';  // virtual keys of letters are ASCII
   return letter ? KeyStroke(static_cast<char>(key), with) : KeyStroke(KeyOf(key), with);
 }
 
-// Below the last row of a list box, where the system would take that row.
+// Below the last row, where the system would still select that row.
 bool IsBelowRows(HWND widget, LPARAM at) {
   const LRESULT nearest = SendMessageW(widget, LB_ITEMFROMPOINT, 0, at);
   RECT row{0, 0, 0, MAXLONG};
@@ -95,7 +95,7 @@ void FormWindow::MakeWindow() {
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   kind.lpszClassName = L"CorvaneForm";
-  RegisterClassW(&kind);  // which the first window has done
+  RegisterClassW(&kind);  // fails harmlessly after the first window
   const bool fixed = Shown.BorderKind == Border::FixedDialog;
   const DWORD style =
       WS_CLIPCHILDREN | (fixed ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_OVERLAPPEDWINDOW);
@@ -122,7 +122,7 @@ HMENU FormWindow::MakeMenuBar() {
 }
 
 void FormWindow::SetClientSize(SIZE client) {
-  for (int pass = 0; pass < 2; ++pass) {  // the menu bar may wrap at another width
+  for (int pass = 0; pass < 2; ++pass) {  // a new width may wrap the menu bar differently
     const WINDOWINFO now = PlacesOf(Window);
     const SIZE whole = SizeOf(now.rcWindow), inner = SizeOf(now.rcClient);
     SetWindowPos(Window, nullptr, 0, 0, client.cx + whole.cx - inner.cx,
@@ -130,7 +130,7 @@ void FormWindow::SetClientSize(SIZE client) {
   }
 }
 
-// Where the form asks for, if anywhere, and on the screen.
+// At the form's preferred place, if any, but always on the screen.
 void FormWindow::SetFirstPlace() {
   auto [whole, client] = std::pair(PlacesOf(Window).rcWindow, PlacesOf(Window).rcClient);
   if (Shown.ClientAt) {
@@ -145,7 +145,7 @@ void FormWindow::MoveOntoScreen(const RECT& place) {
   SetWindowPos(Window, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Follows another resolution, or other fonts and colours of the system, which change the frame.
+// Adapts to a new resolution, or to new system fonts and colours, which change the frame.
 void FormWindow::ApplySettings(int dpi, const RECT* place) {
   SIZE client = SizeOf(PlacesOf(Window).rcClient);
   const SIZE usual = ClientSize(Shown, Dpi);
@@ -175,17 +175,17 @@ void FormWindow::Run() {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
-    // Not only mouse and keyboard move the real focus: a screen reader can, too.
+    // Other programs, e.g. screen readers, can also move the native focus.
     if (Control* now = ControlOf(GetFocus())) FollowFocus(*now);
   }
   Close();
 }
 
 void FormWindow::Close() {
-  EnableWindow(Owner, TRUE);  // ahead of the hiding, which makes another window active
+  EnableWindow(Owner, TRUE);  // before hiding, which activates another window
   ShowWindow(Window, SW_HIDE);
   Running = false;
-  PostMessageW(Window, WM_NULL, 0, 0);  // for the loop to see it, whatever brought us here
+  PostMessageW(Window, WM_NULL, 0, 0);  // wakes the loop, whoever called
 }
 
 HWND FormWindow::Top() {
@@ -200,7 +200,7 @@ void FormWindow::MirrorFocus(void* widget) {
 
 LRESULT FormWindow::WindowProc(HWND window, UINT message, WPARAM first, LPARAM second) {
   auto* form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (!form) return DefWindowProcW(window, message, first, second);  // not yet one of ours
+  if (!form) return DefWindowProcW(window, message, first, second);  // still in CreateWindowExW
   return form->OnMessage(message, first, second);
 }
 
@@ -228,7 +228,7 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_THEMECHANGED:
       ApplySettings(Dpi);
       return 0;
-    case WM_CLOSE:  // unloading the form closes the window, or does not
+    case WM_CLOSE:  // the form decides whether the window closes
       CloseWindow(Shown);
       return 0;
     case WM_QUERYENDSESSION:
@@ -260,7 +260,7 @@ void FormWindow::OnMenuDrop(HMENU menu, WORD entry) {
   }
 }
 
-// Every window is asked; the main window answers for all.
+// The system asks every window; the main window answers for all.
 LRESULT FormWindow::OnQueryEndSession() {
   if (Below) return TRUE;
   ShutdownBlockReasonCreate(Window, TextToWide(EndSessionReason).c_str());
@@ -275,25 +275,25 @@ bool FormWindow::PreTranslate(MSG& message) {
   switch (message.message) {
     case WM_MOUSEWHEEL:
       return LosesWheel(message);
-    case WM_RBUTTONUP:  // the press was refused, but an edit would take the focus for its menu
+    case WM_RBUTTONUP:  // after a refused press, an edit would take the focus for its menu
       return ControlOf(message.hwnd) && message.hwnd != GetFocus();
     case WM_KEYDOWN:
       return TakesKey(message);
     case WM_SYSKEYDOWN:
-      // The system has to see that a key came with Alt, or Alt going up would open the menu.
+      // The system must see that a key came with Alt, or releasing Alt would open the menu.
       return message.wParam == VK_BACK && TakesKey(message) &&
              DefWindowProcW(Window, message.message, message.wParam, message.lParam) == 0;
     case WM_SYSCHAR:
       return message.wParam < 0x80 &&
              PressKey(Shown, {static_cast<char>(message.wParam), {.Alt = true}});
     case WM_CHAR:
-      return message.wParam == 0x7F;  // Ctrl+Backspace would type a box
+      return message.wParam == 0x7F;  // Ctrl+Backspace would type a box character
     default:
       return false;
   }
 }
 
-// Asks before anything reacts to the press.
+// Runs before any control reacts to the press.
 bool FormWindow::RefusesPress(const MSG& press) {
   Control* pressed = ControlOf(press.hwnd);
   if (!AllowPress(Shown, pressed)) return true;
@@ -301,7 +301,7 @@ bool FormWindow::RefusesPress(const MSG& press) {
   return list && IsBelowRows(press.hwnd, press.lParam);
 }
 
-// Those of the combo box that has the focus.
+// Whether the focused combo box has its rows dropped.
 bool FormWindow::RowsAreDropped() const {
   const HWND focused = GetFocus();
   return dynamic_cast<ComboBox*>(ControlOf(focused)) &&
@@ -313,11 +313,11 @@ bool FormWindow::TakesKey(const MSG& key) {
   return PressKey(Shown, StrokeOf(key.wParam));
 }
 
-// The wheel is for what is under it.
+// The wheel goes to the widget under the pointer.
 bool FormWindow::LosesWheel(MSG& turn) const {
   if (RowsAreDropped()) return false;
   turn.hwnd = WindowFromPoint({GET_X_LPARAM(turn.lParam), GET_Y_LPARAM(turn.lParam)});
-  return !AllowWheel(Shown, ControlOf(turn.hwnd));  // it may be a program's that does not answer
+  return !AllowWheel(Shown, ControlOf(turn.hwnd));  // another program's window may not respond
 }
 
 }  // namespace corvane

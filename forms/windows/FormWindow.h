@@ -1,5 +1,5 @@
-// One window on the screen for one form. It shows the form's controls and menu, keeps the real
-// focus where the form has it, and turns what a person does into gestures.
+// The window that shows a form: its controls and menu. Keeps the native focus where the form has
+// it, and turns user input into gestures.
 #pragma once
 
 #include <windows.h>
@@ -40,7 +40,7 @@ class FormWindow : public FormView {
   void OnMenuDrop(HMENU menu, WORD entry);
   [[nodiscard]] LRESULT OnQueryEndSession();
 
-  /// Looks at a message ahead of the widget that it is for. True: the widget gets nothing of it.
+  /// Sees a message before the widget it is for. Returns true to withhold it from the widget.
   bool PreTranslate(MSG& message);
   bool RefusesPress(const MSG& press);
   bool TakesKey(const MSG& key);
@@ -49,9 +49,9 @@ class FormWindow : public FormView {
 
   HWND Owner;
   HWND Window = nullptr;
-  int Dpi = 0;  // that the layout is made for
+  int Dpi = 0;  // of the current layout
   std::vector<ControlWidget> Widgets;
-  std::vector<MenuItem*> Commands;  // the number of a command is its item's place, from 1 on
+  std::vector<MenuItem*> Commands;  // a command's number is its index here plus 1
   bool Running = true;
 };
 

@@ -17,10 +17,10 @@
 namespace corvane {
 namespace {
 
-// The box lays itself out for a new resolution; the system would scale it once more.
+// The box does its own layout for a new resolution; the system would scale it again.
 void DisableDialogScaling(HWND box) {
   using Setter = BOOL(WINAPI*)(HWND, int, int);  // Windows 10 and later
-  constexpr int All = 7;                         // DDC_DISABLE_ALL and what it covers
+  constexpr int All = 7;                         // DDC_DISABLE_ALL and the flags it covers
   const auto set = SystemFunction<Setter>(L"user32", "SetDialogDpiChangeBehavior");
   if (set) set(box, All, All);
 }
@@ -28,7 +28,7 @@ void DisableDialogScaling(HWND box) {
 LONG WidthOf(const RECT& place) { return place.right - place.left; }
 LONG HeightOf(const RECT& place) { return place.bottom - place.top; }
 
-// One box for all messages. The system's own cannot scroll, and its questions ignore Esc.
+// One box for all messages: the system's cannot scroll, and its questions ignore Esc.
 class MessageWindow {
  public:
   MessageWindow(std::wstring text, std::span<const MessageButton> choices)
@@ -55,13 +55,13 @@ class MessageWindow {
   void PlaceWindow(SIZE client);
   [[nodiscard]] int TitleWidth(int dpi) const;
 
-  // Dialog units follow the font: a quarter of a letter's width, an eighth of its height.
+  // Dialog units depend on the font: 1/4 of the average letter width, 1/8 of the height.
   [[nodiscard]] int Across(int units) const { return MulDiv(units, Letter.tmAveCharWidth, 4); }
   [[nodiscard]] int Down(int units) const { return MulDiv(units, Letter.tmHeight, 8); }
 
   static constexpr int Margin = 7, Gap = 4, ButtonWidth = 50, ButtonHeight = 14;
-  static constexpr int MaxTextWidth = 400;               // about 100 letters
-  static constexpr int TextId = 100, FirstButton = 101;  // apart from IDCANCEL, a closing
+  static constexpr int MaxTextWidth = 400;               // dialog units; about 100 letters
+  static constexpr int TextId = 100, FirstButton = 101;  // must differ from IDCANCEL, which closes
 
   const std::wstring Text;
   const std::span<const MessageButton> Choices;  // the first one is the default
@@ -74,7 +74,7 @@ class MessageWindow {
 MessageAnswer MessageWindow::Run(HWND owner) {
   struct {
     DLGTEMPLATE Window;
-    WORD Menu, Class, Title;  // none, the usual one, none
+    WORD Menu, Class, Title;  // none, default, none
   } form{};
   form.Window.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
   const INT_PTR pressed = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &form.Window, owner,
@@ -90,7 +90,7 @@ INT_PTR CALLBACK MessageWindow::DialogProc(HWND box, UINT message, WPARAM first,
     auto* self = reinterpret_cast<MessageWindow*>(second);
     self->Box = box;
     self->OnOpen();
-    return FALSE;  // the focus is set
+    return FALSE;  // the focus is already set
   }
   auto* self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(box, DWLP_USER));
   return self ? self->OnMessage(message, first, second) : FALSE;
@@ -147,12 +147,12 @@ LRESULT CALLBACK MessageWindow::ChildProc(HWND child, UINT message, WPARAM first
   const auto* box = reinterpret_cast<const MessageWindow*>(self);
   if (message == WM_KEYDOWN && box->OnKey(child, first)) return 0;
   const LRESULT result = DefSubclassProc(child, message, first, second);
-  // Its Tab, Esc, Enter and letters are the box's, as on the buttons.
+  // The box handles the text's Tab, Esc, Enter and letters.
   if (message == WM_GETDLGCODE && child == box->View) return DLGC_WANTARROWS;
   return result;
 }
 
-// True: the key has done its work.
+// Returns true if the key was handled.
 bool MessageWindow::OnKey(HWND child, WPARAM key) const {
   if (GetKeyState(VK_CONTROL) < 0 && (key == 'C' || key == VK_INSERT)) {
     CopyText();
@@ -167,7 +167,7 @@ bool MessageWindow::OnKey(HWND child, WPARAM key) const {
   return true;
 }
 
-// What is selected, or else all of it.
+// Copies the selection, or the entire text if there is none.
 void MessageWindow::CopyText() const {
   DWORD start = 0, end = 0;
   SendMessageW(View, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
@@ -196,10 +196,10 @@ int MessageWindow::TitleWidth(int dpi) const {
   return width;
 }
 
-// Makes the view anew, as large as the text needs; what would not fit the room scrolls.
+// Recreates the view at the size of the text; it scrolls if the text exceeds the room.
 SIZE MessageWindow::PlaceText(SIZE room) {
   const int maxWidth = std::min<int>(room.cx, Across(MaxTextWidth));
-  const int edge = Across(2);  // the view keeps some of its width free
+  const int edge = Across(2);  // the view keeps part of its width free
   const auto show = [&](DWORD style, int width) {
     View = MakeChild(WC_EDITW, nullptr, style | ES_MULTILINE | ES_READONLY, TextId);
     SendMessageW(View, WM_SETFONT, reinterpret_cast<WPARAM>(Font), FALSE);
@@ -239,7 +239,7 @@ void MessageWindow::ApplyLayout(int dpi) {
   MakeFont(dpi);
   const RECT screen = WorkArea(Box);
   const SIZE frame{2 * Across(Margin), Down(3 * Margin + ButtonHeight)};
-  const int titleBar = Down(2 * ButtonHeight);  // and the window's edges, generously
+  const int titleBar = Down(2 * ButtonHeight);  // including the window's edges, generously
   const SIZE text =
       PlaceText({WidthOf(screen) - 2 * frame.cx, HeightOf(screen) - frame.cy - titleBar});
   const auto count = static_cast<int>(Buttons.size());

@@ -12,8 +12,8 @@
 namespace corvane {
 namespace {
 
-// Libraries come from the system's folder alone. A file dialog loads some by plain name, and the
-// program's own folder, often that of downloads, would be searched first.
+// Loads libraries only from the system's folder. A file dialog loads some by plain name, and the
+// program's folder, often the downloads folder, would be searched first.
 void SearchSystemFolderOnly() {
   constexpr DWORD SystemFolder = 0x800;         // LOAD_LIBRARY_SEARCH_SYSTEM32
   constexpr DWORD FoldersOfExtensions = 0x400;  // LOAD_LIBRARY_SEARCH_USER_DIRS
@@ -26,7 +26,7 @@ void SearchSystemFolderOnly() {
 
 int RunProgram(int /*argc*/, char** /*argv*/, Form& form) {
   SearchSystemFolderOnly();
-  InitCommonControls();  // in the look that the manifest asks for
+  InitCommonControls();  // with the look that the manifest requests
   static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
   TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });
   TheDisplay.ShowMessage = [](const std::string& text, MessageButtons buttons) {

@@ -1,11 +1,11 @@
-// Functions of the system that versions of it lack which the program still starts on.
+// System functions that some supported versions of Windows lack.
 #pragma once
 
 #include <windows.h>
 
 namespace corvane {
 
-/// A function by its name in a library that is loaded, or nullptr.
+/// A function by name in a loaded library, or nullptr.
 template <class Function>
 [[nodiscard]] Function SystemFunction(const wchar_t* library, const char* name) {
   const FARPROC found = GetProcAddress(GetModuleHandleW(library), name);

@@ -19,7 +19,7 @@ std::wstring TextOf(HWND edit) {
   return text;
 }
 
-// The text of a box as its widget has it, or so many of its characters.
+// The text of a box in the widget's form, or its first `max` characters.
 std::wstring ShownBy(const TextBox& box, int max = INT_MAX) {
   return TextToWide(ShownText(box, "\r\n", max));
 }
@@ -47,7 +47,7 @@ void MirrorText(HWND edit, TextBox& box) {
   if (differs) Send(edit, EM_SCROLLCARET);
 }
 
-// An edit that leads to this text and has the caret behind that much of it.
+// Reports the edit that gives this text with the caret at this position.
 void ReportText(TextBox& box, const std::wstring& text, std::size_t caret) {
   const std::string before = WideToText(text.substr(0, caret));
   EditText(box, FindEdit(box, WideToText(text), before));
@@ -71,8 +71,8 @@ std::wstring ClipboardText(HWND owner) {
   return text;
 }
 
-// The system's own paste drops all lines but the first in a box of one line, so a wrong text could
-// pass for a number.
+// The system's paste truncates at the first line break in a one-line box, so that a wrong text
+// could pass for a number.
 void Paste(HWND edit, TextBox& box) {
   const std::wstring pasted = ClipboardText(edit);
   if (pasted.empty()) return;
@@ -129,10 +129,10 @@ void Do(HWND edit, TextBox& box, Command command) {
   }
 }
 
-// In place of the system's, whose Undo knows nothing of the form's.
+// Replaces the system's menu, whose Undo bypasses the form's history.
 void ShowContextMenu(HWND edit, TextBox& box, LPARAM pressed) {
   POINT at{GET_X_LPARAM(pressed), GET_Y_LPARAM(pressed)};
-  if (pressed == -1) {  // by a key
+  if (pressed == -1) {  // opened by a key
     GetCaretPos(&at);
     ClientToScreen(edit, &at);
   }
@@ -177,7 +177,7 @@ ControlWidget MakeTextBoxWidget(TextBox& box, HWND parent) {
   const DWORD style = box.MultiLine ? ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL : ES_AUTOHSCROLL;
   const HWND edit = MakeWidget(box, parent, WC_EDITW, style | WS_TABSTOP, WS_EX_CLIENTEDGE);
   SetWindowSubclass(edit, EditProc, 0, reinterpret_cast<DWORD_PTR>(&box));
-  Send(edit, EM_SETLIMITTEXT);  // none: the typed limit is the form's
+  Send(edit, EM_SETLIMITTEXT);  // no limit: the form limits typing
   ControlWidget made = {.Shown = &box,
                         .Widget = edit,
                         .Mirror = [&box, edit] { MirrorText(edit, box); },

@@ -1,5 +1,5 @@
-// The widget of a text box. What is typed, pasted or undone there goes to the form, which alone
-// decides what the text then is; the widget's own undo is out of use.
+// The widget of a text box. Typing, pasting and undo go to the form, which alone decides the
+// resulting text; the widget's own undo is disabled.
 #pragma once
 
 #include "ControlWidgets.h"

@@ -1,4 +1,4 @@
-// What the widgets of all kinds of controls have in common.
+// Operations common to all kinds of widgets.
 #pragma once
 
 #include <windows.h>
@@ -9,14 +9,14 @@ namespace corvane {
 
 LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = nullptr);
 
-/// A child of a window, still without a place, a font or a state.
+/// A child of a window, without place, font or state.
 [[nodiscard]] HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
                               DWORD extended = 0);
 
 [[nodiscard]] SIZE SizeOf(HWND widget);
 [[nodiscard]] RECT PlaceInParent(HWND widget);
 
-/// The upper left corner of a window that is to stand on the screen that another one is on.
+/// The upper left corner that keeps a window on the screen that shows another one.
 [[nodiscard]] POINT OnScreenOf(HWND other, const RECT& window);
 
 [[nodiscard]] HFONT FontOf(HWND widget);
