@@ -18,6 +18,8 @@ class FileErrors : public std::error_category {
         return "another program has removed it";
       case FileError::NotAFileName:
         return "this cannot be the name of a file in that folder";
+      case FileError::NotOrdinary:
+        return "it is not an ordinary file";
     }
     return "unknown error";
   }

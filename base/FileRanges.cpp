@@ -11,6 +11,11 @@
 namespace corvane {
 namespace {
 
+std::error_code CheckOrdinary(const FileStatus& found) {
+  if (found.Type == FileType::Folder) return std::make_error_code(std::errc::is_a_directory);
+  return found.Type == FileType::Ordinary ? std::error_code() : FileError::NotOrdinary;
+}
+
 /// One save. From the first changed byte to the end of the undo nothing is allocated, so that the
 /// undo cannot fail for want of memory.
 class Save {
@@ -84,8 +89,7 @@ std::error_code Save::Create(std::error_code missing) {
 std::error_code Save::LookAtFile() {
   FileStatus found;
   if (std::error_code error = File.Status(found)) return error;
-  if (found.Type == FileType::Folder) return std::make_error_code(std::errc::is_a_directory);
-  if (found.Type != FileType::Ordinary) return std::make_error_code(std::errc::invalid_argument);
+  if (std::error_code error = CheckOrdinary(found)) return error;
   Old = found;
   return {};
 }
@@ -232,6 +236,9 @@ FileState Save::Compare() {
 
 std::error_code Read(RawFile& file, const std::string& path, std::span<const ReadRange> ranges) {
   if (std::error_code error = file.Open(path, OpenMode::Read)) return error;
+  FileStatus found;
+  if (std::error_code error = file.Status(found)) return error;
+  if (std::error_code error = CheckOrdinary(found)) return error;
   for (const ReadRange& range : ranges) {
     std::size_t read = 0;
     if (std::error_code error = file.ReadAt(range.Offset, range.Bytes, read)) return error;

@@ -8,11 +8,12 @@
 namespace corvane {
 namespace {
 
-constexpr int EndSignals[] = {SIGTERM, SIGINT, SIGHUP};
+constexpr int EndSignals[] = {SIGTERM, SIGINT, SIGHUP, SIGQUIT};
 constexpr std::size_t EndSignalCount = std::size(EndSignals);
 
 volatile std::sig_atomic_t Arrived[EndSignalCount];
 struct sigaction OldActions[EndSignalCount];
+struct sigaction OldFileSizeAction;
 int Guards = 0;
 
 void Keep(int signal) {
@@ -36,17 +37,26 @@ void LetGo(std::size_t i) {
   if (Arrived[i] != 0) ::raise(EndSignals[i]);
 }
 
+void HoldBackFileSizeSignal() {
+  struct sigaction ignore {};
+  ignore.sa_handler = SIG_IGN;
+  ::sigemptyset(&ignore.sa_mask);
+  ::sigaction(SIGXFSZ, &ignore, &OldFileSizeAction);
+}
+
 }  // namespace
 
 void IgnoreFileSizeSignal() { static_cast<void>(std::signal(SIGXFSZ, SIG_IGN)); }
 
 EndSignalGuard::EndSignalGuard() {
   if (Guards++ > 0) return;
+  HoldBackFileSizeSignal();
   for (std::size_t i = 0; i < EndSignalCount; ++i) HoldBack(i);
 }
 
 EndSignalGuard::~EndSignalGuard() {
   if (--Guards > 0) return;
+  ::sigaction(SIGXFSZ, &OldFileSizeAction, nullptr);
   for (std::size_t i = 0; i < EndSignalCount; ++i) LetGo(i);
 }
 

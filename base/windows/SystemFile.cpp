@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/Failure.h"
 #include "base/WideText.h"
 
 namespace corvane {
@@ -107,7 +108,7 @@ std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& 
   // A read from a device could block. None is created, so nothing stays behind.
   if (::GetFileType(opened) != FILE_TYPE_DISK) {
     ::CloseHandle(opened);
-    return std::make_error_code(std::errc::invalid_argument);
+    return FileError::NotOrdinary;
   }
   handle = reinterpret_cast<SystemHandle>(opened);
   return {};

@@ -70,7 +70,7 @@ TEST(MapRows, HoldANumberAndAFileName) {
 
 TEST_F(MapCatalogue, ReportsTheFilesThatItCannotRead) {
   for (const char* name : {"a.btd", "b.btd"}) PutMap(name, 0);
-  FailFrom(3);  // the steps of one file
+  FailFrom(4);  // the steps of one file
   const CatalogueReport report = LoadMapCatalogue();
   ASSERT_EQ(MapRows.size(), 1U);
   ASSERT_EQ(report.Failures.size(), 1U);

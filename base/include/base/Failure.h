@@ -41,6 +41,7 @@ enum class FileError {
   Replaced,              // another file has taken the place of the open one
   Removed,               // no file stands in the place of the open one
   NotAFileName,          // a name that leads out of its folder or means a device
+  NotOrdinary,           // a pipe, a socket or a device
 };
 [[nodiscard]] std::error_code make_error_code(FileError error);
 

@@ -1,5 +1,6 @@
 // What only systems with pipes, links, letter case and Wine prefixes have.
 #include <pwd.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "TestFolder.h"
@@ -49,17 +50,34 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
     std::byte byte{};
     const ReadRange range{0, {&byte, 1}};
     EXPECT_FALSE(ReadRanges(folder / name, {&range, 1}).Done()) << name;
+    EXPECT_FALSE(ReadRanges(folder / name, {}).Done()) << name << ", of which nothing is wanted";
     const WriteRange write{0, {&byte, 1}};
     for (const auto missing : {IfMissing::Fail, IfMissing::Create})
       EXPECT_TRUE(Told(SaveInPlace(folder / name, {&write, 1}, missing)).ends_with(" unchanged."))
           << name;
   }
+  EXPECT_NE(Told(ReadRanges(folder / "pipe.btd", {})).find("it is not an ordinary file"),
+            std::string::npos);
   const auto running = SaveInPlace("/proc/self/exe", {}, IfMissing::Fail);
   EXPECT_NE(Told(running).find("while it runs). The file is unchanged."), std::string::npos);
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(folder.Path.string(), ".btd", 9, names));
   EXPECT_EQ(names, std::vector<std::string>{".map-link.btd"});
   EXPECT_EQ(openFiles(), openBefore);
+}
+
+TEST(PosixFiles, ALimitOnTheirSizeFailsASaveAndDoesNotEndTheProgram) {
+  const TestFolder folder;
+  folder.Put("f", "old bytes");
+  const WriteRange range{0, std::as_bytes(std::span("new bytes"))};
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  const rlimit limit{4, before.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+  const auto saved = SaveInPlace(folder / "f", {&range, 1}, IfMissing::Fail);
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+  EXPECT_TRUE(Told(saved).ends_with("The file is unchanged.")) << Told(saved);
+  EXPECT_EQ(folder.Get("f"), "old bytes");
 }
 
 // A home folder with a prefix whose game stands in C:\SSI\CC4.
