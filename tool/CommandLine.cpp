@@ -144,6 +144,8 @@ void AddFiles(CLI::App& app, Call& call) {
   AddGame(app, call.Game);
 }
 
+bool IsEmpty(const std::string& word) { return word.empty(); }
+
 int Misuse(const std::string& reason, const Console& console) {
   ComplainOf(console, reason);
   ComplainOf(console, "Try corvane-tool --help.");
@@ -183,6 +185,8 @@ int RunTool(const std::vector<std::string>& arguments, const Console& console) {
   AddDraw(app, call);
   AddFiles(app, call);
   app.footer("corvane-tool VERB --help tells more of a verb, with examples.");
+  if (std::ranges::any_of(arguments, IsEmpty))
+    return Misuse("an argument is empty; is a variable of the shell not set?", console);
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForVersion& version) {

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <optional>
 #include <span>
 
@@ -101,14 +102,23 @@ int Write(const Source& from, const Target& to, const std::optional<Source>& old
   return saved.Error().Reason == FileError::ChangedByAnother ? StatusNegative : StatusFailed;
 }
 
+// True of a folder, a pipe or a link that leads nowhere, too.
+bool AnythingStandsAt(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path name(std::u8string(path.begin(), path.end()));
+  const auto type = std::filesystem::symlink_status(name, error).type();
+  return type != std::filesystem::file_type::not_found;
+}
+
 // What stands in the target, as far as a copy replaces it. JSON files that are no document count as
 // empty, so that they can be replaced, too.
 Result<std::optional<Source>, std::string> ReadTarget(const Target& to) {
   using Read = Result<std::optional<Source>, std::string>;
-  if (!to.Exists && to.Kind != SourceKind::GameExe) return Read(std::nullopt);
+  const bool absent = !to.Exists && !AnythingStandsAt(to.Path);
+  if (absent && to.Kind != SourceKind::GameExe) return Read(std::nullopt);
   auto source = ReadSource(to.Path, {}, MapsWanted::No);
   if (source.Done()) return Read(std::move(*source));
-  if (to.Kind == SourceKind::Json) return Read(std::nullopt);
+  if (to.Kind == SourceKind::Json && to.Exists) return Read(std::nullopt);
   return source.Error();
 }
 

@@ -110,6 +110,9 @@ std::string PointerPart(std::string_view key) {
 
 Result<Json, std::string> ParseTree(std::string_view text) {
   TreeBuilder builder(text);
+  // The parser takes a NUL for the end of the text, and would not look at what follows it.
+  if (const std::size_t nul = text.find('\0'); nul != text.npos)
+    return "/: not JSON at " + LineAndColumn(text, nul + 1);
   if (Json::sax_parse(text, &builder)) return std::move(builder.Root);
   return builder.Fault;
 }

@@ -6,6 +6,7 @@
 
 #include "Paths.h"
 #include "base/FileRanges.h"
+#include "base/FolderScan.h"
 #include "base/LetterCase.h"
 #include "base/RawFile.h"
 #include "data/GameFolder.h"
@@ -84,8 +85,11 @@ std::string ReadContents(Source& source) {
 
 // The folder of the maps that go with a source.
 std::optional<std::string> GameFolderOf(const Source& source, const std::string& game) {
-  if (!game.empty()) return game;
-  return source.Kind == SourceKind::GameExe ? FolderOf(source.Path) : ReadInstallPath();
+  if (game.empty() && source.Kind != SourceKind::GameExe) return ReadInstallPath();
+  std::string folder = game.empty() ? FolderOf(source.Path) : game;
+  // Paths below it are built with a separator and stand in messages.
+  if (folder.size() > 1 && (folder.back() == Separator || folder.back() == '/')) folder.pop_back();
+  return folder;
 }
 
 // Reads a whole map file for the catalogue, which needs its head.
@@ -110,6 +114,11 @@ std::vector<MapFile> ReadMaps(Source& source, const std::string& folder) {
       source.Faults.push_back(FailureMessage(failure));
   }
   return files;
+}
+
+std::string WhyNoMaps(const Source& source) {
+  if (!source.Faults.empty()) return source.Faults.front();
+  return "No map files were found in the folder " + source.MapsFolder + ".";
 }
 
 }  // namespace
@@ -155,7 +164,7 @@ Result<Source, std::string> ReadSource(const std::string& path, const std::strin
     if (folder) files = ReadMaps(source, *folder);
     if (maps == MapsWanted::Yes && !folder) return std::string(NoGame);
     if (maps == MapsWanted::Yes && !source.HasMaps)
-      return "No map files were found in the folder " + source.MapsFolder + ".";
+      return WhyNoMaps(source);
   }
   source.Tables = CaptureLayer(std::move(files));
   return source;

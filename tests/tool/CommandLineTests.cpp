@@ -20,6 +20,8 @@ TEST_F(CommandLine, RefusesWrongUsage) {
       {"/CC4.EXE", "/no.crv"},
       {"/CC4.EXE", "/folder.crv"},
       {"check", "diff", "/CC4.EXE", "/CC4.EXE"},
+      {"show", ""},
+      {"check", "--game", "", "/CC4.EXE"},
   };
   Folder.Put("folder.crv/file");
   for (const auto& words : rows) {
@@ -63,6 +65,8 @@ TEST_F(CommandLine, NeverSendsANameRaw) {
       << Errors;
   EXPECT_EQ(Run({"--\x1B"}), 2);
   EXPECT_EQ(Errors.find('\x1B'), Errors.npos);
+  EXPECT_EQ(Run({"show", "x\ncorvane-tool: all is well.crv"}), 2);
+  EXPECT_EQ(std::ranges::count(Errors, '\n'), 1) << Errors;
 }
 
 struct CheckVerb : ToolRun {};
@@ -116,6 +120,14 @@ TEST_F(CheckVerb, FailsWithoutTheMaps) {
   std::filesystem::remove_all(Folder / "Maps");
   EXPECT_EQ(Run({"check", "/CC4.EXE"}), 2);
   EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
+}
+
+TEST_F(CheckVerb, TellsWhyTheMapsCannotBeListed) {
+  std::filesystem::remove_all(Folder / "Maps");
+  Folder.Put("Maps", "a file in place of the folder");
+  EXPECT_EQ(Run({"check", "/CC4.EXE"}), 2);
+  EXPECT_TRUE(Plain(Errors).starts_with("corvane-tool: /Maps could not be listed completely: "))
+      << Errors;
 }
 
 TEST_F(CheckVerb, CountsMoreFilesThanMapSlots) {

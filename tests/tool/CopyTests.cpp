@@ -144,6 +144,16 @@ TEST_F(CopyVerb, RefusesWhatDoesNotGoTogether) {
   EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
 }
 
+TEST_F(CopyVerb, TakesNoFolderForANewFileOrForOneThatItCanReplace) {
+  for (const char* name : {"/folder.crv", "/folder.json"}) {
+    std::filesystem::create_directory(Folder / (name + 1));
+    EXPECT_EQ(Run({"copy", "--dry-run", "--unchecked", "--force", "/p.crv", name}), 2) << name;
+    EXPECT_EQ(Out, "") << name;
+    EXPECT_TRUE(Plain(Errors).starts_with("corvane-tool: " + std::string(name) + " could not be "))
+        << Errors;
+  }
+}
+
 TEST_F(CopyVerb, TellsTheStateOfAFileThatCouldNotBeSaved) {
   std::filesystem::remove(Folder / "CC4.EXE");
   EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/CC4.EXE"}), 2);

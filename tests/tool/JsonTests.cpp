@@ -236,6 +236,7 @@ TEST(Json, RefusesWhatASchemaCannotTell) {
       {start + "\"StrMap\": [1, 2, }", "/StrMap/2: not JSON at line 1, column 47"},
       {start + "\"Format\": 1}", "/Format: the key stands there twice"},
       {"[]", "/: must be an object"},
+      {std::string(SampleTables) + '\0' + "{", "/: not JSON at line 270, column 1"},
       {"\"\xFF\"", "/: not JSON at line 1, column 2"},
       {deep, "/0/0/0/0/0/0/0/0: nested too deeply"},
       {"{\"" + std::string(MaxJsonSize, ' ') + "\": 1}", "/: longer than 1048576 bytes"},

@@ -17,7 +17,8 @@ constexpr int StatusDone = 0;
 constexpr int StatusNegative = 1;  // findings, differences, a copy that was refused
 constexpr int StatusFailed = 2;    // wrong usage, or something that could not be done
 
-/// Complains in lines that begin with the program's name, made fit for a terminal.
+/// Complains in one line that begins with the program's name, made fit for a terminal. A line end
+/// in the reason is spelled out, so that the name of a file cannot pass for a message.
 void ComplainOf(const Console& console, std::string_view reason);
 
 /// Complains, and gives back StatusFailed.
