@@ -2,17 +2,19 @@
 
 #include <filesystem>
 #include <random>
+#include <span>
 #include <vector>
 
 #include "Browser.h"
 #include "Paths.h"
+#include "base/FileRanges.h"
 #include "base/FolderScan.h"
 #include "base/LetterCase.h"
 #include "base/RawFile.h"
+#include "base/Signals.h"
 #include "tool/Picture.h"
 #include "tool/Sources.h"
 #include "tool/Warnings.h"
-#include "tool/WholeFile.h"
 
 namespace corvane {
 namespace {
@@ -35,12 +37,47 @@ Form FormOf(const std::string& path) {
   return title.ends_with(".HTML") || title.ends_with(".HTM") ? Form::Page : Form::Neither;
 }
 
+std::string TextOf(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+// The file that a link leads to, so that the link stays.
+std::filesystem::path BehindLinks(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path file = std::filesystem::canonical(SystemPath(path), error);
+  return error ? SystemPath(path) : file;
+}
+
+// A name that no other file has, not even that of another program that draws the same picture.
+std::string FreshName(const std::filesystem::path& file) {
+  std::random_device random;
+  std::filesystem::path fresh;
+  std::error_code error;
+  do {
+    fresh = file.parent_path() / ("corvane-new-" + std::to_string(random()));
+  } while (std::filesystem::exists(std::filesystem::symlink_status(fresh, error)));
+  return TextOf(fresh);
+}
+
+// What the user has to know of a fresh file that could not be written: how the picture is now.
+Failure NotPublished(const std::string& path, const Failure& fresh) {
+  if (fresh.State == FileState::NotRemoved || fresh.State == FileState::Unknown) return fresh;
+  const bool stands = OrdinaryFileExists(path);
+  return {FileAction::Save, path, fresh.Reason,
+          stands ? FileState::Unchanged : FileState::NotCreated};
+}
+
 // In one step, so that a browser never reads half a page.
 std::string Publish(const std::string& path, std::string_view text) {
-  const std::string fresh = path + ".corvane-new";
-  if (std::string failure = WriteWhole(fresh, text); !failure.empty()) return failure;
+  const EndSignalGuard guard;  // or the fresh file would stay behind
+  const std::filesystem::path file = BehindLinks(path);
+  const std::string fresh = FreshName(file);
+  const WriteRange whole{0, std::as_bytes(std::span(text))};
+  const Result<> saved = SaveInPlace(fresh, {&whole, 1}, IfMissing::Create);
+  if (!saved.Done()) return FailureMessage(NotPublished(path, saved.Error()));
   std::error_code error;
-  std::filesystem::rename(SystemPath(fresh), SystemPath(path), error);
+  std::filesystem::rename(SystemPath(fresh), file, error);
   if (!error) return {};
   static_cast<void>(RemoveFile(fresh));  // what failed first is what the user has to know
   return FailureMessage({FileAction::Save, path, error});
@@ -133,8 +170,7 @@ std::string NewTemporaryFolder(std::error_code& error) {
   do {
     folder = temporary / ("corvane-" + std::to_string(random()));
   } while (!std::filesystem::create_directory(folder, error) && !error);
-  const std::u8string text = folder.u8string();
-  return {text.begin(), text.end()};
+  return TextOf(folder);
 }
 
 }  // namespace
@@ -147,17 +183,25 @@ int Draw(const DrawOptions& options, const Console& console) {
 int WatchAndDraw(const DrawOptions& options, const Console& console,
                  const std::function<bool()>& pause) {
   if (FormOf(options.Out) == Form::Neither) return RefuseOut(options, console);
+  constexpr int PausesAfterFailure = 10;
   std::vector<std::string> folders;
-  std::string drawn;
+  std::string drawn, complaints, told;
+  const Console collecting{console.Print, [&](std::string_view text) { complaints += text; }};
   int status = StatusDone;
+  int pausesLeft = 0;
   do {
     // Ahead of the drawing: what changes while it is drawn is drawn again.
     const std::string stamp = StampOf(options, folders);
-    if (stamp == drawn) continue;
-    const Drawing drawing = DrawOnce(options, Reload::Steadily, console);
+    // What failed may succeed although no file changes: a disk is full no more.
+    if (stamp == drawn && (status == StatusDone || --pausesLeft > 0)) continue;
+    complaints.clear();
+    const Drawing drawing = DrawOnce(options, Reload::Steadily, collecting);
     if (!drawing.Folders.empty()) folders = drawing.Folders;
     status = drawing.Status;
+    pausesLeft = PausesAfterFailure;
     drawn = stamp;
+    if (complaints != told && !complaints.empty()) console.Complain(complaints);
+    told = complaints;
   } while (pause());
   return status;
 }

@@ -163,8 +163,7 @@ Result<Source, std::string> ReadSource(const std::string& path, const std::strin
     const std::optional<std::string> folder = GameFolderOf(source, game);
     if (folder) files = ReadMaps(source, *folder);
     if (maps == MapsWanted::Yes && !folder) return std::string(NoGame);
-    if (maps == MapsWanted::Yes && !source.HasMaps)
-      return WhyNoMaps(source);
+    if (maps == MapsWanted::Yes && !source.HasMaps) return WhyNoMaps(source);
   }
   source.Tables = CaptureLayer(std::move(files));
   return source;

@@ -55,10 +55,28 @@ TEST_F(DrawFiles, LeavesTheOldPictureWhenItFails) {
   options.Against = Path("none.crv");
   EXPECT_EQ(Draw(options, TheConsole), StatusFailed);
   EXPECT_EQ(Folder.Get("a.svg"), "old");
-  Folder.Put("folder.svg/file");
-  EXPECT_EQ(Draw(To("folder.svg"), TheConsole), StatusFailed);
-  EXPECT_FALSE(std::filesystem::exists(Path("folder.svg.corvane-new")));
+  Folder.Put("out/folder.svg/file");
+  EXPECT_EQ(Draw(To("out/folder.svg"), TheConsole), StatusFailed);
+  const std::filesystem::directory_iterator left(Path("out"));
+  EXPECT_EQ(std::distance(left, {}), 1) << "something beside the folder";
   EXPECT_EQ(std::ranges::count(Complaints, '\n'), 4);
+}
+
+TEST_F(DrawFiles, NamesThePictureThatCouldNotBeWritten) {
+  EXPECT_EQ(Draw(To("none/a.svg"), TheConsole), StatusFailed);
+  EXPECT_TRUE(Complaints.starts_with("corvane-tool: " + Path("none/a.svg") + " could not be saved"))
+      << Complaints;
+  EXPECT_TRUE(Complaints.ends_with("The file does not exist and was not created.\n")) << Complaints;
+}
+
+TEST_F(DrawFiles, ReplacesTheFileBehindALink) {
+  Folder.Put("real.svg", "old");
+  std::error_code refused;
+  std::filesystem::create_symlink("real.svg", Path("link.svg"), refused);
+  if (refused) GTEST_SKIP() << "no links here: " << refused.message();
+  EXPECT_EQ(Draw(To("link.svg"), TheConsole), StatusDone) << Complaints;
+  EXPECT_TRUE(std::filesystem::is_symlink(Path("link.svg")));
+  EXPECT_EQ(Xml(Folder.Get("real.svg")).Fault, "");
 }
 
 TEST_F(DrawFiles, ReplacesALongerPictureWhole) {
@@ -105,6 +123,17 @@ TEST_F(DrawFiles, WatchesTheTablesAndTheMapFiles) {
   };
   EXPECT_EQ(WatchAndDraw(To("a.html"), TheConsole, pause), StatusDone);
   EXPECT_EQ(Xml(Folder.Get("a.html")).Elements[0]["data-reload"], "1500");
+}
+
+TEST_F(DrawFiles, AWatchTriesAgainWhatFailedAndTellsItOnce) {
+  int step = 0;
+  const auto pause = [&] {
+    if (step == 25) std::filesystem::create_directory(Path("late"));
+    return step++ < 50;
+  };
+  EXPECT_EQ(WatchAndDraw(To("late/a.svg"), TheConsole, pause), StatusDone);
+  EXPECT_EQ(Xml(Folder.Get("late/a.svg")).Fault, "");
+  EXPECT_EQ(std::ranges::count(Complaints, '\n'), 1) << Complaints;
 }
 
 TEST_F(DrawFiles, AWatchDrawsOnlyWhatChangedAndOutlivesFailures) {
