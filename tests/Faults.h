@@ -1,5 +1,5 @@
-// Faults around every step on a file. Programs that link corvane_faulty_files have them in place of
-// the system's own steps.
+// Injects faults into file steps. Programs that link corvane_faulty_files use these steps instead
+// of the system's.
 #pragma once
 
 #include <functional>
@@ -10,11 +10,11 @@ namespace corvane {
 enum class FileStep { Open, Status, PathStatus, Read, Write, SetLength, Flush, Close, Remove };
 inline constexpr char FileStepLetters[] = "OSPRWLFCX";
 
-/// When a fault strikes: the step then has no effect, or all of it.
+/// When a fault strikes: before the step, which then has no effect, or after its full effect.
 enum class Moment { Before, After };
 
-/// Asked at both moments of every step. An error fails the step; a smaller `bytes` at the first
-/// moment makes a transfer a short one. A close gives the file up in any case.
+/// Called at both moments of every step. An error fails the step; a smaller `bytes` before a
+/// transfer makes it short. A close always releases the file.
 using FileFault = std::function<std::error_code(FileStep step, Moment moment, std::size_t& bytes)>;
 inline FileFault InjectedFault;
 

@@ -1,4 +1,4 @@
-// Puts the tables and what goes with them back to how the program starts.
+// Resets the tables and the related state to their values at program start.
 #pragma once
 
 #include "data/GameFolder.h"

@@ -1,5 +1,5 @@
-// A folder of a test's own, and around it a program as it starts. The folder and any injected fault
-// are gone when the test ends.
+// A temporary folder, and the program's state as at start-up. The folder and any injected fault are
+// removed when the test ends.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@
 #include "base/Result.h"
 #include "samples/SampleGame.h"
 
-/// What stands in a file; nothing if there is none.
+/// The content of a file; empty if it does not exist.
 inline std::string Bytes(const std::filesystem::path& path) {
   std::ostringstream bytes;
   bytes << std::ifstream(path, std::ios::binary).rdbuf();
@@ -28,7 +28,7 @@ struct TestFolder {
   }
   ~TestFolder() {
     corvane::InjectedFault = nullptr;
-    std::error_code left;  // which harms nobody
+    std::error_code left;  // a leftover folder is harmless
     std::filesystem::remove_all(Path, left);
   }
   std::string operator/(const std::string& name) const { return (Path / name).string(); }
@@ -41,12 +41,12 @@ struct TestFolder {
                                ("corvane-test-" + std::to_string(std::random_device()()));
 };
 
-/// What the user would be told; empty if nothing failed.
+/// The message that the user would see; empty on success.
 inline std::string Told(const auto& result) {
   return result.Done() ? std::string() : FailureMessage(result.Error());
 }
 
-/// Every step on a file from the one of this number on, counted from 0, fails.
+/// Every file step from this index on, counted from 0, fails.
 inline void FailFrom(int first) {
   using namespace corvane;
   InjectedFault = [step = 0, first](FileStep, Moment moment, std::size_t&) mutable {

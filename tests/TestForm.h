@@ -1,5 +1,5 @@
-// A window with a control of each kind, whose events leave a word each in its log. The gestures are
-// tested on it, and the displays, which have to bring the same gestures about.
+// A form with a control of each kind, which logs a word per event. Tests of the gestures and of the
+// displays share it, since both must raise the same events.
 #pragma once
 
 #include <string>
@@ -43,7 +43,7 @@ struct TestForm : Form {
       return false;
     };
   }
-  // The events since the last call.
+  // Returns the events since the last call.
   std::string Told() { return std::exchange(Log, ""); }
 
   // clang-format off

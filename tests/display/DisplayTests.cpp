@@ -9,8 +9,8 @@
 namespace corvane {
 namespace {
 
-// What is done (a key, a press at a control or more), the events that it raises, and where the
-// keyboard is then.
+// An action (a key, a press at a control, or a function), the events that it raises, and the
+// control focused afterwards.
 struct Step {
   std::variant<const char*, const Control*, std::function<void()>> Do;
   std::string Events, Focus;
@@ -39,7 +39,7 @@ struct Display : testing::Test {
   TestForm f;
 };
 
-// A field that refuses its text, and has said so once.
+// A field that has refused its text once.
 struct RefusedField : Display {
   void Play(const std::vector<Step>& steps) {
     f.txtNumber.SetText("x");
@@ -133,7 +133,7 @@ TEST_F(Display, ChoosesMenuItemsByMouseAndKeys) {
     PressMenu(f.mnuFile);
     EXPECT_FALSE(SeenEnabled(f.mnuSave));
     PressItem(f.mnuSave);
-    ClickEmptyArea();  // which closes the menu
+    ClickEmptyArea();  // closes the menu
   };
   const auto choose = [&] {
     PressMenu(f.mnuFile);
@@ -151,7 +151,7 @@ TEST_F(Display, ChoosesMenuItemsByMouseAndKeys) {
         {openByKeys, "file ", "lstRows"}});
 }
 
-const std::string Odd = "\x01\t\x0b\x0c \xC2\xA0\xC2\x81\xC3\xBF~";  // none may be lost
+const std::string Odd = "\x01\t\x0b\x0c \xC2\xA0\xC2\x81\xC3\xBF~";  // all must survive
 
 TEST_F(Display, CorrectsWhatIsTypedInSightOfTheUser) {
   PlayWhole(f, [&] {
@@ -201,7 +201,7 @@ TEST_F(Display, SparesTheRestOfSeveralLines) {
     PressKey("Ctrl+Return");
     EXPECT_EQ(f.txtLines.Text(), "0\r\n1\r2\n3\r\n" + Odd);
     EXPECT_EQ(Seen(f.txtLines), "0\n1\n2\n3\n" + Odd);
-    Type("AB");  // one more than the limit takes
+    Type("AB");  // one beyond the limit
     EXPECT_EQ(Seen(f.txtLines), "0\nA1\n2\n3\n" + Odd);
   });
 }
@@ -232,7 +232,7 @@ TEST_F(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
   });
 }
 
-// Every way from outside into a window that must not hear it.
+// Every input from outside, on a window that must ignore it.
 void Disturb(TestForm& f) {
   CloseFromOutside(f);
   ChooseFromOutside(f.mnuSave);
@@ -252,7 +252,7 @@ TEST_F(Display, HearsAnyoneOnlyInTheTopmostWindow) {
   f.cmdOK.Click = [&] { Tell("box"); };
   f.cmdCancel.Click = [&] { dialog.ShowModal(); };
   PlayWhole(f, [&] {
-    for (const char* key : {"Return", "Esc"}) {  // a box, then a dialog
+    for (const char* key : {"Return", "Esc"}) {  // first a box, then a dialog
       WhenNext([&, key] {
         Disturb(f);
         ++disturbed;
@@ -288,7 +288,7 @@ INSTANTIATE_TEST_SUITE_P(, Question,
                                          std::pair(std::string(2000, 'w'), "N")));
 
 TEST_P(Question, IsShownWholeOverTheStateOfItsMoment) {
-  const std::string& text = GetParam().first;  // clang++ 14 captures no structured binding
+  const std::string& text = GetParam().first;  // clang++ 14 cannot capture structured bindings
   const char* const key = GetParam().second;
   const bool yes = key == std::string("Return") || key == std::string("Y");
   TestForm f;

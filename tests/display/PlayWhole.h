@@ -1,4 +1,4 @@
-// Plays a script in a form's window, and fails the test that asked for it if no window came.
+// Plays a script in a form's window; fails the calling test if no window appears.
 #pragma once
 
 #include <gtest/gtest.h>

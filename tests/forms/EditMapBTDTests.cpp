@@ -6,7 +6,7 @@
 
 using namespace corvane;
 
-// A game whose map 4 has a file of which no two neighbouring bytes are alike.
+// A game whose map 4 has a file in which adjacent bytes always differ.
 static SampleGame OddBytes() {
   SampleGame game = MakeSampleGame();
   SampleMap& map = game.Maps[4];
@@ -34,7 +34,7 @@ struct EditMapBTD : testing::Test {
     session.Within<dlgEditBTD>(session.Main.cmdEditBTD, user);
   }
   static VictoryLocation& Edited(int vl) { return dlgEditBTD::VLTable[std::size_t(vl)]; }
-  // How the question spells Bytes.BTD: as it stands there, or as it was typed where the system is
+  // The spelling of Bytes.BTD in the question: as on disk, or as typed if the system is
   // case-insensitive.
   static std::string Spelled(const std::string& typed) {
     return Separator == '\\' ? typed + ".btd" : "Bytes.BTD";
@@ -66,9 +66,9 @@ TEST_F(EditMapBTD, OpensByADoubleClickOnTheMap) {
 TEST_F(EditMapBTD, AnUntouchedSaveChangesOnlyTheseBytes) {
   Edit([](dlgEditBTD& dialog) { PressKey(dialog, Key::Enter); });
   std::string wanted = Before;
-  wanted.replace(5 + 4, 4, 4, '\0');              // slot 0: a kind that has no row,
-  wanted[5 + 29] = '\0';                          // the destination of what is no exit
-  wanted.replace(325 + 6, 3, 3, '\0');            // behind the text of the base name
+  wanted.replace(5 + 4, 4, 4, '\0');              // slot 0: a kind without a row,
+  wanted[5 + 29] = '\0';                          // the destination of a non-exit
+  wanted.replace(325 + 6, 3, 3, '\0');            // after the end of the base name
   wanted.replace(4430 + 1000, 3096, 3096, '\0');  // and of the briefing
   EXPECT_TRUE(File() == wanted);
   EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf(Spelled("bytes")) + "?"});
@@ -113,7 +113,7 @@ TEST_F(EditMapBTD, SelectingASlotShowsIt) {
   EXPECT_TRUE(File() == Before);
 }
 
-// Of two slots not in use the second shows nothing new, so nothing is stored.
+// Of two adjacent unused slots, the second shows nothing new, so nothing is stored.
 TEST_F(EditMapBTD, SelectingASlotStoresWhatItShows) {
   Edit([](dlgEditBTD& dialog) {
     const int destinations[] = {0, 6, 0, 8, 254, 254, 99, 0, 0, 4};
@@ -143,7 +143,7 @@ TEST_F(EditMapBTD, TypeAndDestinationGoIntoTheSlot) {
       EXPECT_EQ(dialog.cboVLDest.Enabled(), row == 1) << row;
       EXPECT_EQ(Edited(6).Destination, 0) << row;
     }
-    EXPECT_EQ(dialog.cboVLDest.Text(), "254 OFF MAP");  // until selected anew
+    EXPECT_EQ(dialog.cboVLDest.Text(), "254 OFF MAP");  // until selected again
     PickRow(dialog.lstVLs, 7);
     PickRow(dialog.lstVLs, 6);
     EXPECT_EQ(dialog.cboVLDest.Text(), MapRow(0));
@@ -236,13 +236,13 @@ TEST_F(EditMapBTD, RecordsOutliveTheWindow) {
   });
 }
 
-// Another map's records must not be written over it.
+// Prevents overwriting the file with another map's records.
 TEST_F(EditMapBTD, AFileThatCannotBeReadIsToldAndNotEdited) {
   PickRow(session.Main.lstMaps, 4);
   FailFrom(1);
   session.InDialog = [](Form&) { ADD_FAILURE(); };
   Press(session.Main.cmdEditBTD);
-  const Texts told = session.Told();  // of this file, then of them all
+  const Texts told = session.Told();  // for this file, then for all
   ASSERT_EQ(told.size(), 2U);
   EXPECT_NE(told[0].find("could not be read"), std::string::npos);
 }
@@ -251,7 +251,7 @@ TEST_F(EditMapBTD, TheEndOfTheSessionAsksAboutEdits) {
   const std::string question = "Quit without saving the changes to the BTD file?";
   const std::vector<void (*)(dlgEditBTD&)> edits = {
       [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLName, "Ford"); },
-      [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLX, "7"); },  // still being typed
+      [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLX, "7"); },  // not yet committed
       [](dlgEditBTD& dialog) { Session::Type(dialog.txtVLY, "7"); },
       [](dlgEditBTD& dialog) { Session::Type(dialog.txtFileName, "new"); },
       [](dlgEditBTD& dialog) { Session::Type(dialog.txtAxisBrief, "new"); }};

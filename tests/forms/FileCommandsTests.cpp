@@ -76,8 +76,8 @@ TEST_F(FileCommands, OfferAPatchFileOnlyWhereTheGameHasAFolder) {
   EXPECT_TRUE(main.mnuFileSave.Enabled);
 }
 
-// Its menu had last been opened with a game open, and no one has to open it to choose the item: a
-// screen reader can do without.
+// The menu was last opened with a game open. A screen reader can choose an item without opening the
+// menu.
 TEST_F(FileCommands, WriteNoPatchFileAsAGame) {
   session.Folder.Put("p.crv", PatchBytes(MakeSampleGame().Tables));
   OpenMenu(main.mnuFile);
@@ -113,7 +113,7 @@ TEST_F(FileCommands, TakeAGameInSmallLetters) {
   EXPECT_FALSE(TablesDirty);
 }
 
-// The message of a first map without connections comes in the middle of the open.
+// If the first map has no connections, its message appears during the open.
 TEST_F(FileCommands, CountTheTablesAsSavedOnlyAtTheEndOfAnOpen) {
   GameTables tables = MakeSampleGame().Tables;
   for (int to = 0; to < MapSlotCount; ++to) tables.Connections(0, to) = NoConnection;
@@ -141,12 +141,12 @@ TEST_F(FileCommands, AskBeforeLeavingUnsavedTables) {
 TEST_F(FileCommands, LeaveEverythingWhenAnOpenFails) {
   PickRow(main.lstMaps, 7);
   const ConnectionTable before = MapConnections;
-  const bool installed = ReadInstallPath().has_value();  // which a patch file needs
+  const bool installed = ReadInstallPath().has_value();  // a patch file needs it
   const std::pair<const char*, std::string> rows[] = {
       {"x.crv.bak",
        "Error: The file you are trying to open doesn't appear to be CC4.EXE or a valid patch "
        "file."},
-      {"Maps/CC4.EXE", "Error: " + session.File("Maps")},  // gone between choosing and reading
+      {"Maps/CC4.EXE", "Error: " + session.File("Maps")},  // deleted after the choice
       {"x.crv", installed ? "Error: " + session.File("x.crv")
                           : "Error reading registry settings. You must have CC4 installed on the "
                             "machine to use this utility."}};
@@ -168,13 +168,14 @@ static std::string ChangedQuestion(const std::string& path) {
 
 struct LostUpdates : testing::Test {
   Session session;
-  // Another program changes a byte.
+  // Changes a byte, as another program would.
   void Change(const std::string& name, std::size_t at) const {
     std::string bytes = session.Folder.Get(name);
     bytes.at(at) = static_cast<char>(bytes.at(at) + 1);
     session.Folder.Put(name, bytes);
   }
-  // Saves and answers the last question with No; the questions asked, less the fixed first one.
+  // Saves, and answers the last question with No. Returns the questions without the fixed first
+  // one.
   Texts SaveExe() {
     session.Told();
     session.Menu(session.Main.mnuFileSave);
@@ -189,7 +190,7 @@ TEST_F(LostUpdates, AnUntouchedGameIsSavedWithoutAQuestionTimeAfterTime) {
     PickRow(session.Main.cboArrows, 7 + time);
     EXPECT_EQ(SaveExe(), Texts{});
   }
-  Change("CC4.EXE", 1147263);  // no byte of the tables
+  Change("CC4.EXE", 1147263);  // outside the tables
   EXPECT_EQ(SaveExe(), Texts{});
 }
 
@@ -220,7 +221,7 @@ TEST_F(LostUpdates, AGameCutShortIsLengthenedWithoutAWord) {
   EXPECT_EQ(session.Folder.Get("CC4.EXE").size(), 1201312U);
 }
 
-// The first range is written, and then nothing more, so that it cannot be put back.
+// Writes the first range, then fails every write and flush, so the change cannot be undone.
 static void FailBehindTheFirstWrite() {
   InjectedFault = [writes = 0](FileStep step, Moment moment, std::size_t&) mutable {
     if (moment == Moment::After) return std::error_code();

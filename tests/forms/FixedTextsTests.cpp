@@ -1,4 +1,4 @@
-// The long texts of the program, stated here a second time.
+// Checks the long texts of the program against a second copy.
 #include "Session.h"
 #include "rules/ConnectionEditing.h"
 

@@ -4,7 +4,7 @@
 
 using namespace corvane;
 
-// A sample game in which map 5 is connected to these maps, by these arrows, and to no other.
+// A sample game in which map 5 has exactly these connections, given as map and arrow.
 static SampleGame Connected(const std::map<int, int>& arrows) {
   SampleGame game = MakeSampleGame();
   for (int to = 0; to < MapSlotCount; ++to)
@@ -14,7 +14,7 @@ static SampleGame Connected(const std::map<int, int>& arrows) {
 
 static const Texts NoConnectionLeft{"Error: This map has no connection defined!"};
 
-// Map 5 has a connection by a true arrow, by numbers that are none, and to a map without a row.
+// Connects map 5 by a valid arrow, by numbers that are no arrows, and to a map without a row.
 struct OddConnections : testing::Test {
   OddConnections() { PickRow(main.lstMaps, 5); }
   static SampleGame Game() {
@@ -60,7 +60,7 @@ TEST_F(OddConnections, TakeTheArrowThatIsPicked) {
 
 struct Connections : testing::Test {
   Connections() { PickRow(main.lstMaps, 5); }
-  // Presses OK in Add Connection with each of these rows chosen, then leaves it.
+  // Presses OK in Add Connection for each of these rows, then closes it.
   void Add(const std::vector<int>& rows) {
     session.Within<dlgAddConnection>(main.cmdAddConnection, [&](dlgAddConnection& dialog) {
       for (const int row : rows) {
@@ -98,7 +98,7 @@ TEST_F(Connections, CannotBeDeletedOnceNoneIsLeft) {
   EXPECT_FALSE(main.cmdDeleteConnection.Enabled());
   EXPECT_TRUE(main.cmdAddConnection.Enabled());
   EXPECT_EQ(main.Focused, &main.cmdEditBTD);
-  EXPECT_EQ(main.cboArrows.Text(), "013");  // stays as it was
+  EXPECT_EQ(main.cboArrows.Text(), "013");  // unchanged
   PickRow(main.lstMaps, 6);
   EXPECT_TRUE(main.cmdDeleteConnection.Enabled());
 }
@@ -190,7 +190,7 @@ TEST_F(Fields, RefuseSeveralLines) {
   EXPECT_EQ(session.Beeps, 1);
   EXPECT_EQ(main.Focused, &main.txtMapLeft);
   EXPECT_EQ(StrMap[6].Left, before);
-  Session::Type(main.txtMapLeft, "12\r\n");  // one line, copied whole
+  Session::Type(main.txtMapLeft, "12\r\n");  // one line, copied entirely
   PressKey(main, Key::Tab);
   EXPECT_EQ(StrMap[6].Left, 12);
 }

@@ -1,5 +1,5 @@
-// Saves of every kind of file in every length, with faults in front of and behind every step, alone
-// and in pairs. What the user is told is compared with what the file then holds.
+// Saves every kind of file at every length, with faults before and after every step, singly and in
+// pairs, and compares the message for the user with the file's actual content.
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -10,7 +10,7 @@
 
 using namespace corvane;
 
-// Memory asked for between the first changed byte and the end of the undo.
+// Counts allocations between the first changed byte and the end of the undo.
 static bool MayNotAllocate = false;
 static int Allocations = 0;
 
@@ -29,19 +29,19 @@ struct Strike {
   Moment When = Moment::Before;
 };
 
-// An open, too: a file that cannot be opened cannot be read.
+// Includes Open: a file that cannot be opened cannot be read.
 constexpr bool TellsOfTheFile(FileStep step) {
   return step == FileStep::Open || step == FileStep::Status || step == FileStep::PathStatus ||
          step == FileStep::Read;
 }
 
-// The faults of one save. Steps are counted as they begin.
+// The faults of one save. Steps are counted when they begin.
 struct Plan {
   std::array<Strike, 2> Strikes;
-  bool ForGood = false;  // from the first strike on every step fails
+  bool ForGood = false;  // every later step fails, too
   int Steps = 0;
-  int Allocated = 0;   // when the last step began
-  bool Blind = false;  // the last step to fail would have told something of the file
+  int Allocated = 0;   // at the last call
+  bool Blind = false;  // the last failed step would have read the file's state
 
   std::error_code operator()(FileStep step, Moment moment, std::size_t&) {
     if (moment == Moment::Before) ++Steps;
@@ -61,7 +61,7 @@ struct Counts {
   int Saves = 0, Failed = 0, Whole = 0, Unconfirmed = 0, Torn = 0, Unknown = 0, Allocations = 0;
 };
 
-// True if what is told of a file that held `old` agrees with what it holds now.
+// True if the reported state of a file that held `old` matches its present content.
 bool IsTrue(FileState state, const std::optional<std::string>& old,
             const std::optional<std::string>& now, const Plan& plan) {
   switch (state) {
@@ -84,7 +84,7 @@ bool IsTrue(FileState state, const std::optional<std::string>& old,
   return false;
 }
 
-using Contents = std::optional<std::string>;  // nothing for no file
+using Contents = std::optional<std::string>;  // empty if there is no file
 
 struct SaveFaults : testing::Test {
   const TestFolder Folder;
@@ -104,7 +104,7 @@ struct SaveFaults : testing::Test {
     if (old) Folder.Put("f", *old);
   }
 
-  // The number of steps that the save took.
+  // Returns the number of steps that the save took.
   int Save(const std::optional<std::string>& old, const std::optional<std::string>& saved,
            Plan plan) {
     Place(old);
@@ -145,7 +145,7 @@ std::string Name(const Plan& plan) {
   return name;
 }
 
-// Strikes at one step, for good and in a pair with each later step. The number of steps taken.
+// Strikes at one step: once, for good, and paired with each later step. Returns the steps taken.
 int SaveFaults::StrikeAt(int step, Moment moment, const Contents& old, const Contents& saved) {
   Plan plan{{{{step, moment}, {}}}};
   SCOPED_TRACE(Name(plan));
@@ -188,7 +188,7 @@ TEST_F(SaveFaults, AreToldAsTheyAreAndNeverAllocate) {
       Sum.Saves, Sum.Failed, Sum.Whole, Sum.Unconfirmed, Sum.Torn, Sum.Unknown);
 }
 
-// What the windows make of a save that failed.
+// How the windows handle a failed save.
 struct FailedSave : testing::Test {
   Session session;
   void Refuse() const {

@@ -1,5 +1,5 @@
-// The program played without a display: a test makes the gestures, and this answers what the
-// program asks.
+// Runs the program without a display: the test makes the gestures, and this fixture answers the
+// program's questions.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ namespace corvane {
 using Texts = std::vector<std::string>;
 
 struct Session {
-  /// With a game that is open.
+  /// Opens a game.
   explicit Session(const SampleGame& game = MakeSampleGame()) : Session(GameFiles(game)) {
     OpenFile("CC4.EXE");
   }
@@ -50,9 +50,9 @@ struct Session {
   Form1 Main;
   Texts Messages;
   MessageAnswer Answer = MessageAnswer::Yes;
-  std::string Choice;                                  // what the next file dialog gives back
-  CommonDialog Asked;                                  // as the program set it
-  std::function<void(Form&)> InDialog = [](Form&) {};  // what the user does in a modal dialog
+  std::string Choice;                                  // result of the next file dialog
+  CommonDialog Asked;                                  // the program's settings for it
+  std::function<void(Form&)> InDialog = [](Form&) {};  // the user's actions in a modal dialog
   int Beeps = 0;
   bool Ended = false;
 
@@ -60,7 +60,7 @@ struct Session {
     return (Folder.Path / name).string();
   }
 
-  // The messages since the last call.
+  // Returns the messages since the last call.
   Texts Told() { return std::exchange(Messages, {}); }
 
   void OpenFile(const std::string& name) {
@@ -76,7 +76,7 @@ struct Session {
     Choose(item);
   }
 
-  // Types over the whole of a box.
+  // Replaces the text of a box by typing.
   static void Type(TextBox& box, const std::string& text) {
     EditText(box, {0, CharacterCount(ShownText(box)), text});
   }

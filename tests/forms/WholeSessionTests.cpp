@@ -1,4 +1,4 @@
-// The whole way: a network is broken, mended, saved and opened again.
+// The complete workflow: a network is broken, repaired, saved and reopened.
 #include "Session.h"
 
 using namespace corvane;
@@ -19,7 +19,7 @@ struct WholeSession : testing::Test {
   Session session;
   Form1& main = session.Main;
   const int To = RowMapIndex(main.lstConnections.Text());  // a neighbour of map 0
-  int ExitVL = 0;                                          // of map 0, which leads there
+  int ExitVL = 0;                                          // map 0's location that leads there
   const Texts Question = {"This will directly modify the file " + session.File("CC4.EXE") +
                           ". If there are errors in the changes you have made, the game will "
                           "almost certainly crash. Are you absolutely sure you want to do this?"};

@@ -1,4 +1,4 @@
-// What holds for the control tables of every window, whatever stands in them.
+// Rules that the control tables of every window must obey.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -22,9 +22,9 @@ Control& Any(const AnyControl& any) {
   return std::visit([](auto* control) -> Control& { return *control; }, any);
 }
 
-constexpr int Pixel = 15;  // twips, which a heading may share with the box below it
+constexpr int Pixel = 15;  // twips; a heading may overlap the box below by this
 
-// In twips, from the corner of the client area.
+// In twips, relative to the client area.
 struct Area {
   int Left, Top, Right, Bottom;
   explicit Area(const Control& control)
@@ -94,7 +94,7 @@ TEST_P(Window, NamesABoxWithTheWordOfItsOnlyLabel) {
     Label* const* label = std::get_if<Label*>(&any);
     if (!label || FieldOf(**label) == nullptr) continue;
     const std::string caption = (*label)->Caption;
-    // The table's own name, for which a reader says the thing.
+    // The caption names the table; a screen reader says what it means.
     words[FieldOf(**label)] +=
         caption == "STRARROW:" ? "Arrow" : caption.substr(0, caption.find(':'));
   }
@@ -131,7 +131,7 @@ TEST(EditMapBTDTable, LimitsTypingToOneLessThanTheField) {
       {&dialog.txtFileName, sizeof BtdText::BaseName},
       {&dialog.txtAlliedBrief, sizeof BtdText::AlliedBrief},
       {&dialog.txtAxisBrief, sizeof BtdText::AxisBrief},
-      {&dialog.txtVLX, std::string("255").size()},  // a byte in digits
+      {&dialog.txtVLX, std::string("255").size()},  // a byte in decimal
       {&dialog.txtVLY, std::string("255").size()}};
   for (const auto& [box, width] : rows)
     EXPECT_EQ(box->TypedLimit, static_cast<int>(width) - 1) << box->Name;

@@ -1,5 +1,5 @@
-// A person at the real windows of a display: what they do there and what they see. Each display
-// has its own driver behind this header, so that all of them are held to the same tests.
+// Acts as a user of a display's native windows: operates them and reads what they show. Each
+// display implements this header, so that all pass the same tests.
 #pragma once
 
 #include <functional>
@@ -14,40 +14,40 @@ namespace corvane {
 /// Runs the program with a main form, plays the script in its event loop, then ends the program.
 /// Returns its exit status.
 int Play(Form& form, const std::function<void()>& script);
-/// Runs once, as soon as another window stands on the topmost one.
+/// Runs once, as soon as another window opens above the topmost one.
 void WhenNext(const std::function<void()>& then);
 
-// What is done, is done to the topmost window, through its input.
-void PressAt(const Control& control);                            // down and up in the middle of it
-void ClickEmptyArea();                                           // on the window's empty ground
-void PressRow(const ListBox& list, int row, bool ctrl = false);  // may be the one behind the last
+// Input goes to the topmost window.
+void PressAt(const Control& control);  // presses and releases in its middle
+void ClickEmptyArea();                 // the window's background
+void PressRow(const ListBox& list, int row, bool ctrl = false);  // may be below the last row
 void DoubleClickRow(const ListBox& list, int row);
 void PressScrollBar(const ListBox& list);
 void Type(const std::string& text);
 void PressKey(const std::string& key);  // Tab, Return, Esc, Space, Home, Down, Alt+H, Ctrl+S, ...
 void TurnWheel(const Control& control);
 void PressMenu(const MenuEntry& entry);
-void PressItem(const MenuItem& item);  // its menu is open
+void PressItem(const MenuItem& item);  // its menu must be open
 void PressCloseBox();
 
-// What another program does to a window of ours, be that blocked or not: a screen reader, an
-// automation, a task manager.
+// What another program, e.g. a screen reader, an automation tool or a task manager, does to a
+// window, blocked or not.
 void CloseFromOutside(const Form& form);
 void ChooseFromOutside(const MenuItem& item);
 void ClickFromOutside(const Button& button);
 void FillFromOutside(const TextBox& box, const std::string& text);
 void EndSessionFromOutside();
 
-/// The message box that is the topmost window.
+/// The message box, if it is the topmost window.
 struct ShownMessage {
-  std::string Title, Text, Buttons;  // the captions without mnemonics, each with a blank behind it
-  bool OnScreen;                     // all of it, and its buttons
+  std::string Title, Text, Buttons;  // button captions, no mnemonics, a blank after each
+  bool OnScreen;                     // all of the box and its buttons
 };
 [[nodiscard]] ShownMessage SeenMessage();
 
 [[nodiscard]] std::string Seen(const Control& control);  // text, [selected], or selected row
 [[nodiscard]] bool SeenEnabled(const MenuItem& item);
-[[nodiscard]] bool SeenPopup();         // a menu or the rows of a combo box stand open
-[[nodiscard]] std::string SeenFocus();  // the name of the control that has the keyboard
+[[nodiscard]] bool SeenPopup();         // an open menu or dropped rows
+[[nodiscard]] std::string SeenFocus();  // the focused control's name
 
 }  // namespace corvane

@@ -1,11 +1,11 @@
-// A picture of what a person sees.
+// Screenshots.
 #pragma once
 
 #include <string>
 
 namespace corvane {
 
-/// Writes a picture of the window in front as a PNG file; False if that failed.
+/// Saves a picture of the topmost window as a PNG file; returns false on failure.
 [[nodiscard]] bool SavePicture(const std::string& file);
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// What the widgets of a window show, held against the records of its controls.
+// Compares what the widgets of a window show with the records of its controls.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace corvane {
 
 /// A control as its widget shows it.
 struct ControlState {
-  std::string Text = {};  // or caption; "\n" is a line break
+  std::string Text = {};  // or the caption; "\n" breaks lines
   std::vector<std::string> Rows = {};
   int Selected = -1;
   bool Enabled = true;
@@ -18,11 +18,11 @@ struct ControlState {
   bool operator==(const ControlState&) const = default;
 };
 
-/// As the widget in the topmost window has it. Each display has its own.
+/// Reads the widget in the topmost window. Each display implements it.
 [[nodiscard]] ControlState SeenState(const Control& control);
 
-/// The controls of the topmost form whose widgets show something else than the records hold, with
-/// both states; empty if there is none.
+/// The controls of the topmost form whose widgets differ from the records, with both states; empty
+/// if none do.
 [[nodiscard]] std::string ScreenDifferences(const Form& form);
 
 }  // namespace corvane

@@ -1,9 +1,8 @@
-// corvane_tour FOLDER [first|second|patch]: plays the main job in the real windows, from open to
-// save, by mouse and keyboard as a person would, on a sample game made in FOLDER. It tells each
-// step and what is seen, leaves a picture of each window there, and fails if anything comes out
-// otherwise than it must. The two parts make the same files one after the other, each in a program
-// of its own; the third opens the patch file that the second saved, with the maps of the game that
-// is installed.
+// corvane_tour FOLDER [first|second|patch]: plays the main workflow in native windows, from open to
+// save, by mouse and keyboard, on a sample game created in FOLDER. It reports each step and what it
+// sees, saves a picture of each window there, and fails on any unexpected result. "first" and
+// "second", run in this order as separate processes, produce the same files as a run without a
+// part; "patch" opens the patch file saved by "second", with the maps of the installed game.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -69,7 +68,7 @@ class Tour {
 
   fs::path Folder, Game;
   Form1 Main;
-  int Steps = 0, Awaited = 0;  // messages that have not come yet
+  int Steps = 0, Awaited = 0;  // messages yet to appear
   bool Failed = false, Played = false;
 };
 
@@ -93,7 +92,7 @@ void Tour::Picture(const char* name) {
   Expect(SavePicture(file.string()), "picture " + file.string());
 }
 
-// Lists the bytes of a file that changed, run by run; there must be some, and no more than `most`.
+// Lists the changed bytes of a file as runs; expects at least one and at most `most`.
 void Tour::ExpectChanged(const std::string& name, const std::string& before, std::size_t most) {
   const std::string after = ReadFile(Game / name);
   std::size_t changed = 0;
@@ -108,7 +107,7 @@ void Tour::ExpectChanged(const std::string& name, const std::string& before, std
          name + " has its old length, and only the bytes that were edited differ");
 }
 
-// Plays what follows in the message that comes up next.
+// Plays the steps in the next message box.
 void Tour::OnMessage(const std::string& start, const std::string& answer, const char* picture) {
   ++Awaited;
   WhenNext([this, start, answer, picture] {
@@ -205,7 +204,7 @@ void Tour::AddTheConnection(int map, const char* to) {
          "the connection to " + Seen(Main.lstConnections) + ", with arrow 000");
 }
 
-// Plays an edit of the second map's first victory location.
+// Edits the first victory location of the second map.
 void Tour::EditTheMapFile(const std::function<void(const dlgEditBTD& names)>& edit) {
   const dlgEditBTD names(1);
   const fs::path file = fs::path("Maps") / Main.lstMaps.List(1).substr(4);
@@ -327,7 +326,7 @@ void Tour::Play(const std::string& part) {
 
 int Tour::Run(const std::string& part) {
   if (part.empty() || part == "first") {
-    std::error_code ignored;  // what stays would make the sample game fail
+    std::error_code ignored;  // leftovers make the sample game fail
     fs::remove_all(Game, ignored);
     const auto made = WriteSampleGame(Game, MakeSampleGame());
     if (!made.Done()) {
@@ -335,7 +334,7 @@ int Tour::Run(const std::string& part) {
       return 1;
     }
   }
-  static_cast<void>(std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ));  // lines come late without it
+  static_cast<void>(std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ));  // or output is delayed
   corvane::Play(Main, [&] {
     Play(part);
     ExpectScreenLikeRecords();

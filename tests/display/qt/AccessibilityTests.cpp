@@ -39,7 +39,7 @@ TEST(ScreenReader, HearsTheLabelOfAField) {
   });
 }
 
-// Selects a row, or takes the selection off it, as a screen reader does.
+// Selects or deselects a row, as a screen reader does.
 void SelectByReader(const ListBox& list, int row, bool select = true) {
   QAccessibleInterface* told = QAccessible::queryAccessibleInterface(WidgetOf(list));
   ASSERT_NE(told, nullptr);
@@ -65,7 +65,7 @@ TEST(ScreenReader, PicksARowOfAList) {
   });
 }
 
-// The platform of the tests has no bell either.
+// The platform used for tests has no bell either.
 TEST(Refusal, ShowsWhereThereIsNoBell) {
   TestForm form;
   PlayWhole(form, [&] {

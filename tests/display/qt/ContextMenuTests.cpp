@@ -3,7 +3,7 @@
 namespace corvane {
 namespace {
 
-// Opens a box's menu and chooses the item of this number, counted from 0.
+// Opens a box's menu and chooses an item by index, counted from 0.
 void ChooseInMenu(QWidget& widget, int item) {
   auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
   QWidget* target = area ? area->viewport() : &widget;
@@ -32,7 +32,7 @@ TEST(ContextMenu, UndoesAndRedoesWhatTheFormRemembers) {
   });
 }
 
-// The history of a box ends when the program fills it, even with an equal text.
+// Filling by the program clears a box's history, even if the text is the same.
 TEST(ContextMenu, OffersNoUndoOfWhatTheProgramFilled) {
   TestForm form;
   PlayWhole(form, [&] {

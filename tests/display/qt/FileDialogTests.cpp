@@ -7,7 +7,8 @@ namespace {
 
 constexpr char Filters[] = "CC4.EXE (CC4.EXE)|CC4.EXE|Corvane Patch Files (*.crv)|*.crv";
 
-// A home folder with a Wine prefix and a game in it, and a program that stands elsewhere.
+// A home folder with a Wine prefix that holds a game; the program's current folder is not the
+// game's.
 class FileDialogs : public testing::Test {
  protected:
   FileDialogs() {
@@ -28,7 +29,7 @@ class FileDialogs : public testing::Test {
     qputenv("HOME", HomeBefore);
   }
 
-  // Shows the dialog and does something in it; gives back what it gave.
+  // Shows the dialog, acts in it, and returns its result.
   CommonDialog Show(void (CommonDialog::*show)(), const CommonDialog& settings,
                     const std::function<void(QFileDialog&)>& act) {
     TestForm form;
@@ -132,7 +133,7 @@ TEST_F(FileDialogs, OpenWhatIsTyped) {
 TEST_F(FileDialogs, GiveNothingWhenTheyAreCancelled) {
   const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [](QFileDialog&) {
     Type("cc4.exe");
-    PressKey("Esc");  // the completions
+    PressKey("Esc");  // closes the completions
     PressKey("Esc");
   });
   EXPECT_EQ(chosen.FileName, "");

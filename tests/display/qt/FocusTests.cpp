@@ -18,11 +18,11 @@ TEST(Focus, ByTabSelectsTheTextOfAFieldAndByMouseDoesNot) {
   });
 }
 
-// As a screen reader sets it: at the widget, past the window.
+// Sets the focus as a screen reader does: on the widget, bypassing the window.
 TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
   TestForm form;
   PlayWhole(form, [&] {
-    PressAt(form.cmdHelp);  // which makes the window the active one
+    PressAt(form.cmdHelp);  // activates the window
     WidgetOf(form.txtNumber)->setFocus();
     EXPECT_EQ(form.Focused, &form.txtNumber);
     form.txtNumber.SetText("x");

@@ -61,7 +61,7 @@ TEST_P(Colours, LeaveNoRoleToATheme) {
   }
 }
 
-// The desktop's colours change while the window is on the screen.
+// Changes the desktop's colours while the window is visible.
 TEST_P(Colours, ShowTheEdgeOfEveryControl) {
   TestForm form;
   PlayWhole(form, [&] {
@@ -79,7 +79,7 @@ TEST_P(Colours, ShowTheEdgeOfEveryControl) {
   });
 }
 
-// Pixels within a place that two pictures show plainly differently.
+// Counts the pixels in a place that differ clearly between two pictures.
 int PlainlyDifferent(const QImage& before, const QImage& after, const QRect& place) {
   int count = 0;
   for (int y = place.top(); y <= place.bottom(); ++y) {
@@ -101,7 +101,7 @@ TEST_P(Colours, ShowTheFocusOfEveryControl) {
       EXPECT_GE(PlainlyDifferent(before, Picture(), place), place.width() + place.height())
           << form.Focused->Name;
     }
-    EXPECT_EQ(form.Focused, &form.lstRows);  // all of them
+    EXPECT_EQ(form.Focused, &form.lstRows);  // a full round
   });
 }
 
@@ -125,7 +125,7 @@ TEST(DarkColours, LeaveNoWhitePatch) {
   });
 }
 
-// Whatever fonts a theme sets, for all widgets or for a class of them, the picture stays.
+// Fonts that a theme sets, for all widgets or one class, do not change the picture.
 TEST(Fonts, AreThoseOfTheProgramWhateverAThemeSets) {
   TestForm form;
   PlayWhole(form, [&] {
@@ -165,7 +165,7 @@ TEST(Fonts, OfThemesAreKeptFromWindowsThatOpenLater) {
   });
 }
 
-// The field of a narrow combo box is narrowed; its list has room.
+// A narrow combo box narrows the font of its field, but not that of its list.
 TEST(Fonts, OfADroppedListAreNotNarrowed) {
   TestForm form;
   form.cboRows.AddItem("a row that is far too long for the field of its combo box");

@@ -11,7 +11,7 @@ struct ShownBox {
   QScrollBar& Bar;
 };
 
-// Shows a text in a box, looks at it, and answers with Return.
+// Shows a text in a box, inspects it, and answers with Return.
 void ShowBox(const std::string& text, const std::function<void(const ShownBox&)>& look) {
   TestForm form;
   form.cmdOK.Click = [&] { Tell(text); };

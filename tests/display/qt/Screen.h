@@ -1,4 +1,4 @@
-// What the tests of the look share: the widgets on the screen, and pictures of them.
+// Shared by the tests of the look: the visible widgets, and pictures of them.
 #pragma once
 
 #include <gtest/gtest.h>

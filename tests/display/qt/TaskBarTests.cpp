@@ -5,7 +5,7 @@
 namespace corvane {
 namespace {
 
-// What X11 has noted of a window, read by another program.
+// A window's states in X11, as another program reads them.
 QString StatesOf(const QWidget& window) {
   QProcess reader;
   reader.start("xprop", {"-id", QString::number(window.winId()), "_NET_WM_STATE"});

@@ -1,6 +1,6 @@
-// The names that screen readers are told, on a service of the tests' own: the system's gives
-// nothing back, and Wine has none.
-#include <initguid.h>  // has the constants of the next ones defined here
+// Tests the names for screen readers with a substitute service: the system's cannot be read back,
+// and Wine has none.
+#include <initguid.h>  // makes the next headers define their constants
 #include <objbase.h>
 #include <oleacc.h>
 
@@ -13,9 +13,9 @@
 namespace corvane {
 namespace {
 
-std::map<std::pair<HWND, bool>, std::string> Texts;  // of a window: its name (true), or description
+std::map<std::pair<HWND, bool>, std::string> Texts;  // by window: its name (true) or description
 
-// Remembers the texts of windows, and knows of nothing else.
+// Records the texts of windows and does nothing else.
 class Service final : public IAccPropServices {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** found) override {
@@ -100,7 +100,7 @@ class Factory final : public IClassFactory {
   HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 };
 
-// Stands ahead of the first window, which asks for the service once and for all.
+// Must exist before the first window, which obtains the service once for the program.
 struct ServiceOfTheTests : testing::Environment {
   void SetUp() override {
     static Factory factory;

@@ -18,7 +18,7 @@ NONCLIENTMETRICSW Metrics() {
   return metrics;
 }
 
-// Gives messages letters of another height until the end of the test.
+// Changes the height of the message font until the end of the test.
 class MessageHeight {
  public:
   explicit MessageHeight(int pixels) {
@@ -53,7 +53,7 @@ std::string Findings(int count) {
   return text;
 }
 
-// Asks a question in the form's window and plays a script in the box.
+// Asks a question in the form's window, and plays a script in the box.
 std::string AnswerTo(const std::string& text, const std::function<void()>& inBox) {
   TestForm form;
   std::string answer;
@@ -210,7 +210,7 @@ TEST(FileDialogs, AreShownByTheirSettings) {
   EXPECT_NE(Given.Flags & OFN_PATHMUSTEXIST, 0U);
   EXPECT_EQ(Given.Flags & OFN_OVERWRITEPROMPT, 0U);
   EXPECT_EQ(Given.Flags & OFN_NOCHANGEDIR, 0U);
-  EXPECT_EQ(settings.FileName, "");  // left so by a cancel
+  EXPECT_EQ(settings.FileName, "");  // a cancel leaves it empty
 }
 
 TEST(FileDialogs, GiveBackThePathAndTheName) {
@@ -242,7 +242,7 @@ TEST(FileDialogs, TellWhyTheyFailed) {
   }
 }
 
-// A file that is no library at all gives another error where it is found.
+// If the invalid library were found, the error would be a different one.
 TEST(Program, LoadsNoLibraryFromItsOwnFolder) {
   wchar_t program[MAX_PATH]{};
   GetModuleFileNameW(nullptr, program, MAX_PATH);

@@ -9,10 +9,10 @@
 namespace corvane {
 namespace {
 
-// The system tells a window of another resolution and where it thinks that the window belongs.
+// Sends the notice of a new resolution, with the place that the system suggests.
 void ChangeDpi(HWND window, int dpi) {
   RECT at = PlaceOf(window);
-  at.right += 37;  // the frame does not grow as the system reckons
+  at.right += 37;  // the frame does not grow as the system expects
   at.bottom += 11;
   SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&at));
 }
@@ -67,7 +67,7 @@ RECT ScreenOf(HWND window) {
 TEST_F(Layout, KeepsAWindowOnTheScreenThatGrew) {
   PlayAt(96, [&](HWND window) {
     const RECT screen = ScreenOf(window);
-    for (const int dpi : {144, 480}) {  // the latter makes it larger than the screen
+    for (const int dpi : {144, 480}) {  // at 480, the window exceeds the screen
       ChangeDpi(window, 96);
       const RECT before = PlaceOf(window);
       SetWindowPos(window, nullptr, screen.right - (before.right - before.left),
@@ -81,7 +81,7 @@ TEST_F(Layout, KeepsAWindowOnTheScreenThatGrew) {
   });
 }
 
-// Such as half beside it, where a user has put it.
+// Even half outside the screen, where the user moved it.
 TEST_F(Layout, LeavesAWindowInItsPlaceWhenOnlyColoursChange) {
   PlayAt(96, [&](HWND window) {
     SetWindowPos(window, nullptr, -50, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
@@ -155,7 +155,7 @@ TEST_F(Layout, HasTheFocusableControlsInFrontInTheOrderOfTheirTabIndexes) {
   });
 }
 
-// Letters drawn in a device context of the tests' own, to be found again on the screen.
+// Letters drawn in a separate device context, for comparison with the screen.
 struct Ink {
   int Width = 0, Height = 0;
   std::vector<bool> Dark;
@@ -177,7 +177,7 @@ Ink InkOf(const Pixels& pixels, SIZE size, RECT part, bool (*dark)(COLORREF)) {
 
 bool IsDark(COLORREF pixel) { return (pixel & 0xFF) < 0x60; }
 
-// The first and the last column that have ink, and the lowest row.
+// The first and last columns with ink, and the lowest row.
 struct Extent {
   int Left = INT_MAX, Right = -1, Bottom = -1;
 };
@@ -199,7 +199,7 @@ COMBOBOXINFO PartsOf(HWND combo) {
   return parts;
 }
 
-// The rectangle of an ink that holds all of it.
+// The ink's bounding box.
 std::vector<std::vector<bool>> Cropped(const Ink& ink) {
   const Extent extent = ExtentOf(ink);
   std::vector<std::vector<bool>> rows;
@@ -215,7 +215,7 @@ Ink FieldInk(HWND combo) {
   return InkOf(PixelsOf(combo), ClientOf(combo), PartsOf(combo).rcItem, IsDark);
 }
 
-// A text as a font draws it where nothing cuts it off.
+// A text as a font draws it without clipping.
 Ink WholeInk(const std::wstring& text, int height, int width) {
   constexpr SIZE size{300, 50};
   const HDC screen = GetDC(nullptr), canvas = CreateCompatibleDC(screen);
@@ -240,7 +240,7 @@ Ink WholeInk(const std::wstring& text, int height, int width) {
   return InkOf(pixels, size, {0, 0, size.cx, size.cy}, IsDark);
 }
 
-// Whether an ink is all of a text, in the usual font or in a smaller one that is still readable.
+// Whether the ink shows the entire text, in the usual font or in a smaller legible one.
 bool IsWhole(const Ink& seen, const std::string& text, int height) {
   const auto cropped = Cropped(seen);
   for (int lower = height; lower >= height * 3 / 4; --lower) {
@@ -277,7 +277,7 @@ TEST(ComboBoxes, ShowEachRowToItsLastLetter) {
   }
 }
 
-// The lowest ink of a widget, on the screen. Its words have no letter below the base line.
+// The screen row of a widget's lowest ink: the base line, as the words used have no descenders.
 int BaseLine(const Control& control, RECT part) {
   const HWND widget = WidgetOf(control);
   POINT corner{};

@@ -1,4 +1,4 @@
-// What the tests of the Windows display read off the real windows.
+// Reads the state of native windows for the tests of the Windows display.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,20 +31,20 @@ inline SIZE ClientOf(HWND window) {
 
 using Pixels = std::vector<COLORREF>;
 
-/// The pixels of a bitmap that is as large as that.
+/// The pixels of a bitmap of this size.
 inline Pixels PixelsOf(HDC canvas, HBITMAP bitmap, SIZE size) {
   Pixels pixels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof format.bmiHeader;
   format.bmiHeader.biWidth = size.cx;
-  format.bmiHeader.biHeight = -size.cy;  // from top to bottom
+  format.bmiHeader.biHeight = -size.cy;  // top-down
   format.bmiHeader.biPlanes = 1;
   format.bmiHeader.biBitCount = 32;
   GetDIBits(canvas, bitmap, 0, static_cast<UINT>(size.cy), pixels.data(), &format, DIB_RGB_COLORS);
   return pixels;
 }
 
-/// The pixels of a window's client area as they stand on the screen.
+/// The pixels of a window's client area, as shown on the screen.
 inline Pixels PixelsOf(HWND window) {
   const SIZE size = ClientOf(window);
   const HDC screen = GetDC(window), canvas = CreateCompatibleDC(screen);

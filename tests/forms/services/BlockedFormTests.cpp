@@ -1,4 +1,4 @@
-// A form under another one, or behind a box or file dialog, hears nothing.
+// A form below another form, a box or a file dialog ignores all input.
 #include <gtest/gtest.h>
 
 #include "TestForm.h"
@@ -32,7 +32,7 @@ const Gesture Gestures[] = {
     {"open a menu", [](TestForm& f) { OpenMenu(f.mnuFile); }},
     {"choose an item", [](TestForm& f) { Choose(f.mnuSave); }},
     {"close", [](TestForm& f) { CloseWindow(f); }},
-    // The widget with the focus must not have the key, either.
+    // The focused widget must not get the key, either.
     {"Tab", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Tab)); }},
     {"Enter", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Enter)); }},
     {"Esc", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Escape)); }},
@@ -42,7 +42,7 @@ const Gesture Gestures[] = {
     {"another key", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Other)); }}};
 // clang-format on
 
-// A form with the focus in a field that holds an edit to be undone and one to be done again.
+// A form whose focused field has one edit to undo and one to redo.
 struct Blocked : testing::Test {
   Blocked() {
     f.Open();
@@ -84,7 +84,7 @@ TEST_F(Blocked, UnderADialog) {
   EXPECT_EQ(dialog.Told(), "help ");
   EXPECT_FALSE(dialog.IsOpen());
   EXPECT_EQ(Tried, 1);
-  Press(f.cmdHelp);  // and afterwards it hears again
+  Press(f.cmdHelp);  // now it reacts again
   EXPECT_EQ(f.Told(), "accept help ");
 }
 
@@ -120,7 +120,7 @@ TEST_F(Blocked, OnceItIsClosed) {
   EXPECT_EQ(f.lstRows.ListIndex(), -1);
 }
 
-// What a blocked widget did by itself has to be taken back on the screen.
+// Whatever a blocked widget did by itself must be reverted on the screen.
 TEST_F(Blocked, ShowsItsControlsAsTheyAre) {
   std::vector<const Control*> redrawn;
   TheDisplay.Redraw = [&](Control& control) { redrawn.push_back(&control); };

@@ -10,7 +10,7 @@ namespace {
 
 struct Dialogs : testing::Test {
   ~Dialogs() override { TheDisplay = {}; }
-  // What a dialog gives back when the user chooses a name in the folder.
+  // The result of a dialog in which the user chooses a name in the folder.
   CommonDialog Choose(CommonDialog dialog, void (CommonDialog::*show)(), const std::string& name) {
     TheDisplay.ShowOpenDialog =
         TheDisplay.ShowSaveDialog = [&](CommonDialog& shown) { shown.FileName = Folder / name; };

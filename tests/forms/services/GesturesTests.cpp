@@ -12,7 +12,7 @@ using namespace corvane;
 
 namespace {
 
-// What is done with the focus in a field, the event that it raises, and where the focus is then.
+// An action with the focus in a field, the event that it raises, and the focus afterwards.
 struct Row {
   const char* Name;
   void (*Act)(TestForm&);
@@ -98,7 +98,7 @@ TEST(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
   EXPECT_TRUE(MoveFocus(f.cmdCancel));
   f.cmdHelp.SetEnabled(false);
   EXPECT_EQ(f.Focused, &f.cmdCancel);
-  f.cmdCancel.SetEnabled(false);  // was the last: on to the first
+  f.cmdCancel.SetEnabled(false);  // the last one: wraps to the first
   EXPECT_EQ(f.Focused, &f.lstRows);
   f.lstRows.SetVisible(false);
   EXPECT_EQ(f.Focused, &f.lstFew);
@@ -131,7 +131,7 @@ TEST(Gestures, EnterBreaksALineOnlyWithCtrlInSeveralLines) {
     const char* Events;
     bool Taken;
   } rows[] = {{f.txtLines, {}, "ok ", true},
-              {f.txtLines, ctrl, "", false},  // the box has it
+              {f.txtLines, ctrl, "", false},  // left to the box
               {f.txtName, ctrl, "ok ", true},
               {f.cmdHelp, ctrl, "help ", true}};
   for (const auto& [in, with, events, taken] : rows) {
@@ -219,7 +219,7 @@ struct Controls : testing::Test {
     TheDisplay.Redraw = [this](Control& control) { Redrawn.insert(control.Name); };
   }
   ~Controls() override { TheDisplay = {}; }
-  // The controls to be drawn anew since the last call.
+  // Returns the controls redrawn since the last call.
   std::set<std::string> Drawn() { return std::exchange(Redrawn, {}); }
   using Names = std::set<std::string>;
   Names Redrawn;
@@ -301,23 +301,23 @@ TEST_F(Controls, ATextBoxSpeaksAndUnselectsWhenItsTextChangesAlone) {
 
 namespace {
 
-// The text, what the user makes of it before and behind the caret, and what it becomes.
+// The text, the edited text before and after the caret, and the result.
 const char* const Edits[][4] = {
     {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
-    {"\r\n\nb", "", "\nb", "\nb"},       // Delete takes the pair behind the caret
-    {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace takes the lone one
-    {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is a pair
+    {"\r\n\nb", "", "\nb", "\nb"},       // Delete removes the pair after the caret
+    {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace removes the lone LF
+    {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is CR LF
     {"\xC2\xA0\x01", "\xC2\xA0\x01?", "", "\xC2\xA0\x01?"},
-    {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, no Cyrillic
+    {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, but no Cyrillic
     {"0123456789", "01ABCD", "23456789", "01AB23456789"},
     {"0123456789", "ABCDEFGHIJKLMN", "", "ABCDEFGHIJKL"},
-    {"01234567890", "01234567890\n", "", "01234567890"},  // no half of a pair
+    {"01234567890", "01234567890\n", "", "01234567890"},  // a pair is never split
     {"0123456789abcdef", "x", "0123456789abcdef", "0123456789abcdef"},
-    {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // done elsewhere
+    {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // edited elsewhere
     {"0123456789abcdef", "0", "23456789abcdef", "023456789abcdef"},
     {"abc", "x", "yz", "xyz"},
     {"abc", "", "", ""},
-    {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: the breaks stay as they are
+    {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: line breaks stay
 
 }  // namespace
 
@@ -338,7 +338,7 @@ TEST(TextEditing, TheProgramsFillingIsNotHeldToTheLimit) {
   f.txtName.SetText("1\r\n456");
   f.txtName.SelectAll();
   f.Told();
-  EditText(f.txtName, {6, 0, "7"});  // which has no room
+  EditText(f.txtName, {6, 0, "7"});  // no room for it
   EXPECT_EQ(f.Told(), "");
   EXPECT_EQ(f.txtName.Text(), "1\r\n456");
   EXPECT_EQ(f.txtName.SelLength, 0);

@@ -29,7 +29,7 @@ struct SessionEnd : testing::Test {
 TEST_F(SessionEnd, AsksFromTheTopmostWindowDown) {
   EXPECT_TRUE(QueryEndSession());
   EXPECT_EQ(Main.Told(), "dialog unload ");
-  EXPECT_EQ(Ends, 0);  // the session may yet go on
+  EXPECT_EQ(Ends, 0);  // the session may still continue
   EndSession();
   EXPECT_EQ(Ends, 1);
 }

@@ -12,7 +12,7 @@ struct Undoing : testing::Test {
   void Type(TextBox& box, const std::string& letters) {
     for (const char letter : letters) EditText(box, {box.SelStart, 0, {letter}});
   }
-  // The texts that the steps of the history lead through, from the first undone to the last.
+  // Returns the texts that undoing or redoing the history passes through, in order.
   static std::vector<std::string> Steps(TextBox& box, void (*step)(TextBox&)) {
     std::vector<std::string> texts;
     for (std::string before = box.Text();; before = texts.emplace_back(box.Text())) {
@@ -50,7 +50,7 @@ TEST_F(Undoing, TypedCharactersAreOneStepWhileTheyFollowEachOther) {
 TEST_F(Undoing, ACorrectedEditIsOneStepAndARefusedOneIsNone) {
   EditText(f.txtName, {0, 0,
                        "\xD0\x96"
-                       "1234567"});  // a letter that the code page lacks, too many
+                       "1234567"});  // not in the code page; too long
   EXPECT_EQ(f.txtName.Text(), "?1234");
   EditText(f.txtName, {5, 0, "8"});
   EXPECT_EQ(Steps(f.txtName, Undo), Texts{""});
@@ -102,7 +102,7 @@ TEST_F(Undoing, HasItsKeys) {
     EXPECT_TRUE(PressKey(f, stroke)) << &stroke - &rows[0].Stroke;
     EXPECT_EQ(f.txtName.Text(), text);
   }
-  EXPECT_FALSE(PressKey(f, {'Z', {.Ctrl = true, .Alt = true}}));  // types a character somewhere
+  EXPECT_FALSE(PressKey(f, {'Z', {.Ctrl = true, .Alt = true}}));  // AltGr: types a character
   EXPECT_FALSE(PressKey(f, Key::Backspace));
   EXPECT_TRUE(MoveFocus(f.lstRows));
   EXPECT_FALSE(PressKey(f, {'Z', {.Ctrl = true}}));

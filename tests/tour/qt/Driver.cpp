@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-// The window that takes the input at this moment, active as it would be under a window manager.
+// The window that receives input now, active as under a window manager.
 QWidget* Top() {
   QWidget* top = QApplication::activeModalWidget();
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -99,7 +99,7 @@ void Type(const std::string& text) {
   }
 }
 
-// A mnemonic shows its button's press for a while ahead of the click.
+// A mnemonic shows its button pressed for a while before the click.
 static bool AnyButtonIsDown() {
   return std::ranges::any_of(QApplication::allWidgets(), [](const QWidget* widget) {
     const auto* button = qobject_cast<const QAbstractButton*>(widget);

@@ -12,8 +12,8 @@
 namespace corvane {
 namespace {
 
-// The person and the program take turns on one thread, each on a fiber: the person acts whenever
-// the program has nothing left to do, be it in a loop of the system's own.
+// The user and the program take turns on one thread, each on a fiber: the user acts whenever the
+// program is idle, even in one of the system's loops.
 void *Person, *Program;
 const std::function<void()>* Script;
 std::function<void()> AtNext;
@@ -24,7 +24,7 @@ void CALLBACK Act(HWND, UINT, UINT_PTR, DWORD) { SwitchToFiber(Person); }
 
 void LetReact() {
   do SwitchToFiber(Program);
-  while (AtNext && !IsWindowVisible(GetActiveWindow()));  // the next window is about to show
+  while (AtNext && !IsWindowVisible(GetActiveWindow()));  // wait for the next window
   if (AtNext && GetActiveWindow() != BeforeNext) std::exchange(AtNext, nullptr)();
 }
 
@@ -40,8 +40,8 @@ constexpr DWORD Press = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP;
 
 void Mouse(const RECT& at, std::initializer_list<DWORD> acts, int turn = 0) {
   static int aside = 0;
-  aside = 12 - aside;  // from the last click, or both would be a double click
-  const auto share = [](LONG twice, int side) {  // of 65536 for the whole screen
+  aside = 12 - aside;                            // moved, or two clicks would make a double click
+  const auto share = [](LONG twice, int side) {  // of 65536 across the screen
     return static_cast<DWORD>(MulDiv(twice + 1, 32768, GetSystemMetrics(side)));
   };
   for (const DWORD act : acts) {
@@ -68,7 +68,7 @@ std::string TextOf(HWND window) {
   return WithLineBreaks(WideToText(text), "\n");
 }
 
-HWND Top() {  // of those that show a form
+HWND Top() {  // only windows that show a form
   constexpr ULONG_PTR Dialog = 32770;
   const HWND top = GetActiveWindow();
   return GetClassLongPtrW(top, GCW_ATOM) == Dialog ? GetWindow(top, GW_OWNER) : top;
@@ -111,10 +111,10 @@ HMENU MenuOf(const MenuEntry& entry) {
 int Play(Form& form, const std::function<void()>& script) {
   Script = &script, Played = &form;
   Program = ConvertThreadToFiber(nullptr), Person = CreateFiber(0, Live, nullptr);
-  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Act);  // comes behind all input
+  const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Act);  // fires after all input
   const int status = RunProgram(0, nullptr, form);
   KillTimer(nullptr, timer);
-  while (Script) SwitchToFiber(Person);  // the program may have ended in the middle of it
+  while (Script) SwitchToFiber(Person);  // the program may end during the script
   DeleteFiber(Person);
   ConvertFiberToThread();
   return status;

@@ -11,14 +11,14 @@ namespace corvane {
 namespace {
 
 template <class Kind>
-struct Held {  // released at the end
+struct Held {  // released by the destructor
   Kind* It = nullptr;
   ~Held() {
     if (It) It->Release();
   }
 };
 
-// The window with its frame, drawn to the end.
+// The window with its frame, after painting has finished.
 HBITMAP Copy(HWND window) {
   RECT place{};
   GetWindowRect(window, &place);
