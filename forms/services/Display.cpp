@@ -10,9 +10,9 @@
 namespace corvane {
 namespace {
 
-int Boxes = 0;  // message boxes and file dialogs that stand
+int Boxes = 0;  // open message boxes and file dialogs
 
-// Shows a box or dialog over windows that are up to date, and counts it meanwhile.
+// Updates the windows, then shows a box or dialog and counts it while it is open.
 template <class Show>
 void StandOver(const Show& show) {
   if (TheDisplay.HasEnded) return;
@@ -42,7 +42,7 @@ bool EndsIn(const std::string& name, const std::string& extension) {
   return ToUpper(name).ends_with(ToUpper(extension));
 }
 
-// The patterns of a filter are its every second part, "*.crv" or "*.a;*.b".
+// Every second part of a filter is a pattern, e.g. "*.crv" or "*.a;*.b".
 bool EndsAsFiltered(const std::string& name, const std::string& filter) {
   bool pattern = false;
   for (std::size_t at = 0; at <= filter.size(); pattern = !pattern) {
@@ -57,13 +57,13 @@ bool EndsAsFiltered(const std::string& name, const std::string& filter) {
   return false;
 }
 
-// The folder of a path, as NameInFolder takes it.
+// The folder of a path, as NameInFolder expects it.
 std::string FolderOf(const std::string& path) {
   const std::size_t start = NameStart(path);
   return path.substr(0, start > 1 ? start - 1 : start);
 }
 
-// The path with the name that stands there but for its letter case.
+// The path with the letter case of the existing file, if there is one.
 std::string Existing(const std::string& path) {
   const std::size_t start = NameStart(path);
   return path.substr(0, start) + NameInFolder(FolderOf(path), path.substr(start));
@@ -90,7 +90,7 @@ void CommonDialog::ShowSave() {
 }
 
 std::string CommonDialog::Refusal(const std::string& path) const {
-  std::error_code ignored;  // what cannot be asked about is not there
+  std::error_code ignored;  // an inaccessible path counts as missing
   if ((Flags & PathMustExist) && !std::filesystem::is_directory(PathOf(FolderOf(path)), ignored)) {
     return path + "\r\nPath does not exist.";
   }

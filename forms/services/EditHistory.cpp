@@ -5,7 +5,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::size_t MaxSteps = 1000;  // of at most some 4 KB each
+constexpr std::size_t MaxSteps = 1000;  // about 4 KB each at most
 
 std::optional<EditHistory::State> Move(std::vector<EditHistory::State>& from,
                                        std::vector<EditHistory::State>& to,

@@ -41,7 +41,7 @@ void Form::Open() {
 void Form::ShowModal() {
   Open();
   if (!IsOpen() || TheDisplay.HasEnded) return;
-  ShowChanges();  // of the window that this one will stand on
+  ShowChanges();  // in the windows below
   TheDisplay.ShowModal(*this);
 }
 

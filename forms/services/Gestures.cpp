@@ -11,10 +11,10 @@
 namespace corvane {
 namespace {
 
-bool SessionEndWaits = false;  // for the box to be closed that stood when a signal came
+bool SessionEndWaits = false;  // until the box that was open at the signal closes
 
-// Does what a person did, unless the form is blocked, and shows the result. A signal that had to
-// wait comes behind all of that, and so never in the middle of a save.
+// Performs a gesture unless the form is blocked, and shows the result. A pending signal comes last,
+// so it never interrupts a save.
 bool Perform(const Form& form, const std::function<bool()>& act) {
   const bool done = Hears(form) && act();
   ShowChanges();
@@ -22,13 +22,13 @@ bool Perform(const Form& form, const std::function<bool()>& act) {
   return done;
 }
 
-// The same at a control, whose widget goes back to the control's state in any case.
+// The same at a control. Its widget always returns to the control's state.
 bool PerformAt(Control& control, const std::function<bool()>& act) {
   control.Redraw();
   return Perform(control.Owner, act);
 }
 
-// Asks the field that has the focus whether the focus may go.
+// Whether the focused field lets the focus leave.
 bool ValidateFocused(const Form& form) {
   const auto* box = dynamic_cast<TextBox*>(form.Focused);
   return !box || box->Validate();
@@ -85,7 +85,7 @@ bool Edit(TextBox& box, const TextEdit& edit) {
   box.ReplaceText(after);
   box.SelStart = std::max(0, CharacterCount(ShownText(box)) - behind);
   box.SelLength = 0;
-  box.Redraw();  // what the display shows may differ from what was accepted
+  box.Redraw();  // the widget may show more than was accepted
   return true;
 }
 
@@ -105,7 +105,7 @@ bool StepThrough(TextBox& box, HistoryStep step) {
 
 bool PressEnter(Form& form, Modifiers with) {
   const auto* box = dynamic_cast<TextBox*>(form.Focused);
-  if (box && box->MultiLine && with.Ctrl) return false;  // breaks the line
+  if (box && box->MultiLine && with.Ctrl) return false;  // inserts a line break
   if (auto* focused = dynamic_cast<Button*>(form.Focused)) {
     focused->Click();
     return true;
@@ -139,7 +139,7 @@ bool ChooseAvailable(const MenuItem& item) {
   return item.Enabled;
 }
 
-// The menu's Click comes first, so a greyed item is asked whether it is available now.
+// Runs the menu's Click first, which updates whether the item is enabled.
 bool PressShortcut(const Form& form, Shortcut key) {
   for (const MenuEntry* menu : form.Menus) {
     for (const MenuItem* item : menu->Items) {
@@ -195,7 +195,7 @@ bool PressBackspace(const Form& form, Modifiers with) {
 bool Stroke(Form& form, const KeyStroke& stroke) {
   switch (stroke.Pressed) {
     case Key::Other:
-      return false;  // the widget's own
+      return false;  // left to the widget
     case Key::Letter:
       return PressLetter(form, stroke.Letter, stroke.With);
     case Key::Tab:
@@ -226,7 +226,7 @@ bool AllowPress(Form& form, Control* under) {
   return Perform(form, [&] { return !under || Focus(*under); });
 }
 
-// Over a combo box without the focus it would pick a row there.
+// Over an unfocused combo box, the wheel would pick a row.
 bool AllowWheel(const Form& form, const Control* under) {
   if (!under || !Hears(form)) return false;
   return form.Focused == under || !dynamic_cast<const ComboBox*>(under);
@@ -242,7 +242,7 @@ void PickRow(ComboBox& combo, int row) {
 
 void DoubleClick(ListBox& list, int row) {
   PerformAt(list, [&] {
-    if (!Pick(list, row) || !Hears(list.Owner)) return false;  // the pick may have ended in a box
+    if (!Pick(list, row) || !Hears(list.Owner)) return false;  // the pick may have opened a box
     if (list.Owner.Focused == &list && list.ListIndex() == row) list.DblClick();
     return true;
   });
@@ -282,7 +282,7 @@ void CloseWindow(Form& form) {
 }
 
 bool QueryEndSession() {
-  if (BoxStands()) return false;  // which has to be answered first
+  if (BoxStands()) return false;  // the user must answer it first
   for (const Form* form : OpenForms()) {
     if (!form->QueryEndSession() || !form->QueryUnload()) return false;
   }

@@ -8,7 +8,7 @@
 namespace corvane {
 namespace {
 
-constexpr int LineGap = 30;  // twips that a field may lie off the lower edge of its heading
+constexpr int LineGap = 30;  // most twips between a heading's lower edge and its field
 
 Control* AsField(const AnyControl& any) {
   if (TextBox* const* box = std::get_if<TextBox*>(&any)) return *box;
@@ -27,7 +27,7 @@ bool IsBelow(const Place& label, const Place& field) {
          centre <= field.Left + field.Width;
 }
 
-// The first field in the label's frame that stands to it in one of these ways.
+// The first field in the label's frame that satisfies one of `ways`.
 Control* FindField(const Label& label,
                    std::initializer_list<bool (*)(const Place&, const Place&)> ways) {
   for (const AnyControl& any : label.Owner.Controls) {

@@ -18,7 +18,7 @@ std::size_t CharacterSize(std::string_view text) {
   return size;
 }
 
-// The parts of a text that are shown as one character each.
+// Splits a text into the parts that are shown as one character each.
 Pieces ShownPieces(std::string_view text, bool multiLine) {
   Pieces pieces;
   while (!text.empty()) {
@@ -56,13 +56,13 @@ std::string Shown(std::string_view text, bool multiLine, std::string_view lineBr
   return shown;
 }
 
-// What a typed or pasted piece brings in.
+// The text that a typed or pasted piece inserts.
 std::string Accepted(std::string_view piece) {
   const bool endsTheText = piece == std::string_view("\0", 1);
   return endsTheText ? std::string() : AnsiToText(TextToAnsi(piece));
 }
 
-// The pieces of a typed or pasted text. The break behind a single line is no part of the line.
+// The pieces of a typed or pasted text. A single-line box drops the break that ends a single line.
 Pieces InsertedPieces(std::string_view text, bool multiLine) {
   Pieces pieces = ShownPieces(text, true);
   if (!multiLine && std::ranges::count_if(pieces, IsLineBreak) == 1 && IsLineBreak(pieces.back())) {
@@ -93,7 +93,7 @@ TextEdit FindEdit(std::string_view before, std::string_view after, int caret) {
   const Pieces old = ShownPieces(before, false);
   const Pieces now = ShownPieces(after, false);
   const std::size_t shorter = std::min(old.size(), now.size());
-  // What stands behind the caret is what stood there before, unless the edit came from elsewhere.
+  // The text after the caret is unchanged unless the edit was made elsewhere.
   const std::size_t at = std::min(static_cast<std::size_t>(std::max(caret, 0)), now.size());
   const std::size_t behind = std::min(now.size() - at, shorter);
   std::size_t suffix = CommonSuffix(old, now, behind) == behind ? behind : 0;
@@ -121,7 +121,7 @@ std::string EditedText(const TextBox& box, const TextEdit& edit) {
   std::for_each(pieces.begin(), start, [&](std::string_view piece) { before += piece; });
   std::for_each(end, pieces.end(), [&](std::string_view piece) { after += piece; });
 
-  auto moved = start;  // a line break that was only moved keeps its bytes
+  auto moved = start;  // a line break that only moved keeps its bytes
   const auto lineBreak = [&] {
     moved = std::find_if(moved, end, IsLineBreak);
     return moved == end ? std::string("\r\n") : std::string(*moved++);

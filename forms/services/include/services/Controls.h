@@ -1,5 +1,5 @@
-// The controls as the program sees them: records with state and events. They hold the exact rules
-// of when an event runs; a display mirrors their state and knows none of these rules.
+// The controls as the program sees them: records with state and events. They decide exactly when an
+// event runs; a display mirrors their state and knows none of these rules.
 #pragma once
 
 #include <functional>
@@ -15,21 +15,21 @@ namespace corvane {
 struct Form;
 struct Frame;
 
-/// In twips, relative to the parent frame, or to the client area for a control without one.
+/// In twips, relative to the parent frame, or to the client area without one.
 struct Place {
   int Left, Top, Width, Height;
 };
 
 enum class Alignment { Left, Right, Centre };
 
-/// What a row of a window's control table says of any control.
+/// A row of a window's control table.
 struct ControlRow {
   const char* Name;
   const char* Caption;  // '&' marks the mnemonic
   Place At;
   int TabIndex;
   const Frame* Parent = nullptr;
-  const char* AccessibleName = "";  // tells a control that takes the focus from its neighbours
+  const char* AccessibleName = "";  // distinguishes a focusable control from its neighbours
 };
 
 struct Control : ControlRow {
@@ -46,7 +46,7 @@ struct Control : ControlRow {
   [[nodiscard]] bool Visible() const { return IsVisible; }
   void SetEnabled(bool enabled);
   void SetVisible(bool visible);
-  void Redraw();  // asks the display to show the state anew
+  void Redraw();  // requests an update from the display
 
  private:
   bool IsEnabled = true;
@@ -71,28 +71,28 @@ struct Button : Control {
 
 enum class RowOrder { AsAdded, ByText };
 
-/// Rows of which one may be selected: what list boxes and dropdown combo boxes share.
+/// Rows with at most one selected: the common part of list boxes and combo boxes.
 struct RowControl : Control {
   RowControl(Form& owner, const ControlRow& row, RowOrder order)
       : Control(owner, row), Order(order) {}
 
   const RowOrder Order;
 
-  /// Raised on every change of the selected row by user or program, before the setter returns.
+  /// Raised when the user or the program changes the selected row, before the setter returns.
   std::function<void()> Click = [] {};
 
-  void Clear();                         // leaves no row selected; raises nothing
-  void AddItem(std::string_view text);  // behind the last row, or at its place in text order
-  /// Adds a row ahead of another, whatever the order; a place outside the list is its nearest end.
-  /// The selected row stays selected.
+  void Clear();                         // removes all rows without raising Click
+  void AddItem(std::string_view text);  // at the end, or in text order
+  /// Inserts a row before row `ahead`, ignoring Order; clamps `ahead` to the list. Keeps the
+  /// selection.
   void InsertItem(int ahead, std::string_view text);
   [[nodiscard]] int ListCount() const { return static_cast<int>(Rows.size()); }
-  [[nodiscard]] const std::string& List(int row) const;  // empty for a row that is not there
-  void SetList(int row, std::string_view text);          // in place; raises nothing
+  [[nodiscard]] const std::string& List(int row) const;  // empty for an invalid row
+  void SetList(int row, std::string_view text);          // in place, without raising Click
   [[nodiscard]] const std::string& Text() const { return List(Selected); }
 
-  [[nodiscard]] int ListIndex() const { return Selected; }  // -1: no selected row
-  /// An index without a row selects none. Setting what is already set raises nothing.
+  [[nodiscard]] int ListIndex() const { return Selected; }  // -1: none
+  /// An invalid index selects no row. Setting the current index raises nothing.
   void SetListIndex(int row);
 
  protected:
@@ -114,21 +114,21 @@ enum class TextLines { One, Several };
 struct TextBox : Control {
   TextBox(Form& owner, const ControlRow& row, int typedLimit = 0, TextLines lines = TextLines::One);
 
-  std::function<void()> Change = [] {};  // the text has changed, by user or program
-  /// The focus is about to move to another control of the window. False keeps it here.
+  std::function<void()> Change = [] {};  // the user or program changed the text
+  /// Runs before the focus moves to another control of the window. False keeps it here.
   std::function<bool()> Validate = [] { return true; };
 
-  const int TypedLimit;  // characters that typing and pasting lead to; 0: no limit
+  const int TypedLimit;  // in characters, for typing and pasting; 0: no limit
   const bool MultiLine;
 
   [[nodiscard]] const std::string& Text() const { return Content; }
-  /// Fills the box, past the limit if need be, and ends the history of the user's edits.
+  /// Sets the text, ignoring TypedLimit, and clears the history of the user's edits.
   void SetText(std::string_view text);
-  void ReplaceText(std::string_view text);  // as an edit of the user does: keeps the history
+  void ReplaceText(std::string_view text);  // as a user edit: keeps the history
 
-  EditHistory History;  // of the user's edits since the program last filled the box
+  EditHistory History;  // of user edits since the last SetText
 
-  // The selection in characters, and whether the program has set it since the display last looked.
+  // The selection in characters, and whether the program has set it since the last TakeSelection.
   int SelStart = 0;
   int SelLength = 0;
   bool SelectionSet = false;

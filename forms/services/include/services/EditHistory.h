@@ -1,5 +1,5 @@
-// The edits that a user made in a text box, to be undone and done again one by one. A box keeps its
-// own, since a widget's history does not survive the corrections that the program makes.
+// The undo and redo history of a text box. A widget's own history does not survive the corrections
+// that the program makes, so each box keeps one.
 #pragma once
 
 #include <optional>
@@ -11,18 +11,18 @@ namespace corvane {
 class EditHistory {
  public:
   struct State {
-    std::string Text;  // of the box, as the program holds it
+    std::string Text;  // of the TextBox, not as shown
     int Caret;         // in characters of the shown text
   };
 
-  /// Remembers the state ahead of an edit. What was undone can no longer be done again.
+  /// Records the state before an edit and clears the redo steps.
   void Add(State before);
-  /// Remembers a character typed at `before.Caret`: characters typed in a row are one step.
+  /// Records a character typed at `before.Caret`. Consecutive characters form one step.
   void AddTyped(State before);
-  /// Ends a row of typed characters.
+  /// Ends a run of typed characters.
   void EndTyping() { TypingAt = NotTyping; }
 
-  /// The state one step back or forth from `now`; nothing where no step is left.
+  /// The state one step back or forward from `now`; nothing if no step is left.
   [[nodiscard]] std::optional<State> Undo(State now);
   [[nodiscard]] std::optional<State> Redo(State now);
 
@@ -32,7 +32,7 @@ class EditHistory {
  private:
   static constexpr int NotTyping = -1;
   std::vector<State> Back, Forth;
-  int TypingAt = NotTyping;  // where the next character joins the last step
+  int TypingAt = NotTyping;  // the caret at which a character joins the last step
 };
 
 }  // namespace corvane

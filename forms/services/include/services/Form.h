@@ -1,4 +1,4 @@
-// A window as the program sees it: its controls, its menu, its focus and its life.
+// A window as the program sees it: its controls, menu, focus and lifetime.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace corvane {
 
 enum class Shortcut { None, CtrlS };
 
-/// How a menu shows the keys of a shortcut; empty for none.
+/// The keys of a shortcut as a menu shows them; empty for none.
 [[nodiscard]] const char* KeysOf(Shortcut shortcut);
 
 struct MenuEntry;
@@ -26,11 +26,11 @@ struct MenuItem {
   const char* Name;
   const char* Caption;
   Shortcut Key;
-  bool Enabled = true;  // as the last opening of its menu left it
+  bool Enabled = true;  // as of the last opening of its menu
   std::function<void()> Click = [] {};
 };
 
-/// An entry of the menu bar. Its Click runs just before its menu drops.
+/// An entry of the menu bar. Click runs just before the menu opens.
 struct MenuEntry {
   MenuEntry(Form& owner, const char* name, const char* caption);
   MenuEntry(const MenuEntry&) = delete;
@@ -45,12 +45,12 @@ struct MenuEntry {
 
 enum class Border { Resizable, FixedDialog };
 
-/// What a window's property table says; sizes and places in twips.
+/// A window's property table; sizes and places in twips.
 struct FormRow {
   const char* Caption;
   int ClientWidth, ClientHeight;
   Border BorderKind;
-  std::optional<Place> ClientAt = {};  // only Left and Top count; without it the system chooses
+  std::optional<Place> ClientAt = {};  // only Left and Top; without it the system chooses
 };
 
 struct Form : FormRow {
@@ -67,28 +67,28 @@ struct Form : FormRow {
 
   std::function<void()> Load = [] {};                       // the window is about to show
   std::function<bool()> QueryUnload = [] { return true; };  // False keeps it open
-  /// The session is about to end, and QueryUnload comes next: asks about what would be lost without
-  /// a word if the window were closed. False: the session is to go on.
+  /// Runs before QueryUnload when the session is about to end. Asks about changes that closing the
+  /// window would silently discard. False keeps the session running.
   std::function<bool()> QueryEndSession = [] { return true; };
 
   /// Raises Load and gives the focus to the first control in the tab order.
   void Open();
-  /// Opens the form as a modal dialog and returns when it has been unloaded, which may be in Load.
+  /// Opens the form as a modal dialog and returns when it is unloaded, possibly during Load.
   void ShowModal();
-  /// Closes the window, unless QueryUnload forbids it.
+  /// Closes the window unless QueryUnload returns False.
   void Unload();
 
   [[nodiscard]] bool IsOpen() const;
 
-  /// What takes the focus at this moment, by tab index.
+  /// The controls that can currently take the focus, by tab index.
   [[nodiscard]] std::vector<Control*> TabOrder() const;
-  /// Moves the focus on from a control that can no longer hold it.
+  /// Moves the focus away from a control that can no longer hold it.
   void LoseFocus(const Control& control);
 };
 
-/// The forms that are open, from the topmost down to the main window.
+/// The open forms, from the topmost down to the main window.
 [[nodiscard]] std::vector<Form*> OpenForms();
-/// The one that hears what a person does; nullptr if none is open.
+/// The form that receives gestures; nullptr if none is open.
 [[nodiscard]] Form* TopForm();
 
 }  // namespace corvane

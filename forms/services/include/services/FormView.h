@@ -1,6 +1,6 @@
-// The windows of a display as the services see them. Each shows one form. They stand in a row from
-// the main window to the topmost dialog, and each notes which controls have changed until it shows
-// them.
+// The windows of a display as the services see them. Each shows one form and collects changed
+// controls until it updates them. The windows form a stack from the main window to the topmost
+// dialog.
 #pragma once
 
 #include <functional>
@@ -16,8 +16,8 @@ namespace corvane {
 /// A control and the widget that shows it.
 struct ControlView {
   Control* Shown;
-  void* Widget;                  // the display's own; only told apart from others
-  std::function<void()> Mirror;  // shows the control's present state; what is alike stays untouched
+  void* Widget;                  // owned by the display; only compared
+  std::function<void()> Mirror;  // shows the control's state; leaves what matches untouched
 };
 
 class FormView {
@@ -30,19 +30,19 @@ class FormView {
   virtual void Run() = 0;  // shows the window and returns when it is closed
   virtual void Close() = 0;
 
-  [[nodiscard]] static FormView* Top();  // the topmost window; or nullptr
+  [[nodiscard]] static FormView* Top();  // the topmost window, or nullptr
 
  protected:
-  /// Has the real focus where the form has it: at a widget, or nowhere (nullptr).
+  /// Moves the native focus to a widget, or to none (nullptr), as in the form.
   virtual void MirrorFocus(void* widget) = 0;
 
   void AddView(const ControlView& view);
-  void MirrorEverything();                                     // such as when all widgets are new
+  void MirrorEverything();                                     // e.g. when all widgets are new
   [[nodiscard]] void* WidgetOf(const Control* control) const;  // or nullptr
   [[nodiscard]] Control* ControlOf(const void* widget) const;  // or nullptr
 
   Form& Shown;
-  FormView* const Below;  // the window that this one stands on; nullptr for the main window
+  FormView* const Below;  // the next window down; nullptr for the main window
 
  private:
   friend Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show);
@@ -53,11 +53,10 @@ class FormView {
   std::set<const Control*> Changed;
 };
 
-/// Brings all windows up to date. Every gesture ends with this, and boxes, dialogs and windows open
-/// after it.
+/// Updates all windows. Runs at the end of every gesture and before a box, dialog or window opens.
 void ShowChanges();
 
-/// A display that shows forms by these views; its boxes and dialogs are still to be filled in.
+/// A display that shows forms in these views. The caller fills in the boxes and dialogs.
 [[nodiscard]] Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show);
 
 }  // namespace corvane

@@ -1,8 +1,8 @@
-// What a person can do to a window. A display turns its toolkit's events into these; a test makes
-// them directly and so plays whole sessions through the code that the windows run.
+// What a user can do to a window. A display turns its toolkit's events into gestures; a test calls
+// them directly and so runs complete sessions through the same code.
 //
-// A gesture at a form that is not the topmost one, or while a message box or file dialog stands,
-// does nothing, however it came about. Every gesture ends with showing what has changed.
+// A gesture does nothing on a form that is not topmost, or while a message box or file dialog is
+// open. Every gesture ends by showing the changes.
 #pragma once
 
 #include "services/Controls.h"
@@ -12,56 +12,55 @@
 
 namespace corvane {
 
-/// Whether gestures at a form count at this moment.
+/// Whether a form currently accepts gestures.
 [[nodiscard]] bool Hears(const Form& form);
 
-/// Gives a control the focus, after the Validate of the field that has it. False if that refused,
-/// or the control cannot take the focus: then nothing at all has happened, and nothing may.
+/// Gives a control the focus after the focused field's Validate. False if Validate refuses or the
+/// control cannot take the focus. Nothing has changed then, and the caller must do nothing.
 [[nodiscard]] bool MoveFocus(Control& to);
 
-/// The real focus has come to a control by no gesture, such as through a screen reader.
+/// The native focus moved to a control without a gesture, e.g. through a screen reader.
 void FollowFocus(Control& now);
 
-/// A mouse button goes down over a control, or over none (nullptr). Whether anything may react.
+/// A mouse button goes down over a control, or over none (nullptr). False: nothing may react.
 [[nodiscard]] bool AllowPress(Form& form, Control* under);
 
-/// The wheel turns over a control, or over none. Whether that may react.
+/// The wheel turns over a control, or over none (nullptr). False: the control must not react.
 [[nodiscard]] bool AllowWheel(const Form& form, const Control* under);
 
-/// Picks a row with mouse or keyboard. In a combo box a choice counts also if it is the row on
-/// show: what stands behind that row may be another value.
+/// Picks a row with mouse or keyboard. In a combo box, picking the displayed row also counts: the
+/// value it represents may differ.
 void PickRow(ListBox& list, int row);
 void PickRow(ComboBox& combo, int row);
 void DoubleClick(ListBox& list, int row);
 
-/// Edits a text box as it is shown; the typed limit and the code page bind what comes in.
+/// Edits a text box as shown. The typed limit and the code page restrict the inserted text.
 void EditText(TextBox& box, const TextEdit& edit);
 void Undo(TextBox& box);
 void Redo(TextBox& box);
 
-/// Clicks a button, with the mouse, a blank, or its mnemonic.
+/// Clicks a button with the mouse, the space bar or its mnemonic.
 void Press(Button& button);
 
-/// A key stroke at the control with the focus. False: it means nothing to the window, and the
-/// widget with the focus is to have it.
+/// A key stroke at the focused control. False: the window does not use it, and the focused widget
+/// should handle it.
 bool PressKey(Form& form, const KeyStroke& stroke);
 
-/// Runs the Click of a menu bar entry, which tells what of its items is available.
+/// Runs the Click of a menu bar entry, which enables and disables its items.
 void OpenMenu(MenuEntry& menu);
-/// Picks an item of a menu; nothing happens if it is greyed.
+/// Picks a menu item; does nothing if it is disabled.
 void Choose(MenuItem& item);
 
 /// The window's close box.
 void CloseWindow(Form& form);
 
-/// The session is about to end. Asks in each open window about what would be lost, from the
-/// topmost down. False: the session is to go on.
+/// The session is about to end. Asks about unsaved changes in each open window, from the topmost
+/// down. False keeps the session running.
 [[nodiscard]] bool QueryEndSession();
-/// What to tell a system that shows its user why the end of the session has to wait.
+/// For systems that show the user why the session cannot end yet.
 inline constexpr char EndSessionReason[] = "Changes have not been saved.";
-/// The same as QueryEndSession, for a signal and the like: ends the program unless an answer
-/// forbids it. While a box or file dialog stands, this waits until it is closed and what came of it
-/// is done.
+/// QueryEndSession for signals and similar requests: ends the program unless an answer forbids it.
+/// While a box or file dialog is open, waits until it is closed and its gesture has finished.
 void EndSession();
 
 }  // namespace corvane

@@ -15,7 +15,7 @@ struct KeyStroke {
   KeyStroke(char letter, Modifiers with) : Pressed(Key::Letter), Letter(letter), With(with) {}
 
   Key Pressed;
-  char Letter = '\0';  // of Key::Letter: its key, A to Z, in either letter case
+  char Letter = '\0';  // of Key::Letter: A to Z, in either case
   Modifiers With;
 };
 

@@ -1,15 +1,15 @@
-// Which label belongs to which field, for whoever hears a window instead of seeing it.
+// Which label belongs to which field, for screen readers.
 #pragma once
 
 #include "services/Controls.h"
 
 namespace corvane {
 
-/// The field or list that a label names: the one beside it in the same row, or right below it.
-/// nullptr for a label that names none.
+/// The field or list that a label names: to its right in the same row, or directly below. nullptr
+/// if there is none.
 [[nodiscard]] Control* FieldOf(const Label& label);
 
-/// The field whose line of text the label shares, or nullptr.
+/// The field to the right of a label in the same row, or nullptr.
 [[nodiscard]] Control* FieldBeside(const Label& label);
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// From twips to the pixels of a screen, alike on every display.
+// Converts twips to screen pixels, identically on every display.
 #pragma once
 
 #include <algorithm>
@@ -7,16 +7,16 @@
 
 namespace corvane {
 
-inline constexpr int UsualDpi = 96;  // at which 15 twips are one pixel
+inline constexpr int UsualDpi = 96;  // 15 twips per pixel
 
-/// To the nearest pixel.
+/// Rounds to the nearest pixel.
 [[nodiscard]] constexpr int ToPixels(int twips, int dpi = UsualDpi) {
   constexpr int TwipsPerInch = 1440;
   return (twips * dpi + TwipsPerInch / 2) / TwipsPerInch;
 }
 
-/// Where a window goes that would stand partly beside its screen: onto it, and with its upper left
-/// corner in sight if it is larger.
+/// Moves a window that is partly off the screen onto it. A window larger than the screen keeps its
+/// upper left corner visible.
 [[nodiscard]] constexpr Place MoveOnto(const Place& screen, Place window) {
   window.Left = std::min(window.Left, screen.Left + screen.Width - window.Width);
   window.Top = std::min(window.Top, screen.Top + screen.Height - window.Height);

@@ -1,12 +1,12 @@
-// The program on the screen: its windows, boxes and dialogs stand behind the display record. Each
-// display has these two in a Program.cpp of its own.
+// The functions that each display defines in its own Program.cpp. Windows, boxes and dialogs go
+// through the Display record.
 #pragma once
 
 #include "services/Form.h"
 
 namespace corvane {
 
-/// Opens the main form and returns the exit code when it is unloaded or the program is ended.
+/// Opens the main form. Returns the exit code when the form is unloaded or the program ends.
 int RunProgram(int argc, char** argv, Form& form);
 
 void SystemBeep();
