@@ -1,4 +1,4 @@
-// What the user is told after a catalogue was loaded.
+// The message shown after a catalogue is loaded.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The empty text if all map files were read.
+/// Empty if all map files were read.
 [[nodiscard]] std::string CatalogueMessage(const CatalogueReport& report);
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// The commands of the File menu: open, check, save, leave.
+// The commands of the File menu: open, check, save, exit.
 
 #include "Saving.h"
 #include "base/FolderScan.h"
@@ -15,7 +15,7 @@ constexpr char PatchFilter[] = "Corvane Patch Files (*.crv)|*.crv";
 
 bool GameIsOpen() { return KindOfFile(OpenedFile) == FileKind::GameExeFile; }
 
-// True if the tables may be written; otherwise the findings have been shown.
+// True if the tables may be written. Otherwise shows the findings.
 bool TablesAreSound() {
   const std::string findings = CheckTables();
   if (!findings.empty()) Tell("Error: " + findings);
@@ -62,7 +62,7 @@ void Form1::mnuFileOpen_Click() {
 }
 
 void Form1::mnuFileSave_Click() {
-  // Since its menu was last opened, the item's state may have grown old.
+  // The item's state dates from the last opening of its menu and may be stale.
   if (!GameIsOpen() || !TablesAreSound()) return;
   const std::string path = OpenedExePath();
   if (!Ask("This will directly modify the file " + path +

@@ -43,7 +43,7 @@ void Form1::WireControls() {
   cmdDelete.Click = [this] { cmdDelete_Click(); };
 }
 
-// The Validate of the ten fields: each enters its number for the row selected at that moment.
+// Each of the ten fields enters its number for the row selected at the time of Validate.
 void Form1::WireFields() {
   BindField(txtMapLeft, MapLeft, lstMaps);
   BindField(txtMapTop, MapTop, lstMaps);
@@ -83,8 +83,8 @@ void Form1::ShowCatalogue() {
   if (!complaint.empty()) Tell(complaint);
 }
 
-// Brings the rows up to date in place, so that the selected row stays selected. A new row goes to
-// the end, past the list's own order: among cleared slots that order can differ from MapRows.
+// Updates rows in place to keep the selection. Appends new rows regardless of the list's order,
+// which can differ from MapRows among cleared slots.
 void Form1::ShowMapRows() {
   const auto count = static_cast<int>(MapRows.size());
   for (int map = 0; map < count; ++map) {
@@ -150,7 +150,7 @@ void Form1::lstConnections_Click() {
   SettingArrow = true;
   const int arrow = MapConnections(lstMaps.ListIndex(), RowMapIndex(lstConnections.Text()));
   cboArrows.SetListIndex(arrow);
-  // A number that is no arrow selects none, which is no change where none was selected before.
+  // An invalid arrow number selects no row; if none was selected before, Click does not run.
   if (cboArrows.ListIndex() < 0) ShowNoArrow();
   SettingArrow = false;
 }

@@ -1,4 +1,4 @@
-// Ties a text box to the number that it edits.
+// Binds a text box to the number that it edits.
 #pragma once
 
 #include "rules/FieldEntry.h"
@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Makes the box's Validate enter its text for the selected row of `rows`. A refused text keeps
-/// the focus, all of it selected.
+/// Makes the box's Validate enter its text for the selected row of `rows`. A rejected text keeps
+/// the focus and is fully selected.
 void BindField(TextBox& box, const NumericField& field, const RowControl& rows);
 
 }  // namespace corvane

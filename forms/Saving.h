@@ -1,4 +1,4 @@
-// A save as the user meets it: asked about what it would lose, told why it failed.
+// Saves that ask before overwriting another program's changes, and report failures to the user.
 #pragma once
 
 #include <functional>
@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Runs `save` for the file at `path`; where another program has changed the file, asks, and on Yes
-/// saves over those changes. True if the file was saved. The user has been told of a failure.
+/// Runs `save` for the file at `path`. If another program has changed the file, asks, and on Yes
+/// overwrites those changes. True if the file was saved. Shows any failure to the user.
 [[nodiscard]] bool SaveAndTell(const std::string& path,
                                const std::function<Result<>(OthersChanges)>& save);
 

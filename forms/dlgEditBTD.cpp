@@ -12,7 +12,7 @@
 namespace corvane {
 namespace {
 
-// The rows of cboVLType, by the Kind that each stands for.
+// The rows of cboVLType and their Kinds.
 struct KindRow {
   const char* Text;
   VLKind Kind;
@@ -23,7 +23,7 @@ constexpr std::array<KindRow, 4> KindRows{{{"NONE", VLKind::Unused},
                                            {"Major Objective", VLKind::MajorObjective}}};
 constexpr int ExitRow = 1;
 
-// A Kind that has no row shows as the first.
+// The first row for a Kind without a row.
 int RowOfKind(VLKind kind) {
   for (std::size_t row = 0; row < KindRows.size(); ++row) {
     if (KindRows[row].Kind == kind) return static_cast<int>(row);
@@ -65,7 +65,7 @@ void dlgEditBTD::Wire() {
   cmdHelp.Click = [] { cmdHelp_Click(); };
 }
 
-// The BTD file that the row of the map names.
+// The BTD file named in the map's row.
 std::string dlgEditBTD::ListedFile() const { return RowFileName(MapRow(Map)); }
 
 VictoryLocation& dlgEditBTD::SelectedVL() const { return EditedVL(lstVLs.ListIndex()); }
@@ -74,7 +74,7 @@ void dlgEditBTD::Form_Load() {
   FillLists();
   const auto read = ReadRecords();
   if (!read.Done()) {
-    // What the records still hold belongs to another map, and OK would write it.
+    // The records still hold another map, which OK would write.
     Tell("Error: " + FailureMessage(read.Error()));
     return Unload();
   }
@@ -123,7 +123,7 @@ void dlgEditBTD::lstVLs_Click() {
     const int last = cboVLDest.ListCount() - 1;
     const int row = SelectedVL().Destination == OffMap ? last : SelectedVL().Destination;
     cboVLDest.SetListIndex(row);
-    if (row == last) SelectedVL().Destination = OffMap;  // 43 shows as that row, and is stored so
+    if (row == last) SelectedVL().Destination = OffMap;  // 43 also selects that row
   }
 }
 
@@ -142,7 +142,7 @@ void dlgEditBTD::cboVLType_Click() {
 
 void dlgEditBTD::cboVLDest_Click() {
   const int row = cboVLDest.ListIndex();
-  if (row < 0) return;  // shows a destination that has no row, and keeps it
+  if (row < 0) return;  // keeps a destination that has no row
   const bool offMap = row == cboVLDest.ListCount() - 1;
   SelectedVL().Destination = static_cast<std::uint8_t>(offMap ? OffMap : row);
 }
@@ -156,7 +156,7 @@ void dlgEditBTD::OKButton_Click() {
   const auto save = [&](OthersChanges others) {
     const BtdFile* known = isTheOneRead && others == OthersChanges::Keep ? &*AsRead : nullptr;
     auto saved = WriteBtd(*path, static_cast<std::uint8_t>(Map), VLTable, text, known);
-    // What then differs from what was read is our own doing.
+    // After a torn save, differences from the file as read are this program's own.
     if (isTheOneRead && !saved.Done() && IsTorn(saved.Error().State)) AsRead.reset();
     return saved;
   };
@@ -174,7 +174,7 @@ BtdText dlgEditBTD::TextOfBoxes() const {
   return text;
 }
 
-// The close box drops the edits, as the user wants it to; the end of a session may come unwanted.
+// The close box drops edits by intent; the end of a session may come unintended.
 bool dlgEditBTD::Form_QueryEndSession() const {
   const bool edited = VLTable != OpenedVLs || TextOfBoxes() != OpenedText ||
                       txtVLX.Text() != std::to_string(SelectedVL().TileX) ||  // being typed

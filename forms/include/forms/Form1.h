@@ -56,9 +56,9 @@ struct Form1 : Form {
   // clang-format on
 
   CommonDialog CommonDialog1;
-  bool SettingArrow = false;  // the arrow on show is being changed by the program, not the user
+  bool SettingArrow = false;  // the program, not the user, is changing the displayed arrow
 
-  /// Rebuilds the catalogue from the BTD files and shows it from its first row on.
+  /// Rebuilds the catalogue from the BTD files and shows it from the first row.
   void ShowCatalogue();
 
   void lstMaps_Click();

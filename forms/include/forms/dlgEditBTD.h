@@ -13,13 +13,13 @@ namespace corvane {
 struct dlgEditBTD : Form {
   explicit dlgEditBTD(int map);
 
-  // What is being edited. The records outlive the window: where there is no file to read, the
-  // dialog shows what the opening before left in them.
+  // The edited records. They outlive the window: without a file to read, the dialog shows what the
+  // previous opening left in them.
   static inline VictoryLocations VLTable;
   static inline BtdText VLText;  // as last read or saved; the boxes hold the edits
 
   // Controls: name, caption, place {left, top, width, height}, tab index, parent, accessible name;
-  // then the typed length of a text box and whether it has several lines.
+  // then, for a text box, the typed limit and whether it is multi-line.
   // clang-format off
   Button   OKButton      {*this, {"OKButton",       "OK",                {2895, 4440, 1215,  375},  0, nullptr, "OK"}};
   Frame    Frame1        {*this, {"Frame1",         "Victory Locations", { 120,  360, 2655, 3855},  1}};
@@ -64,9 +64,9 @@ struct dlgEditBTD : Form {
   [[nodiscard]] BtdText TextOfBoxes() const;
 
   const int Map;
-  VictoryLocations OpenedVLs;  // as the dialog showed them first
+  VictoryLocations OpenedVLs;  // as first shown
   BtdText OpenedText;
-  std::string ReadPath;  // of the file that was read, if any
+  std::string ReadPath;  // the file that was read; empty if none
   std::optional<BtdFile> AsRead;
 };
 
