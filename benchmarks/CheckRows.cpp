@@ -14,7 +14,7 @@ unsigned SumOf(const void* table, std::size_t size) {
   return std::accumulate(bytes, bytes + size, 0U);
 }
 
-// A finding for every exit, map slot and arrow slot.
+// Causes a finding for every exit, map slot and arrow slot.
 void SpoilTables() {
   StrMap = {};
   StrArrow = {};

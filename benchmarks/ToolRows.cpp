@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-// A picture is flushed to the disk before it takes its place, in the floor as well.
+// Both the tool and the floor flush the picture to disk before they rename it into place.
 void AddToolRows(const std::string& folder) {
   const std::string exe = folder + "/CC4.EXE", picture = folder + "/picture.svg";
   const Job draw = ProcessJob(Cost::Millis, {TOOL, "draw", exe, picture});

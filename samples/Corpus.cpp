@@ -25,7 +25,7 @@ Inputs BtdInputs(const corvane::SampleGame& game) {
   return {file, file.substr(0, 8526), file.substr(0, 325), file.substr(0, 4)};
 }
 
-// `count` elements of an array.
+// An array of `count` equal elements.
 std::string Elements(int count, const std::string& element) {
   std::string elements = element;
   while (--count > 0) elements += ", " + element;

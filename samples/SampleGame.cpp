@@ -77,7 +77,7 @@ void PlaceTiles(GameTables& tables, Noise& noise) {
   }
 }
 
-// A stretch of one axis, in pixels.
+// A range on one axis, in pixels.
 struct Stretch {
   int Start;
   int Length;

@@ -1,5 +1,5 @@
-// The floor of the program's window: the same controls with the same texts and rows as bare
-// widgets. Its argument is their list; with "select" it measures the selection of maps in them.
+// The floor for the program's window: the same controls, texts and rows as bare widgets. Its
+// argument is the control list; with "select" it measures the selection of maps.
 #include <QtWidgets>
 
 #include "../ControlList.h"

@@ -6,7 +6,7 @@
 #include <QtWidgets>
 #include <cstdio>
 
-/// Prints the median time of a selection and its painting, in microseconds, going from map 0 to 42
+/// Prints the median time to select a map and paint the result, in microseconds, over maps 0 to 42
 /// and back.
 template <class Select>
 void PrintSelectTime(const Select& select) {

@@ -1,5 +1,5 @@
-// The floor of the program's window: the same controls with the same texts and rows, made by the
-// system's calls alone. Its argument is their list.
+// The floor for the program's window: the same controls, texts and rows, created with system calls
+// only. Its argument is the control list.
 #include <windows.h>
 //
 #include <commctrl.h>
@@ -100,7 +100,7 @@ void Fill(HWND window, const std::vector<ListedControl>& controls) {
   SetMenu(window, bar);
 }
 
-// Timers wait until everything has been painted.
+// Timer messages arrive only after all painting is done.
 void CALLBACK Measure(HWND, UINT, UINT_PTR, DWORD) { PrintOwnCosts(); }
 
 }  // namespace

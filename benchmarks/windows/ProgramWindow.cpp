@@ -9,7 +9,7 @@ namespace {
 corvane::Form1* Main;
 const char* Game;
 
-// Timers wait until everything has been painted.
+// Timer messages arrive only after all painting is done.
 void CALLBACK Measure(HWND, UINT, UINT_PTR, DWORD) {
   if (!Game) return PrintOwnCosts();
   corvane::TheDisplay.ShowOpenDialog = [](corvane::CommonDialog& dialog) {

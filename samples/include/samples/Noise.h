@@ -25,7 +25,7 @@ class Noise {
  private:
   std::uint32_t Next() {
     State = State * 1664525 + 1013904223;
-    return State >> 8;  // the low bits repeat early
+    return State >> 8;  // the low bits have short periods
   }
 
   std::uint32_t State;
