@@ -57,7 +57,7 @@ std::error_code RawFile::WriteAt(std::uint64_t offset, std::span<const std::byte
     std::size_t step = 0;
     if (const auto error = SystemWrite(Handle, offset + written, bytes.subspan(written), step))
       return error;
-    // A system that takes nothing and names no reason would be asked for ever.
+    // Without this, a write that moves nothing and reports no error would loop endlessly.
     if (step == 0) return std::make_error_code(std::errc::io_error);
     written += step;
   }

@@ -1,5 +1,5 @@
-// Single steps of the system on a file. RawFile is made from them and adds what all systems share:
-// loops over short transfers and range checks. The tests put faults around these steps.
+// Single file operations of the system. RawFile builds on them and adds what all systems share:
+// loops over short transfers and range checks. The tests inject faults into these operations.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ using SystemHandle = std::intptr_t;
 [[nodiscard]] std::error_code SystemOpen(const NativePath& path, OpenMode mode,
                                          SystemHandle& handle);
 [[nodiscard]] std::error_code SystemStatus(SystemHandle handle, FileStatus& status);
-/// Of what stands at a path; of a link, what it leads to. Fails if that cannot be told.
+/// The status of a path, following links. Fails if it cannot be determined.
 [[nodiscard]] std::error_code SystemPathStatus(const NativePath& path, FileStatus& status);
 /// One transfer, which may be short; `moved` is 0 at the end of the file.
 [[nodiscard]] std::error_code SystemRead(SystemHandle handle, std::uint64_t offset,
@@ -29,13 +29,13 @@ using SystemHandle = std::intptr_t;
                                           std::span<const std::byte> bytes, std::size_t& moved);
 [[nodiscard]] std::error_code SystemSetLength(SystemHandle handle, std::uint64_t length);
 [[nodiscard]] std::error_code SystemFlush(SystemHandle handle);
-/// The handle is gone afterwards, also if this fails.
+/// Invalidates the handle even if this fails.
 [[nodiscard]] std::error_code SystemClose(SystemHandle handle);
 [[nodiscard]] std::error_code SystemRemove(const NativePath& path);
 
 /// The system's message for an error, in UTF-8, without a period.
 [[nodiscard]] std::string SystemMessage(std::error_code error);
-/// What probably causes an error with this file, or helps against it; empty if nothing is known.
+/// A probable cause of an error on this file, or a remedy; empty if neither is known.
 [[nodiscard]] std::string SystemHint(std::error_code error, const std::string& path);
 
 }  // namespace corvane

@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-// Integers and records move as they lie in memory.
+// Integers and records are copied from and to memory unchanged.
 static_assert(std::endian::native == std::endian::little);
 
 using BtdImage = std::array<std::byte, BtdSize>;

@@ -12,14 +12,14 @@
 namespace corvane {
 namespace {
 
-// The tables of a file as they were last read or written here.
+// The tables of a file as this program last read or wrote them.
 struct SeenFile {
   std::string Path;
   GameTables Tables;
 };
 std::vector<SeenFile> SeenFiles;
 
-// By the same path, which asks nothing of the system, or by another to the same file.
+// Compares the paths first, which needs no system call, then the files.
 SeenFile* FindSeen(const std::string& path) {
   auto seen = std::ranges::find(SeenFiles, path, &SeenFile::Path);
   if (seen == SeenFiles.end()) {
@@ -80,7 +80,7 @@ Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges ot
   if (saved.Done()) {
     Remember(fileName);
   } else if (IsTorn(saved.Error().State)) {
-    Forget(fileName);  // what differs now is our own doing
+    Forget(fileName);  // the differences are our own
   }
   return saved;
 }

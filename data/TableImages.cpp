@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-// The tables move as they lie in memory.
+// The tables are copied from and to memory unchanged.
 static_assert(std::endian::native == std::endian::little);
 static_assert(sizeof(GameTables) == PatchFileSize);
 static_assert(offsetof(GameTables, Tiles) == TablePlaces[0].PatchOffset);
@@ -21,7 +21,7 @@ static_assert(offsetof(Hotspot, CenterY) == 4);
 
 namespace {
 
-// The ranges of `bytes`, the memory of GameTables, at their places in CC4.EXE.
+// The ranges of `bytes`, the memory of GameTables, with their offsets in CC4.EXE.
 template <class Range, class Bytes>
 std::array<Range, TablePlaces.size()> GameRanges(Bytes bytes) {
   std::array<Range, TablePlaces.size()> ranges;

@@ -6,7 +6,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::int16_t MaxConnectionRows = 9;  // that adding leads to; loaded tables may have more
+constexpr std::int16_t MaxConnectionRows = 9;  // limit for adding; loaded tables may have more
 constexpr std::int32_t ArrowOfNewConnection = 0;
 
 }  // namespace

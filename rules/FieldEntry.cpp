@@ -13,7 +13,7 @@ constexpr std::int32_t MaxNumber = std::numeric_limits<std::int32_t>::max();
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Nothing if the number is above `max`.
+// Empty if the number exceeds `max`.
 std::optional<std::int32_t> NumberOf(std::string_view digits, std::int32_t max) {
   std::int64_t number = 0;
   for (const char digit : digits) {

@@ -8,7 +8,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::size_t MaxRowsByAdding = 41;  // fewer than the tables have slots
+constexpr std::size_t MaxRowsByAdding = 41;  // below the number of map slots
 
 Result<> ClearBtdFile(const std::string& row) {
   const std::string name = RowFileName(row);

@@ -27,7 +27,7 @@ std::string HomeFolder() {
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
-/// The file's text, as far as it can be read.
+/// The text of the file; empty if it cannot be read or is too large.
 std::string ReadRegistry(const std::string& path) {
   RawFile file;
   FileStatus status;
@@ -40,7 +40,7 @@ std::string ReadRegistry(const std::string& path) {
   return text;
 }
 
-/// Where a 64-bit prefix keeps what 32-bit programs write under `key`.
+/// The key in which a 64-bit prefix stores what 32-bit programs write under `key`.
 std::string KeyOf32BitPrograms(const std::string& key) {
   const std::size_t root = key.find('\\') + 1;
   return key.substr(0, root) + "Wow6432Node\\" + key.substr(root);
@@ -50,8 +50,8 @@ bool IsLetter(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-/// A Windows path with a drive as a path of this system, found in any letter case as far as it
-/// exists. Separators stay as many as they were; a text without a drive stays as it is.
+/// Converts a Windows path with a drive to a path of this system. Folders that exist are matched
+/// case-insensitively. Keeps repeated separators, and a text without a drive.
 std::string FolderOfThisSystem(const std::string& prefix, std::string_view path) {
   if (path.size() < 2 || !IsLetter(path[0]) || path[1] != ':') return std::string(path);
   std::string folder = prefix + "/dosdevices";

@@ -5,8 +5,8 @@
 namespace corvane {
 namespace {
 
-// What matches: the capital of a character; for a byte that is no UTF-8, a number that no character
-// has.
+// The value to compare: the capital of a character or, for a byte that is not UTF-8, a number that
+// no character has.
 char32_t TakeMatch(std::string_view& text) {
   constexpr char32_t BehindCharacters = 0x110000;
   const auto byte = static_cast<unsigned char>(text.front());

@@ -8,15 +8,15 @@ namespace corvane {
 
 inline constexpr char32_t NotUtf8 = 0xFFFFFFFF;
 
-/// Takes the first character off `text`, which is not empty. Bytes that are no UTF-8, overlong
-/// forms and surrogates among them, come off one by one as NotUtf8.
+/// Removes and returns the first character of `text`, which is not empty. Bytes that are not UTF-8,
+/// including overlong forms and surrogates, are removed one at a time as NotUtf8.
 [[nodiscard]] char32_t TakeCharacter(std::string_view& text);
 
-/// `character` is at most 0x10FFFF and no surrogate.
+/// `character` is at most 0x10FFFF and not a surrogate.
 void AppendUtf8(char32_t character, std::string& text);
 
-/// True if the texts differ in letter case at most, character by character, as file names do on
-/// Windows. Bytes that are no UTF-8 match themselves only.
+/// Compares character by character, case-insensitive, as Windows compares file names. A byte that
+/// is not UTF-8 matches only itself.
 [[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace corvane

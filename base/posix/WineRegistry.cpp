@@ -1,5 +1,5 @@
-// A reader for Wine's registry files, line by line. Every Take function takes what it recognises
-// off the front of its text; what it cannot make out, it reports as nothing.
+// Parses Wine's registry files line by line. Each Take function removes what it recognises from the
+// front of its text, and returns nothing if the text is malformed.
 #include "posix/WineRegistry.h"
 
 #include <algorithm>
@@ -79,7 +79,8 @@ char32_t TakeRawCharacter(std::string_view& text) {
   return character == NotUtf8 ? U'?' : character;
 }
 
-/// What follows a backslash: digits, a letter with a meaning, or a character that means itself.
+/// The part of an escape after its backslash: digits, a letter with a meaning, or any other
+/// character, which means itself.
 char32_t TakeEscape(std::string_view& text) {
   constexpr std::string_view Letters = "abefnrtv";
   constexpr std::string_view Meanings = "\a\b\033\f\n\r\t\v";
@@ -91,7 +92,7 @@ char32_t TakeEscape(std::string_view& text) {
   return place == Letters.npos ? character : static_cast<char32_t>(Meanings[place]);
 }
 
-/// Text up to `closing`, which comes off as well; nothing if it is missing.
+/// The text up to `closing`, which is removed too; nothing if it is missing.
 std::optional<std::string> TakeEscaped(std::string_view& text, char closing) {
   std::u16string units;
   while (!text.empty() && text.front() != closing) {
@@ -122,7 +123,7 @@ std::optional<std::string> TakeNumberValue(std::string_view& line) {
   return AnsiToText(bytes);
 }
 
-/// A list of bytes, which goes on in the next line of `rest` where a backslash ends the line.
+/// A list of bytes. A backslash at the end of a line continues it in the next line of `rest`.
 std::optional<std::string> TakeBytes(std::string_view line, std::string_view& rest) {
   std::string bytes;
   while (!line.empty()) {
@@ -148,7 +149,7 @@ std::string TextOfBytes(std::uint32_t type, const std::string& bytes) {
   return TextOfUnits(units);
 }
 
-/// The number in "(2):"; `without` if there is but a colon.
+/// The number in "(2):"; `without` if there is only a colon.
 std::optional<std::uint32_t> TakeType(std::string_view& line, std::uint32_t without) {
   const bool given = Take(line, "(");
   const auto type = given ? TakeNumber(line, 16, 8) : without;
@@ -169,7 +170,7 @@ std::optional<std::string> TakeValue(std::string_view line, std::string_view& re
   return TakeQuotedValue(line);
 }
 
-/// The name in front of a value and the sign between them; "@" names the value without a name.
+/// The name before a value, removed with the "=" between them. "@" names the unnamed value.
 std::optional<std::string> TakeName(std::string_view& line) {
   auto name = Take(line, "@") ? std::optional<std::string>("") : TakeQuoted(line);
   SkipBlanks(line);

@@ -1,4 +1,4 @@
-// The text form in which a Wine prefix keeps its registry, read only.
+// Reads the text files in which a Wine prefix stores its registry.
 #pragma once
 
 #include <optional>
@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The value `name` of `key` (which may end in a separator) in the registry file with the text
-/// `file`, as UTF-8 with all the NULs that the value holds; the closing one of a quoted text, which
-/// the file leaves out, is put in. Values of types other than text count as bytes in the ANSI code
-/// page. Of several, the last well-formed one counts. Letter case does not.
+/// The value `name` of `key` (which may end in a separator) in the text of a registry file. The
+/// result is UTF-8 and includes the NULs of the value; a quoted text gets the closing NUL that the
+/// file omits. Values of other types are read as bytes in the ANSI code page. The last well-formed
+/// value wins. Names are case-insensitive.
 [[nodiscard]] std::optional<std::string> FindRegistryValue(std::string_view file,
                                                            std::string_view key,
                                                            std::string_view name);

@@ -1,4 +1,4 @@
-// The system's ANSI code page, without its best fits: these would turn letters into look-alikes.
+// The system's ANSI code page, without best-fit mapping, which replaces letters by look-alikes.
 #include "base/AnsiText.h"
 
 #include <windows.h>
@@ -8,8 +8,8 @@
 namespace corvane {
 namespace {
 
-/// A field has one byte a character, and all of its bytes have to survive. Code pages with longer
-/// characters (East Asian ones, UTF-8) cannot give that.
+/// A field has one byte per character, and every byte must survive the round trip. Code pages with
+/// longer characters (East Asian ones, UTF-8) cannot guarantee that.
 UINT OneByteCodePage() {
   constexpr UINT WesternEuropean = 1252;
   CPINFO info{};
@@ -27,7 +27,7 @@ std::string AnsiToText(std::string_view bytes) {
 
 std::string TextToAnsi(std::string_view text) {
   std::wstring wide = TextToWide(text);
-  std::erase_if(wide, IsSecondHalf);  // or such a character would become two marks
+  std::erase_if(wide, IsSecondHalf);  // otherwise such a character becomes "??"
   std::string bytes(wide.size(), '\0');
   const int size = ::WideCharToMultiByte(OneByteCodePage(), WC_NO_BEST_FIT_CHARS, wide.data(),
                                          static_cast<int>(wide.size()), bytes.data(),

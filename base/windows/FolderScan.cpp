@@ -1,5 +1,5 @@
-// Folders through the calls of Windows. The system's wildcards are asked for everything only: they
-// compare the short names as well.
+// Folders through the Windows API. Lists with the wildcard "*" only, since others match the short
+// names, too.
 #include "base/FolderScan.h"
 #include "base/LetterCase.h"
 
@@ -36,7 +36,7 @@ bool IsOrdinaryFile(DWORD attributes) {
   return (attributes & Others) == 0;
 }
 
-/// The names that mean a device in every folder, whatever extension follows.
+/// True for a name that denotes a device in every folder, with any extension.
 bool IsDevice(std::string_view name) {
   constexpr std::string_view Devices[] = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
   std::string stem = ToUpper(name.substr(0, name.find('.')));
@@ -64,7 +64,7 @@ std::error_code ScanFolder(const std::string& folder, std::string_view extension
                            std::vector<std::string>& names) {
   WIN32_FIND_DATAW entry{};
   const Search search = FindFirst(JoinPath(folder, "*"), entry);
-  if (search == nullptr) return LastErrorBut(ERROR_FILE_NOT_FOUND);  // so an empty drive answers
+  if (search == nullptr) return LastErrorBut(ERROR_FILE_NOT_FOUND);  // the error for an empty drive
   const std::string ending = ToUpper(extension);
   for (std::size_t found = 0; found < max;) {
     std::string name = WideToText(entry.cFileName);
@@ -83,7 +83,7 @@ std::string NameInFolder(const std::string& /*folder*/, const std::string& name,
 }
 
 bool OrdinaryFileExists(const std::string& path) {
-  // Of what is not there every attribute is set.
+  // If the path does not exist, every attribute is set.
   return IsOrdinaryFile(::GetFileAttributesW(TextToWide(path).c_str()));
 }
 

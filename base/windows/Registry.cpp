@@ -9,7 +9,7 @@ namespace corvane {
 
 std::optional<std::string> ReadRegistryFolder(const std::string& key, const std::string& name,
                                               std::size_t limit) {
-  // The installer of a 32-bit game wrote into the view of 32-bit programs.
+  // The installer of the 32-bit game wrote to the view of 32-bit programs.
   constexpr REGSAM Access = KEY_QUERY_VALUE | KEY_ENUMERATE_SUB_KEYS | KEY_WOW64_32KEY;
   HKEY open = nullptr;
   if (::RegOpenKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, Access, &open) != ERROR_SUCCESS)

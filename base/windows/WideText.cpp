@@ -7,8 +7,8 @@
 namespace corvane {
 namespace {
 
-/// Takes the first character off `text`, which is not empty. How many characters the system makes
-/// of bad bytes depends on its version, so it is only asked whether bytes are a character.
+/// Removes the first character of `text`, which is not empty, and appends it to `wide`. Versions of
+/// Windows differ in how they convert invalid bytes, so this converts one character at a time.
 void TakeCharacter(std::string_view& text, std::wstring& wide) {
   constexpr int LongestForm = 4;
   wchar_t units[2];

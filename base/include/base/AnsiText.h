@@ -1,5 +1,5 @@
-// Text in the system's 8-bit ANSI code page, as BTD files hold it, against the UTF-8 of the
-// program.
+// Converts between the system's 8-bit ANSI code page, which BTD files use, and UTF-8, which the
+// program uses.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@
 
 namespace corvane {
 
-/// UTF-8 for bytes in the code page. Every one of the 256 byte values has a character.
+/// Converts bytes in the code page to UTF-8. Each of the 256 byte values has a character.
 [[nodiscard]] std::string AnsiToText(std::string_view bytes);
 
-/// Bytes in the code page for UTF-8; a character that the code page lacks, and every byte that is
-/// no UTF-8, becomes '?'. Undoes AnsiToText exactly.
+/// Converts UTF-8 to bytes in the code page. A character that the code page lacks, or a byte that
+/// is not UTF-8, becomes '?'. Exactly reverses AnsiToText.
 [[nodiscard]] std::string TextToAnsi(std::string_view text);
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// A failure of a file operation: what failed, on which file, and why. Whoever shows one to the user
-// takes its sentence from here.
+// A failure of a file operation: what failed, on which file, and why. FailureMessage makes the text
+// that every user of the library shows.
 #pragma once
 
 #include <string>
@@ -12,17 +12,17 @@ enum class FileAction { Read, List, Create, Save };
 /// What a failed save left behind.
 enum class FileState {
   Unchanged,    // also after any failure of another action
-  NotCreated,   // no file was there, and none is
-  Removed,      // the file that the save had created is gone again
+  NotCreated,   // the file did not exist and still does not
+  Removed,      // the file that the save had created was removed
   Gone,         // another program removed the file during the save
   Unconfirmed,  // the old bytes were put back, but the disk did not confirm them
   Damaged,      // the old bytes could not be put back
   NotRemoved,   // the unfinished file that the save had created is still there
-  Unknown,      // what the file holds, or whether it exists, could not be found out
-  Untouched,    // no file was looked for
+  Unknown,      // the contents of the file, or whether it exists, could not be determined
+  Untouched,    // the save did not look for a file
 };
 
-/// True if a save left some of its own bytes in the file, so that it differs from what was there.
+/// True if a failed save left some of its own bytes in the file.
 [[nodiscard]] constexpr bool IsTorn(FileState state) {
   return state == FileState::Damaged || state == FileState::NotRemoved;
 }
@@ -32,25 +32,25 @@ struct Failure {
   std::string Path;
   std::error_code Reason;
   FileState State = FileState::Unchanged;
-  std::string LinkTarget = {};  // where Path leads, if it is a link that a save failed on
+  std::string LinkTarget = {};  // the target of Path, if a save failed on a link
 };
 
-/// Reasons of our own, beside those of the system.
+/// Reasons that no error of the system expresses.
 enum class FileError {
-  ChangedByAnother = 1,  // the bytes to be replaced are not those that were last read or written
-  Replaced,              // another file has taken the place of the open one
-  Removed,               // no file stands in the place of the open one
-  NotAFileName,          // a name that leads out of its folder or means a device
+  ChangedByAnother = 1,  // the bytes to be replaced differ from those last read or written
+  Replaced,              // the path of the open file now names another file
+  Removed,               // the path of the open file no longer names a file
+  NotAFileName,          // a name that leaves its folder or names a device
   NotOrdinary,           // a pipe, a socket or a device
 };
 [[nodiscard]] std::error_code make_error_code(FileError error);
 
-/// The system's message for an error, in UTF-8, without a period; with what helps, where that is
-/// known of the error and the file at `path`.
+/// The system's message for an error, in UTF-8, without a period. Adds a hint in parentheses if
+/// one is known for this error on the file at `path`.
 [[nodiscard]] std::string ReasonText(std::error_code error, const std::string& path = {});
 
-/// The sentences for the user: the file, what could not be done with it, the reason and, after a
-/// save, the file's state.
+/// The message for the user: the file, what failed, the reason and, after a save, the state of the
+/// file.
 [[nodiscard]] std::string FailureMessage(const Failure& failure);
 
 }  // namespace corvane

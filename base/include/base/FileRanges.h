@@ -1,5 +1,5 @@
-// Byte ranges of one file, read whole or replaced in place. Every file of the game and every patch
-// file goes through here.
+// Reads and replaces byte ranges of one file. All access to the game's files and to patch files
+// uses these functions.
 #pragma once
 
 #include <cstddef>
@@ -19,19 +19,19 @@ struct ReadRange {
 struct WriteRange {
   std::uint64_t Offset = 0;
   std::span<const std::byte> Bytes;
-  std::span<const std::byte> Known = {};  // what others must not have changed, if anything
+  std::span<const std::byte> Known = {};  // bytes that must still be in the file; may be empty
 };
 
 enum class IfMissing { Fail, Create };
 
-/// Fills every range; bytes that the file does not reach become zero. After a failure the ranges
-/// hold anything.
+/// Fills every range. Bytes past the end of the file are zero. After a failure the contents of the
+/// ranges are unspecified.
 [[nodiscard]] Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
 
-/// Replaces the ranges, leaves every other byte, never shortens the file, and returns when the disk
-/// has the bytes. Where the file, as far as it reaches, does not hold what is Known, the save fails
-/// with ChangedByAnother. After a failure the old bytes and length are put back, or a new file is
-/// removed again; the failure tells the state of the file. Signals that end the program wait.
+/// Replaces the ranges and no other byte, never shortens the file, and returns once the disk has
+/// the bytes. Fails with ChangedByAnother if the file differs from Known before its end. A failure
+/// restores the old bytes and length, or removes a new file, and reports the state of the file.
+/// Signals that would end the program are held back.
 [[nodiscard]] Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
                                    IfMissing ifMissing);
 

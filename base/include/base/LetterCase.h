@@ -1,4 +1,4 @@
-// Letter case of texts: only the letters a to z have one, on every system.
+// Letter case, which only the letters a to z have, on every system.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Turns the letters a to z into capitals; leaves every other byte.
+/// Converts the letters a to z to capitals and no other byte.
 [[nodiscard]] std::string ToUpper(std::string_view text);
 
 /// Text order, case-insensitive for the letters a to z.

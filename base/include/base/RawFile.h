@@ -1,5 +1,5 @@
-// Raw bytes of one file, at offsets from 0. The only way in which the program touches the contents
-// of a file.
+// Raw bytes of one file, at offsets from 0. All access to the contents of files goes through this
+// class.
 #pragma once
 
 #include <array>
@@ -12,16 +12,16 @@
 
 namespace corvane {
 
-/// A path as the system's calls take it.
+/// A path in the form that the system's calls use.
 using NativePath = std::filesystem::path::string_type;
 
 enum class OpenMode {
   Read,
   Change,  // read and write a file that exists; never shortens it
-  Create,  // read and write a new file; fails if something stands there
+  Create,  // read and write a new file; fails if the path exists
 };
 
-/// Tells two files apart, whatever their names.
+/// Identifies a file, whatever its name.
 using FileIdentity = std::array<std::uint64_t, 2>;
 
 enum class FileType { None, Ordinary, Folder, Other };
@@ -33,7 +33,7 @@ struct FileStatus {
   std::int64_t Written = 0;  // when its contents last changed, in the finest unit of the system
 };
 
-/// An open file. Every operation gives back the system's error; offsets and lengths are in bytes.
+/// An open file. Every operation returns the system's error. Offsets and lengths are in bytes.
 class RawFile {
  public:
   RawFile() = default;
@@ -41,23 +41,23 @@ class RawFile {
   RawFile& operator=(const RawFile&) = delete;
   ~RawFile();
 
-  /// Never blocks. Fails while a file is open. What is no ordinary file may open.
+  /// Never blocks. Fails while a file is open. May open something other than an ordinary file.
   [[nodiscard]] std::error_code Open(const std::string& path, OpenMode mode);
-  /// Opens the file at the path of the last Open. Allocates nothing, as all that follow.
+  /// Opens the file at the path of the last Open. Like all operations below, allocates nothing.
   [[nodiscard]] std::error_code Reopen(OpenMode mode);
   [[nodiscard]] std::error_code Status(FileStatus& status);
-  /// What stands at the path of the last Open now; of type None if there is nothing.
+  /// The current status of the path of the last Open; of type None if it does not exist.
   [[nodiscard]] std::error_code PathStatus(FileStatus& status) const;
-  /// Reads until the buffer is full or the file ends; `read` is the number of bytes that came.
+  /// Reads until the buffer is full or the file ends; `read` is the number of bytes read.
   [[nodiscard]] std::error_code ReadAt(std::uint64_t offset, std::span<std::byte> buffer,
                                        std::size_t& read);
-  /// Writes the whole of `bytes`, or fails.
+  /// Writes all of `bytes` or fails.
   [[nodiscard]] std::error_code WriteAt(std::uint64_t offset, std::span<const std::byte> bytes);
   /// Truncates or zero-extends the file.
   [[nodiscard]] std::error_code SetLength(std::uint64_t length);
-  /// Returns when the disk has what was written.
+  /// Returns once the disk has the written bytes.
   [[nodiscard]] std::error_code Flush();
-  /// The file is given up, also if this fails: then what was written may be lost.
+  /// Closes the file even if this fails; written bytes may then be lost.
   [[nodiscard]] std::error_code Close();
   /// Removes the file at the path of the last Open.
   [[nodiscard]] std::error_code Remove() const;
@@ -74,7 +74,7 @@ class RawFile {
 /// What stands at a path; of type None if there is nothing, or if that cannot be told.
 [[nodiscard]] FileStatus StatusAt(const std::string& path);
 
-/// True if both paths lead to one file that exists.
+/// True if both paths name the same existing file.
 [[nodiscard]] bool IsSameFile(const std::string& left, const std::string& right);
 
 }  // namespace corvane

@@ -1,4 +1,4 @@
-// Texts in the system's registry; where there is none, in that of the user's Wine prefix.
+// Texts in the system's registry or, where there is none, in that of the user's Wine prefix.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The folder that the value `name` of `key` holds, as a path of this system: the value's text up
-/// to its first NUL, which may be empty. The key is looked up under HKEY_LOCAL_MACHINE, in the view
-/// of 32-bit programs first. Nothing if the key cannot be opened, the value cannot be read, or it
-/// is longer than `limit` bytes, its closing NUL included.
+/// The folder in the value `name` of `key` under HKEY_LOCAL_MACHINE, as a path of this system: the
+/// text of the value up to its first NUL, which may be empty. Searches the view of 32-bit programs
+/// first. Empty if the key cannot be opened, or the value cannot be read or is longer than `limit`
+/// bytes including the closing NUL.
 [[nodiscard]] std::optional<std::string> ReadRegistryFolder(const std::string& key,
                                                             const std::string& name,
                                                             std::size_t limit);

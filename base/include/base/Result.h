@@ -1,4 +1,4 @@
-// What an operation that can fail gives back: a value or the reason why there is none, never both.
+// The result of an operation that can fail: a value or the reason why there is none, never both.
 #pragma once
 
 #include <optional>
@@ -25,7 +25,7 @@ class [[nodiscard]] Result {
 
  private:
   std::optional<Value> Held;
-  Reason Failed{};  // means nothing beside a value
+  Reason Failed{};  // meaningless if there is a value
 };
 
 template <class Reason>

@@ -3,14 +3,13 @@
 
 namespace corvane {
 
-/// A write above the limit on the size of files then fails, where the system would otherwise end
-/// the program. A save sees to that by itself.
+/// Makes a write above the file size limit fail. By default the system ends the program. Saves need
+/// no such call.
 void IgnoreFileSizeSignal();
 
-/// While one exists, what asks the program to end (SIGTERM, SIGINT, SIGHUP, SIGQUIT; Ctrl+C on
-/// Windows) is held back, in every thread. It takes effect when the last one goes. A write above
-/// the limit on the size of files fails meanwhile, where the system would otherwise end the
-/// program.
+/// While a guard exists, requests to end the program (SIGTERM, SIGINT, SIGHUP, SIGQUIT; Ctrl+C on
+/// Windows) are held back in every thread, and a write above the file size limit fails instead of
+/// ending the program. Held requests take effect when the last guard is destroyed.
 class EndSignalGuard {
  public:
   EndSignalGuard();

@@ -1,4 +1,4 @@
-// The UTF-8 of the program against the UTF-16 of the system's calls.
+// Converts between UTF-8, which the program uses, and UTF-16, which the system's calls use.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 
 namespace corvane {
 
-/// UTF-16 for UTF-8; every byte that is no UTF-8 becomes U+FFFD.
+/// Converts UTF-8 to UTF-16. Each byte that is not UTF-8 becomes U+FFFD.
 [[nodiscard]] std::wstring TextToWide(std::string_view text);
 
-/// UTF-8 for UTF-16; half of a surrogate pair becomes U+FFFD.
+/// Converts UTF-16 to UTF-8. Half of a surrogate pair becomes U+FFFD.
 [[nodiscard]] std::string WideToText(std::wstring_view wide);
 
-/// UTF-16 for bytes in a code page, which the system knows by its number.
+/// Converts bytes in the code page of this number to UTF-16.
 [[nodiscard]] std::wstring BytesToWide(unsigned codePage, std::string_view bytes);
 
 }  // namespace corvane

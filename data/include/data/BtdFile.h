@@ -1,5 +1,5 @@
-// The part of a BTD file that the program knows: a head, ten victory locations, three texts. What
-// stands behind it is the game's, never read and never written.
+// The part of a BTD file that the program knows: a header, ten victory locations, three texts. It
+// never reads or writes the rest of the file, which belongs to the game.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ namespace corvane {
 
 constexpr std::int32_t BtdMagic = 19990326;
 
-/// What a victory location is. A file may hold any other value, too: in use, and no exit.
+/// The kind of a victory location. A file may hold any other value, which means: used, not an exit.
 enum class VLKind : std::int32_t {
   Unused = 0,
   Exit = 50,
@@ -30,8 +30,8 @@ struct BtdHeader {
   bool operator==(const BtdHeader&) const = default;
 };
 
-/// Laid out as in the file. A text field is bytes in the ANSI code page, its text ending at the
-/// first NUL.
+/// Laid out as in the file. A text field holds bytes in the ANSI code page; the first NUL ends its
+/// text.
 struct VictoryLocation {
   std::uint8_t TileX = 0;
   std::uint8_t TileY = 0;
@@ -72,21 +72,20 @@ static_assert(sizeof(VictoryLocation) == 32 && offsetof(VictoryLocation, Kind) =
               offsetof(VictoryLocation, Name) == 8 && offsetof(VictoryLocation, Destination) == 29);
 static_assert(BtdHeadSize == 325 && BtdSize == 8526);
 
-/// Reads the first 325 or 8526 bytes; what a short file does not reach is zero.
+/// Reads the first 325 or 8526 bytes. Bytes past the end of a short file are zero.
 [[nodiscard]] Result<BtdHead> ReadBtdHead(const std::string& path);
 [[nodiscard]] Result<BtdFile> ReadBtd(const std::string& path);
 
-/// Writes the first 8526 bytes in place and creates a file that does not exist. The failure tells
-/// the state of the file. With `known`, a file whose bytes differ from these, as far as it reaches,
-/// fails with ChangedByAnother.
+/// Writes the first 8526 bytes in place; creates a missing file. A failure reports the state of the
+/// file. With `known`, fails with ChangedByAnother if the file differs from it before its end.
 [[nodiscard]] Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex,
                                 const VictoryLocations& vls, const BtdText& text,
                                 const BtdFile* known = nullptr);
 
-/// True if an ordinary file, neither hidden nor system, stands at `path`.
+/// True if `path` names an ordinary file that is neither hidden nor a system file.
 [[nodiscard]] bool BtdExists(const std::string& path);
 
-/// What stands before the first NUL.
+/// The text before the first NUL.
 [[nodiscard]] std::string_view TrimAtNul(std::string_view text);
 
 /// `text` padded with NULs to `width` bytes; a longer one is truncated.
@@ -95,7 +94,7 @@ static_assert(BtdHeadSize == 325 && BtdSize == 8526);
 /// The field's text up to its first NUL, in UTF-8.
 [[nodiscard]] std::string FieldText(std::span<const char> field);
 
-/// Replaces the whole field by `text` (UTF-8) and NULs.
+/// Fills the field with `text` (UTF-8), truncated or padded with NULs.
 void SetField(std::span<char> field, std::string_view text);
 
 }  // namespace corvane

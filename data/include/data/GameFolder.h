@@ -1,5 +1,5 @@
-// Files of tables opened and saved: what a chosen file is, told from its name alone, which game
-// folder goes with it, and what others have done to it since.
+// Opens and saves files of tables: determines the kind of a file from its name and the game folder
+// that belongs to it, and detects changes by other programs.
 #pragma once
 
 #include <cstddef>
@@ -12,37 +12,37 @@
 namespace corvane {
 
 enum class FileKind {
-  GameExeFile,    // its own folder is the game's
-  PatchFile,      // the game's folder is that of the installed game
+  GameExeFile,    // its folder is the game's folder
+  PatchFile,      // belongs to the folder of the installed game
   OtherFile,      // not opened
-  NoInstallPath,  // a patch file, and no installed game on this machine
+  NoInstallPath,  // a patch file, but no game is installed
 };
 
-// Where the game's installer leaves its folder, under HKEY_LOCAL_MACHINE.
+// The registry value under HKEY_LOCAL_MACHINE in which the installer stores the game's folder.
 inline constexpr char InstallKey[] = R"(Software\Strategic Simulations Inc.\Close Combat\4.00\)";
 inline constexpr char InstallValue[] = "InstalledTo";
-inline constexpr std::size_t InstallValueLimit = 1024;  // bytes, the closing NUL included
+inline constexpr std::size_t InstallValueLimit = 1024;  // bytes, including the closing NUL
 
-/// By the name alone, in any letter case; never NoInstallPath.
+/// Looks at the name only, case-insensitive. Never NoInstallPath.
 [[nodiscard]] FileKind KindOfFile(std::string_view fileTitle);
 
-/// The installed game's folder; nothing if the registry names none.
+/// The folder of the installed game, if the registry names one.
 [[nodiscard]] std::optional<std::string> ReadInstallPath();
 
 /// Sets GamePath and OpenedFile and fills the four tables from the file. `fileTitle` is `fileName`
-/// without its folder. A file that cannot be read, and every other kind, changes nothing.
+/// without its folder. Changes nothing if the file cannot be read or is of another kind.
 [[nodiscard]] Result<FileKind> OpenTables(const std::string& fileName,
                                           const std::string& fileTitle);
 
-/// Whether a save may overwrite what another program has written into the file meanwhile.
+/// Whether a save may overwrite changes that another program has made to the file.
 enum class OthersChanges { Keep, Overwrite };
 
-/// Writes the four tables to a file of the kind GameExeFile or PatchFile. Where its tables differ
-/// from those last opened from it or saved to it here, and Keep is given, it fails with
-/// ChangedByAnother. A file that was only cut short is lengthened again.
+/// Writes the four tables to a file of the kind GameExeFile or PatchFile. With Keep, fails with
+/// ChangedByAnother if the tables in the file differ from those that were last opened from it or
+/// saved to it. Lengthens a file that was only truncated.
 [[nodiscard]] Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges others);
 
-/// Forgets which tables were opened from and saved to which files.
+/// Forgets the tables that were opened from or saved to files.
 void ForgetFiles();
 
 }  // namespace corvane

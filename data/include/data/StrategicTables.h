@@ -1,5 +1,5 @@
-// The tables of the strategic layer, one set for the life of the process, and what is known of
-// where they came from. The rest of the program reads and edits these in place.
+// The tables of the strategic layer and the file they came from: one set for the life of the
+// process, which the rest of the program reads and edits in place.
 #pragma once
 
 #include <array>
@@ -18,8 +18,8 @@ constexpr std::int32_t OffMap = 254;       // in VLDest and BTD files: an exit o
 
 [[nodiscard]] constexpr bool IsMapSlot(int slot) { return slot >= 0 && slot < MapSlotCount; }
 
-/// One entry of StrMap or StrArrow, laid out as in the game's files. The three words are the
-/// game's own and travel through unread.
+/// One entry of StrMap or StrArrow, laid out as in the game's files. The meaning of the three words
+/// is unknown; they are kept as they are.
 struct StrRect {
   std::int32_t Word0 = 0;
   std::int32_t Word1 = 0;
@@ -38,8 +38,7 @@ struct Hotspot {
   bool operator==(const Hotspot&) const = default;
 };
 
-/// A table indexed by slot. An index outside reads as a blank record, and what is written there
-/// goes nowhere.
+/// A table indexed by slot. Outside the table, reads give a blank record and writes have no effect.
 template <typename Record, int Count>
 class SlotTable {
  public:
@@ -58,8 +57,8 @@ class SlotTable {
   std::array<Record, static_cast<std::size_t>(Count)> Records{};
 };
 
-/// A table indexed by two slots, the first running fastest in memory if FirstFastest. A cell
-/// outside reads as -1, and what is written there goes nowhere.
+/// A table indexed by two slots. With FirstFastest, the first index varies fastest in memory.
+/// Outside the table, reads give -1 and writes have no effect.
 template <int FirstCount, int SecondCount, bool FirstFastest>
 class CellTable {
  public:
@@ -91,7 +90,7 @@ using HotspotTable = SlotTable<Hotspot, MapSlotCount>;
 using ConnectionTable = CellTable<MapSlotCount, MapSlotCount, true>;
 using DestinationTable = CellTable<MapSlotCount, VLSlotCount, false>;
 
-/// The four tables that the game's files hold, in the order of a patch file.
+/// The four tables of the game's files, in the order of a patch file.
 struct GameTables {
   StrMapTable Tiles;
   StrArrowTable Arrows;
@@ -107,9 +106,9 @@ inline ConnectionTable& MapConnections = Tables.Connections;
 inline HotspotTable& MapHotspots = Tables.Hotspots;
 inline DestinationTable VLDest;  // (map, vl): NotAnExit, OffMap, or where the exit leads
 
-// The folder of CC4.EXE and Maps, which may or may not end in a separator; the name of the file
-// last opened, without its folder, as spelled there; and whether the tables were edited since they
-// were last opened or saved.
+// The folder of CC4.EXE and Maps, which may end in a separator; the name of the file last opened,
+// without its folder, in the letter case of the file system; and whether the tables were edited
+// since they were last opened or saved.
 inline std::string GamePath;
 inline std::string OpenedFile;
 inline bool TablesDirty = false;

@@ -1,4 +1,4 @@
-// The four tables as images in CC4.EXE and in patch files: where they stand, and how they move.
+// The images of the four tables in CC4.EXE and in patch files: their offsets, reading and writing.
 #pragma once
 
 #include <array>
@@ -27,24 +27,24 @@ inline constexpr std::array<TablePlace, 4> TablePlaces{{
     {1200968, 10868, 344},
 }};
 
-/// A patch file is the memory of GameTables, byte for byte.
+/// A patch file is byte-identical to GameTables in memory.
 inline constexpr std::size_t PatchFileSize = 11212;
 
-/// GamePath, a separator, and the name of the CC4.EXE there: in capitals, or where the system tells
-/// letter case apart, as the file is spelled.
+/// GamePath, a separator, and the name of the CC4.EXE in it: in capitals or, on a case-sensitive
+/// system, as the file is spelled.
 [[nodiscard]] std::string GameExePath();
 
 /// The CC4.EXE that was opened, as the open dialog named it: GamePath directly followed by the
 /// file's name. Only for an OpenedFile that is a CC4.EXE.
 [[nodiscard]] std::string OpenedExePath();
 
-/// What a short file does not reach is zero.
+/// Bytes past the end of a short file are zero.
 [[nodiscard]] Result<GameTables> ReadGameTables(const std::string& fileName);
 [[nodiscard]] Result<GameTables> ReadPatchTables(const std::string& fileName);
 
-/// Replaces the images in place and leaves every other byte. A patch file that does not exist is
-/// created, a CC4.EXE is not. The failure tells the state of the file. With `known`, a file whose
-/// images differ from these, as far as it reaches, fails with ChangedByAnother.
+/// Replace the images in place and no other byte. A missing patch file is created, a missing
+/// CC4.EXE is not. A failure reports the state of the file. With `known`, fail with
+/// ChangedByAnother if the images in the file differ from it before its end.
 [[nodiscard]] Result<> WriteGameTables(const std::string& fileName, const GameTables& tables,
                                        const GameTables* known = nullptr);
 [[nodiscard]] Result<> WritePatchTables(const std::string& fileName, const GameTables& tables,

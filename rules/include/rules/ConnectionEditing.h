@@ -1,5 +1,5 @@
-// The connections of a map: listed, added, deleted, given another arrow. Each operation works on
-// one direction of one pair of map slots and leaves the other direction and the BTD files alone.
+// Lists, adds and deletes the connections of a map and assigns their arrows. Each operation changes
+// one direction of one pair of map slots, never the other direction or a BTD file.
 #pragma once
 
 #include <cstdint>
@@ -9,22 +9,22 @@
 
 namespace corvane {
 
-/// Copies of the rows of the maps that `fromMap` connects to, in ascending order of map slot.
+/// The rows of the maps to which `fromMap` connects, in order of map slot.
 [[nodiscard]] std::vector<std::string> ConnectionRows(int fromMap);
 
-/// True while a map with so many connection rows may get one more.
+/// True if a map with `rowCount` connection rows may get another.
 [[nodiscard]] bool CanAddConnection(std::int16_t rowCount);
 
-/// Connects the maps by arrow 0; False, and nothing changes, if they are the same map.
+/// Connects the maps by arrow 0. Returns False and changes nothing if both are the same map.
 [[nodiscard]] bool AddConnection(int fromMap, int toMap);
 
-/// The question before a connection is deleted, in which the maps are named by their rows.
+/// The question to ask before a connection is deleted. Names the maps by their rows.
 [[nodiscard]] std::string ConnectionDeletePrompt(std::string_view mapRow,
                                                  std::string_view connectionRow);
 
 void DeleteConnection(int fromMap, int toMap);
 
-/// Gives a connection its arrow and marks the tables as changed, even if it is the arrow it had.
+/// Assigns an arrow to a connection and marks the tables as changed, even if it is the same arrow.
 void AssignArrow(int fromMap, int toMap, int arrow);
 
 }  // namespace corvane

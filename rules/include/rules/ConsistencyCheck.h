@@ -1,5 +1,5 @@
-// Judges the tables before they are written: the exits of the BTD files against the connections,
-// and coordinates and sizes against their ranges.
+// Checks the tables before they are written: compares the exits of the BTD files with the
+// connections, and coordinates and sizes with their ranges.
 #pragma once
 
 #include <cstddef>
@@ -8,9 +8,9 @@
 
 namespace corvane {
 
-/// One finding: its line in the text and the slot that it is about.
+/// One finding: its line in the text and its slot.
 struct Finding {
-  std::size_t Start = 0;   // of the line, behind its line break
+  std::size_t Start = 0;   // offset of the line, after its line break
   std::size_t Length = 0;  // in bytes
   int Map = -1;            // -1 for none
   int Arrow = -1;
@@ -21,8 +21,7 @@ struct Findings {
   std::vector<Finding> Lines;
 };
 
-/// The findings, each on a line of its own with the line break (CR LF) in front; the empty text if
-/// there are none. Changes nothing.
+/// The findings, each preceded by a line break (CR LF); empty if there are none. Changes nothing.
 [[nodiscard]] std::string CheckTables();
 
 /// The same with the place of each finding.

@@ -1,4 +1,4 @@
-// What a numeric field accepts, and where its number goes.
+// Numeric fields: which texts they accept and where they store the number.
 #pragma once
 
 #include <cstdint>
@@ -7,11 +7,11 @@
 
 namespace corvane {
 
-/// The system's beep; filled in by whatever shows the program.
+/// The system's beep, set by main.
 inline std::function<void()> Beep = [] {};
 
-/// A numeric field: the largest number it accepts, whether entering one marks the tables as
-/// changed, and where the number is stored for the index of the selected row.
+/// A numeric field: the largest number that it accepts, whether an entry marks the tables as
+/// changed, and a function that stores the number for the selected row.
 struct NumericField {
   std::int32_t Max;
   bool SetsTablesDirty;
@@ -22,12 +22,11 @@ struct NumericField {
 extern const NumericField MapLeft, MapTop, MapWidth, MapHeight, MapCenterX, MapCenterY;
 extern const NumericField ArrowLeft, ArrowTop, ArrowWidth, ArrowHeight;
 
-/// True for a text of digits only, the empty one included; otherwise beeps once.
+/// True if the text is empty or consists of digits; otherwise beeps once.
 [[nodiscard]] bool IsAllDigits(std::string_view text);
 
-/// Stores the number that `text` stands for, 0 for the empty text; False, with a beep and nothing
-/// stored, if it is no number or too large. With no selected row (-1) an accepted text goes
-/// nowhere.
+/// Stores the number in `text`, 0 if it is empty. If it is not a number or too large, beeps, stores
+/// nothing and returns False. With no selected row (index -1), accepts the text but stores nothing.
 [[nodiscard]] bool EnterField(const NumericField& field, int index, std::string_view text);
 
 }  // namespace corvane
