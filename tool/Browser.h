@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Has the system open a page in whatever it opens pages with, and does not wait for it. `path` is
-/// absolute. No shell sees it.
+/// Opens a page in the system's default browser and does not wait for it. `path` is absolute and
+/// passes through no shell.
 [[nodiscard]] std::error_code OpenInBrowser(const std::string& path);
 
 }  // namespace corvane

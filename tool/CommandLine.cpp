@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-// What the arguments turn out to ask for.
+// The verb and the options in the arguments.
 struct Call {
   std::function<int(const Console&)> Run;
   CheckOptions Check;
@@ -104,7 +104,7 @@ void AddCopy(CLI::App& app, Call& call) {
       [&call] { call.Run = [&call](const Console& console) { return Copy(call.Copy, console); }; });
 }
 
-// Between two looks at files: shorter than a person takes to look up from the editor.
+// Shorter than a person takes to look from the editor to the browser.
 bool PauseWatch() {
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   return true;
@@ -137,7 +137,7 @@ void AddDraw(CLI::App& app, Call& call) {
   });
 }
 
-// What a file manager calls when files are dropped on the program.
+// A file manager passes files alone when they are dropped on the program.
 void AddFiles(CLI::App& app, Call& call) {
   app.add_option("FILE", call.Files, "draw a page of each file and open it in the browser")
       ->type_name("");

@@ -18,7 +18,7 @@ namespace corvane {
 namespace {
 
 struct Target {
-  std::string Path;  // in the letter case in which the file stands there
+  std::string Path;  // in the letter case of an existing file
   SourceKind Kind = SourceKind::Other;
   bool Exists = false;
 };
@@ -31,7 +31,7 @@ Target TargetAt(const std::string& path) {
   return target;
 }
 
-// Why the one cannot go into the other, whatever they hold; empty if it can.
+// Why the kinds of the two files do not match; empty if they do.
 std::string Mismatch(const Source& from, const Target& to) {
   if (to.Kind == SourceKind::Other) return NotASource(to.Path);
   if (to.Kind == SourceKind::Json || from.IsBtd == (to.Kind == SourceKind::Btd)) return {};
@@ -39,13 +39,13 @@ std::string Mismatch(const Source& from, const Target& to) {
                     : from.Path + " holds tables and no BTD record for " + to.Path + ".";
 }
 
-// The folder of the maps that the tables will have to agree with: those of the game that gets them.
+// The folder of the maps to check the tables against: that of the game that receives them.
 std::string GameToCheck(const CopyOptions& options, const Target& to) {
   if (options.Game.empty() && to.Kind == SourceKind::GameExe) return FolderOf(to.Path);
   return options.Game;
 }
 
-// The status with which an unsound copy ends; nothing if it may go on.
+// The exit status if the copy is refused; empty if it may continue.
 std::optional<int> Refusal(const CopyOptions& options, const Target& to, const Console& console) {
   const auto checked = ReadSource(options.From, GameToCheck(options, to), MapsWanted::Yes);
   if (!checked.Done()) return Fail(console, checked.Error());
@@ -74,8 +74,7 @@ void PrintChanges(const Source& from, const Target& to, const std::optional<Sour
   if (lines.empty()) console.Print(name + ": no change\n");
 }
 
-// Saves, unless the target no longer holds what stood there when the changes were printed. Under
-// --force, a JSON file is replaced whatever it holds.
+// Saves, unless the target has changed since the changes were printed.
 Result<> Save(const Source& from, const Target& to, const std::optional<Source>& old) {
   if (to.Kind == SourceKind::Btd) {
     const std::string image = BtdImage(from.Btd);
@@ -102,19 +101,19 @@ int Write(const Source& from, const Target& to, const std::optional<Source>& old
   return saved.Error().Reason == FileError::ChangedByAnother ? StatusNegative : StatusFailed;
 }
 
-// True of a folder, a pipe or a link that leads nowhere, too.
-bool AnythingStandsAt(const std::string& path) {
+// True also for a folder, a pipe or a broken link.
+bool PathExists(const std::string& path) {
   std::error_code error;
   const std::filesystem::path name(std::u8string(path.begin(), path.end()));
   const auto type = std::filesystem::symlink_status(name, error).type();
   return type != std::filesystem::file_type::not_found;
 }
 
-// What stands in the target, as far as a copy replaces it. JSON files that are no document count as
-// empty, so that they can be replaced, too.
+// The old contents of the target; empty if it does not exist. A JSON file that is not a document
+// counts as missing, so that it can be replaced.
 Result<std::optional<Source>, std::string> ReadTarget(const Target& to) {
   using Read = Result<std::optional<Source>, std::string>;
-  const bool absent = !to.Exists && !AnythingStandsAt(to.Path);
+  const bool absent = !to.Exists && !PathExists(to.Path);
   if (absent && to.Kind != SourceKind::GameExe) return Read(std::nullopt);
   auto source = ReadSource(to.Path, {}, MapsWanted::No);
   if (source.Done()) return Read(std::move(*source));

@@ -7,8 +7,8 @@
 namespace corvane {
 namespace {
 
-// A patch or JSON file has no maps of its own; beside a CC4.EXE, those of some other game would
-// only lend the maps their names.
+// A patch or JSON file has no maps of its own. The maps of another game only supply names, so their
+// files are not compared.
 bool HasOwnMaps(const Source& source) { return source.Kind == SourceKind::GameExe; }
 
 Lines AllDifferences(const Source& before, const Source& after) {

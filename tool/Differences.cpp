@@ -15,7 +15,7 @@ std::string Change(std::string_view label, const std::string& before, const std:
   return std::string(label).append(" ").append(before).append(" -> ").append(after);
 }
 
-// Collects the changes of one thing, each with its name in front.
+// Collects the changes of one map, arrow or file, each prefixed by its name.
 class Changes {
  public:
   Changes(Lines& found, std::string name) : Found(found), Name(std::move(name)) {}
@@ -33,7 +33,6 @@ class Changes {
       Compare(field.Label, before.*field.Number, after.*field.Number);
   }
 
-  // Names the text, or only what stands behind it if nothing else changed.
   void CompareField(const std::string& label, std::span<const char> before,
                     std::span<const char> after) {
     if (std::ranges::equal(before, after)) return;
@@ -46,7 +45,7 @@ class Changes {
   std::string Name;
 };
 
-// The name of a map where only one of the two has a row for it.
+// The name of a map, of which only one layer may have a row.
 std::string NameInEither(const Layer& before, const Layer& after, int map) {
   const bool known = static_cast<std::size_t>(map) < before.Rows.size();
   return MapName(known ? before : after, map);
@@ -77,7 +76,7 @@ void CompareVLs(Lines& found, const std::string& name, const VictoryLocation& be
   changes.CompareField("Name", before.Name, after.Name);
 }
 
-// How many lines two texts have in common, in order, from each pair of places on.
+// The length of the longest common subsequence of two texts, from each pair of lines on.
 class CommonLines {
  public:
   CommonLines(const Lines& before, const Lines& after)

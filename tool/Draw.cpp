@@ -21,7 +21,7 @@ namespace {
 
 enum class Form { Svg, Page, Neither };
 
-// What was drawn, and the folders whose files it shows.
+// The result of a drawing, and the folders whose files it shows.
 struct Drawing {
   int Status = StatusDone;
   std::vector<std::string> Folders{};
@@ -42,14 +42,14 @@ std::string TextOf(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
-// The file that a link leads to, so that the link stays.
+// Resolves links, so that a link is kept and its target replaced.
 std::filesystem::path BehindLinks(const std::string& path) {
   std::error_code error;
   const std::filesystem::path file = std::filesystem::canonical(SystemPath(path), error);
   return error ? SystemPath(path) : file;
 }
 
-// A name that no other file has, not even that of another program that draws the same picture.
+// An unused name, different for every program that draws the same picture.
 std::string FreshName(const std::filesystem::path& file) {
   std::random_device random;
   std::filesystem::path fresh;
@@ -60,7 +60,7 @@ std::string FreshName(const std::filesystem::path& file) {
   return TextOf(fresh);
 }
 
-// What the user has to know of a fresh file that could not be written: how the picture is now.
+// The failure to write a fresh file as a failure of the picture: its path and its state.
 Failure NotPublished(const std::string& path, const Failure& fresh) {
   if (fresh.State == FileState::NotRemoved || fresh.State == FileState::Unknown) return fresh;
   const bool stands = OrdinaryFileExists(path);
@@ -68,9 +68,9 @@ Failure NotPublished(const std::string& path, const Failure& fresh) {
           stands ? FileState::Unchanged : FileState::NotCreated};
 }
 
-// In one step, so that a browser never reads half a page.
+// Replaces the file in one step, so that a browser never reads half a page.
 std::string Publish(const std::string& path, std::string_view text) {
-  const EndSignalGuard guard;  // or the fresh file would stay behind
+  const EndSignalGuard guard;  // a signal would leave the fresh file behind
   const std::filesystem::path file = BehindLinks(path);
   const std::string fresh = FreshName(file);
   const WriteRange whole{0, std::as_bytes(std::span(text))};
@@ -79,11 +79,11 @@ std::string Publish(const std::string& path, std::string_view text) {
   std::error_code error;
   std::filesystem::rename(SystemPath(fresh), file, error);
   if (!error) return {};
-  static_cast<void>(RemoveFile(fresh));  // what failed first is what the user has to know
+  static_cast<void>(RemoveFile(fresh));  // the first failure is the one to report
   return FailureMessage({FileAction::Save, path, error});
 }
 
-// Gives back nothing for a source that cannot be drawn, and says why.
+// Empty for a source that cannot be drawn; complains of the reason.
 std::optional<Source> ReadLayer(const std::string& path, const std::string& game,
                                 const Console& console, Drawing& drawing) {
   auto source = ReadSource(path, game, MapsWanted::IfThere);
@@ -99,7 +99,7 @@ std::optional<Source> ReadLayer(const std::string& path, const std::string& game
   return std::move(*source);
 }
 
-// Without map files the check would find every exit missing.
+// Without map files, the check would report every exit as missing.
 Marks MarksOf(const Source& source) {
   Marks marks;
   if (source.HasMaps) marks = FindingMarks();
@@ -125,7 +125,7 @@ Drawing DrawOnce(const DrawOptions& options, Reload reload, const Console& conso
     before = ReadLayer(options.Against, options.Game, console, drawing);
     if (!before) return drawing;
   }
-  // Read last: its tables are those that the check judges.
+  // Read last, since the check uses the tables of the process.
   const std::optional<Source> now = ReadLayer(options.Source, options.Game, console, drawing);
   if (!now) return drawing;
   const Picture picture = PictureOf(*now, before);
@@ -156,7 +156,7 @@ std::string StampOf(const DrawOptions& options, const std::vector<std::string>& 
   for (const std::string& folder : folders) {
     std::vector<std::string> names;
     const std::error_code error = ScanFolder(folder, ".BTD", MapSlotCount + 1, names);
-    if (error) stamp += folder + "\n";  // until it is back
+    if (error) stamp += folder + "\n";  // differs once the folder is back
     for (const std::string& name : names) stamp += StampOf(folder + Separator + name);
   }
   return stamp;
@@ -190,7 +190,7 @@ int WatchAndDraw(const DrawOptions& options, const Console& console,
   int status = StatusDone;
   int pausesLeft = 0;
   do {
-    // Ahead of the drawing: what changes while it is drawn is drawn again.
+    // Taken before the drawing, so that a change during the drawing causes another one.
     const std::string stamp = StampOf(options, folders);
     // What failed may succeed although no file changes: a disk is full no more.
     if (stamp == drawn && (status == StatusDone || --pausesLeft > 0)) continue;
@@ -213,7 +213,7 @@ int ShowInBrowser(const std::string& source, const std::string& game, const Cons
   const std::string page = folder + Separator + "corvane.html";
   const int status = Draw({source, page, {}, game}, console);
   if (!OrdinaryFileExists(page)) {
-    std::filesystem::remove(SystemPath(folder), error);  // empty, and nobody knows of it
+    std::filesystem::remove(SystemPath(folder), error);  // empty and of no use
     return status;
   }
   console.Print(page + "\n");

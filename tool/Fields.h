@@ -1,4 +1,4 @@
-// The fields of the records by name, for all that goes through them one by one.
+// The fields of the records by name, for code that iterates over them.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@ namespace corvane {
 
 template <typename Record>
 struct NumberField {
-  const char* Name;   // as in the documents and in JSON
+  const char* Name;   // as in the documentation and in JSON
   const char* Label;  // as in the windows
   std::int32_t Record::*Number;
 };
@@ -24,7 +24,7 @@ inline constexpr std::array<NumberField<StrRect>, 7> RectFields{
      {"Top", "Top", &StrRect::Top},
      {"Width", "Width", &StrRect::Width},
      {"Height", "Height", &StrRect::Height}}};
-// Without the words whose meaning is not known.
+// Without the words whose meaning is unknown.
 inline constexpr std::array PlaceFields{RectFields[3], RectFields[4], RectFields[5], RectFields[6]};
 inline constexpr std::array<NumberField<Hotspot>, 2> HotspotFields{
     {{"CenterX", "Center X", &Hotspot::CenterX}, {"CenterY", "Center Y", &Hotspot::CenterY}}};

@@ -15,7 +15,7 @@ namespace {
 using Json = nlohmann::json;
 using Limits32 = std::numeric_limits<std::int32_t>;
 
-// Where in the document a value stands; spelled out only when something is wrong with it.
+// The place of a value in the document, converted to a JSON pointer only for a failure.
 struct Place {
   const Place* Parent = nullptr;
   std::string_view Key = {};
@@ -29,8 +29,8 @@ struct Place {
   }
 };
 
-// Turns values into fields. Each operation is False, and Fault is set, at the first value that does
-// not fit.
+// Converts values to fields. At the first value that does not fit, an operation sets Fault and
+// returns False.
 class Decoder {
  public:
   std::string Fault;

@@ -17,7 +17,7 @@ std::string LineAndColumn(std::string_view text, std::size_t bytesRead) {
          std::to_string(std::max<std::size_t>(read.size() - start, 1));
 }
 
-// Called back for each piece of the text. False ends the reading.
+// Receives the events of the parser. Returning False stops it.
 class TreeBuilder : public nlohmann::json_sax<Json> {
  public:
   explicit TreeBuilder(std::string_view text) : Text(text) {}
@@ -28,7 +28,7 @@ class TreeBuilder : public nlohmann::json_sax<Json> {
   bool number_unsigned(number_unsigned_t value) override { return Put(value); }
   bool number_float(number_float_t value, const string_t&) override { return Put(value); }
   bool string(string_t& value) override { return Put(std::move(value)); }
-  bool binary(binary_t&) override { return false; }  // never in a text
+  bool binary(binary_t&) override { return false; }  // never occurs in text
   bool start_object(std::size_t) override { return Enter(Json::object()); }
   bool start_array(std::size_t) override { return Enter(Json::array()); }
   bool end_object() override { return Leave(); }
@@ -50,7 +50,7 @@ class TreeBuilder : public nlohmann::json_sax<Json> {
  private:
   struct OpenNode {
     Json* Node;
-    std::string Key;  // of the member at hand, in an object
+    std::string Key;  // of the current member of an object
   };
 
   bool Put(Json value) { return Add(std::move(value)) != nullptr; }
@@ -74,12 +74,12 @@ class TreeBuilder : public nlohmann::json_sax<Json> {
     return true;
   }
 
-  // The place of the value that comes next.
+  // The place of the next value.
   [[nodiscard]] std::string Pointer() const {
     std::string pointer;
     for (std::size_t level = 0; level < Open.size(); ++level) {
       const auto& [node, key] = Open[level];
-      const std::size_t last = level + 1 < Open.size() ? 1 : 0;  // being filled already
+      const std::size_t last = level + 1 < Open.size() ? 1 : 0;  // already in its parent
       pointer += PointerPart(node->is_object() ? key : std::to_string(node->size() - last));
     }
     return pointer;

@@ -1,5 +1,5 @@
-// A JSON text as a tree, with what a hostile text may do refused on the way: great depth, a key
-// given twice. A fault is told with its place as a JSON pointer.
+// Parses JSON text into a tree. Refuses deep nesting and duplicate keys, which hostile text may
+// contain. A fault is told with its place as a JSON pointer.
 #pragma once
 
 #include <nlohmann/json.hpp>

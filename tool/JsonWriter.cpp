@@ -1,4 +1,4 @@
-// Writes JSON with one record a line, so that a version control system shows which one changed.
+// Writes JSON with one record per line, so that version control shows which records changed.
 #include <span>
 
 #include "Fields.h"
@@ -49,7 +49,7 @@ std::string_view WithoutFill(std::string_view field) {
   return field.substr(0, field.find_last_not_of('\0') + 1);
 }
 
-// Bytes that would not survive as text, which some code pages have, stand as numbers.
+// In some code pages, not all bytes survive the conversion to text and back.
 bool IsText(std::string_view bytes, std::string& text) {
   text = AnsiToText(bytes);
   return TextToAnsi(text) == bytes;
@@ -105,7 +105,7 @@ std::string VLObject(const VictoryLocation& vl) {
   return object + '}';
 }
 
-class Lines {  // an array with a line for each element
+class Lines {  // an array with one element per line
  public:
   void Add(const std::string& element) { Json += (Json.empty() ? "\n    " : ",\n    ") + element; }
   [[nodiscard]] std::string Array() const { return '[' + Json + (Json.empty() ? "]" : "\n  ]"); }

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// In hundredths of the font's size.
+// In hundredths of the font size.
 int CharacterWidth(char32_t character) {
   constexpr std::u32string_view Narrow = U" !'(),./:;I[]fijlrt|\\-";
   constexpr std::u32string_view Wide = U"%@MWmw";
@@ -23,7 +23,7 @@ int Hundredths(std::string_view text) {
   return width;
 }
 
-// How many bytes of `text` are at most this wide.
+// The number of bytes of `text` that fit this width.
 std::size_t BytesWithin(std::string_view text, int hundredths) {
   std::string_view rest = text;
   while (!rest.empty()) {

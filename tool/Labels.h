@@ -1,5 +1,5 @@
-// Where labels go so that each can be read: a label takes the first of its places that nothing else
-// has taken. One that finds none is left out, since what it says also stands in a tooltip.
+// Places labels so that none overlap: a label takes the first of its places that is free. A label
+// without a free place is left out, since a tooltip contains its text, too.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@ namespace corvane {
 
 struct Label {
   std::string Text;
-  Point Start;  // of its base line
+  Point Start;  // of its baseline
 };
 
 class LabelSheet {
@@ -23,8 +23,8 @@ class LabelSheet {
   /// Keeps labels away from `box`.
   void Take(const Box& box);
   [[nodiscard]] bool IsFree(const Box& box) const;
-  /// Puts `text` at the first of `corners` (left top of the text) where it fits; gives back False
-  /// if there is none.
+  /// Places `text` at the first of `corners` (its left top) where it fits. Returns False if it fits
+  /// nowhere.
   [[nodiscard]] bool Put(std::string_view text, int size, std::span<const Point> corners,
                          Label& label);
 
@@ -34,18 +34,19 @@ class LabelSheet {
   static constexpr int Down = (ScreenHeight + 2 * SheetMargin) / CellSize + 1;
   [[nodiscard]] static Box CellsOf(const Box& box);
 
-  // The boxes in each cell of a grid, so that thousands of labels find their places at once.
+  // The boxes in each cell of a grid, so that thousands of labels are placed quickly.
   std::array<std::vector<Box>, std::size_t{Across} * Down> Taken;
 };
 
-/// About how many pixels wide `text` (UTF-8) is in a sans-serif font of this size; rather too many.
+/// The estimated width of `text` (UTF-8) in a sans-serif font of this size, in pixels; rather too
+/// large than too small.
 [[nodiscard]] int TextWidth(std::string_view text, int size);
 
-/// The start of `text` that is at most `width` wide, with an ellipsis if that is not all; empty if
-/// not even two letters fit.
+/// Truncates `text` to `width` and appends an ellipsis if it is longer; empty if fewer than two
+/// bytes of it fit.
 [[nodiscard]] std::string Shortened(const std::string& text, int size, int width);
 
-/// Lines of at most `width`, broken at blanks where that is possible.
+/// Breaks `text` into lines of at most `width`, at blanks if possible.
 [[nodiscard]] std::vector<std::string> Wrapped(std::string_view text, int size, int width);
 
 }  // namespace corvane

@@ -12,7 +12,7 @@ namespace {
 
 std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
 
-// Puts the file that each row names at the row's place. Swaps: a map file is 8 KiB.
+// Moves the file that each row names to the index of the row, by swaps: a map file is 8 KiB.
 void ArrangeByRow(std::vector<MapFile>& files) {
   for (std::size_t row = 0; row < std::min(MapRows.size(), files.size()); ++row) {
     const auto place = files.begin() + static_cast<std::ptrdiff_t>(row);
@@ -25,8 +25,7 @@ void ArrangeByRow(std::vector<MapFile>& files) {
 
 bool HasFilesLeftOut() {
   std::vector<std::string> names;
-  static_cast<void>(
-      ScanFolder(MapsFolder(), ".BTD", MapSlotCount + 1, names));  // listed once already
+  static_cast<void>(ScanFolder(MapsFolder(), ".BTD", MapSlotCount + 1, names));  // already reported
   return names.size() > MapSlotCount;
 }
 

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// Stands for itself in markup. Nearly all of a picture does.
+// True for a character that needs no escape, as nearly all of a picture.
 bool IsPlain(char c) {
   return c >= ' ' && c <= '~' && c != '&' && c != '<' && c != '>' && c != '"' && c != '\'';
 }

@@ -1,5 +1,5 @@
-// A writer of XML. Whatever it is given, the result is well-formed: texts and values are made
-// visible and escaped on their way in, and every element that opens closes.
+// Writes XML that is well-formed for any input: escapes texts and values, makes control characters
+// visible and closes every element.
 #pragma once
 
 #include <concepts>
@@ -22,17 +22,17 @@ using Attributes = std::initializer_list<Attribute>;
 
 class Markup {
  public:
-  /// An element; what follows lies in it until its Close.
+  /// Starts an element, which contains everything up to its Close.
   void Open(std::string_view name, Attributes attributes = {});
   void Close();
-  /// An element with nothing in it.
+  /// An empty element.
   void Leaf(std::string_view name, Attributes attributes);
-  /// An element that holds a text. In it, "\n" stays a line break.
+  /// An element that contains a text, in which "\n" remains a line break.
   void Leaf(std::string_view name, Attributes attributes, std::string_view text);
   void Text(std::string_view text);
-  /// Markup that is known to be well-formed.
+  /// Appends markup that is known to be well-formed.
   void Raw(std::string_view markup) { Out += markup; }
-  /// The whole, with every element closed.
+  /// Closes every element and returns the document.
   [[nodiscard]] std::string Take();
 
  private:

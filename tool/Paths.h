@@ -1,4 +1,4 @@
-// Paths as they stand on the command line.
+// Paths on the command line.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,14 @@
 
 namespace corvane {
 
-/// The name behind the last separator.
+/// The name after the last separator.
 [[nodiscard]] std::string_view FileTitle(std::string_view path);
 
-/// What stands in front of the title, spelled so that a separator may follow: never empty, which
-/// would mean the root.
+/// The part before the title, to which a separator can be appended: never empty, since the result
+/// would then be the root.
 [[nodiscard]] std::string FolderOf(std::string_view path);
 
-/// In bytes; 0 if it cannot be told.
+/// In bytes; 0 if unknown.
 [[nodiscard]] std::uint64_t FileLength(const std::string& path);
 
 }  // namespace corvane

@@ -11,8 +11,8 @@
 namespace corvane {
 namespace {
 
-constexpr int NameSize = 9;    // of letters, in pixels
-constexpr int NumberSize = 8;  // of those on arrows
+constexpr int NameSize = 9;    // font size in pixels
+constexpr int NumberSize = 8;  // font size of arrow numbers
 constexpr int SpotRadius = 3;
 
 constexpr std::array RoadKinds = {RoadKind::Missing, RoadKind::NoExit, RoadKind::OneWay,
@@ -20,7 +20,7 @@ constexpr std::array RoadKinds = {RoadKind::Missing, RoadKind::NoExit, RoadKind:
 
 std::string HeadName(RoadKind kind) { return "head-" + std::string(KindClass(kind)); }
 
-// Their tips stay clear of the hotspot at which the road ends.
+// The tips of the arrowheads do not touch the hotspot at the end of the road.
 void DrawHeads(Markup& out) {
   out.Open("defs");
   for (const RoadKind kind : RoadKinds) {
@@ -126,8 +126,7 @@ Point SpotOf(const Scene& scene, int map) {
   return tile == scene.Tiles.end() ? Point{} : tile->Spot;
 }
 
-// The control point, in halves of a pixel, of a curve that passes through `middle` (in halves,
-// too).
+// The control point of a curve through `middle`; both are in half pixels.
 Point Bend(Point from, Point to, Point middle) {
   return {2 * middle.X - from.X - to.X, 2 * middle.Y - from.Y - to.Y};
 }
@@ -136,8 +135,8 @@ std::string PointInHalves(Point point) { return InHalves(point.X) + " " + InHalv
 
 std::string Place(Point point) { return std::to_string(point.X) + " " + std::to_string(point.Y); }
 
-// From a map to itself: a loop whose far end, three quarters of the way to its two control points,
-// is `middle` (in halves).
+// A loop from a map to itself. Its far end, three quarters of the way to the two control points, is
+// `middle` (in half pixels).
 std::string LoopPath(Point spot, Point middle) {
   constexpr int Wide = 40;
   const Point far{(middle.X - 2 * spot.X) * 4 / 3, (middle.Y - 2 * spot.Y) * 4 / 3};
@@ -191,7 +190,7 @@ void DrawHotspots(Sheet& sheet) {
   sheet.Out.Close();
 }
 
-// At the edge of the tile that is nearest to an edge of the screen, pointing out over it.
+// A triangle at the edge of the tile nearest to an edge of the screen, pointing to that edge.
 std::string OffMapPath(const Box& tile, int place) {
   const int x = (tile.Left + tile.Right) / 2;
   const int y = (tile.Top + tile.Bottom) / 2;
@@ -225,7 +224,8 @@ void DrawLabel(Markup& out, std::string_view style, const Label& label, const At
            label.Text);
 }
 
-// In the tile if it can be, else at it; whole if it can be, else shortened, else the number.
+// Inside the tile if possible, else next to it; complete if possible, else shortened, else only
+// the number.
 bool PutName(Sheet& sheet, const SceneTile& tile, Label& label) {
   const Box& box = tile.Place;
   const Point corners[] = {{box.Left + 3, box.Top + 2},
@@ -342,7 +342,7 @@ std::string RoadPath(const Scene& scene, const Road& road) {
   const std::string start = "M" + Place(from);
   if (!hasArrow) return start + "L" + Place(to);
   const Point bend = Bend(from, to, middle);
-  // A curve that would swing off the sheet has a corner at its arrow instead.
+  // Instead of a curve that leaves the sheet, two lines meet at the arrow.
   if (!IsOnSheet(bend)) return start + "L" + PointInHalves(middle) + "L" + Place(to);
   return start + "Q" + PointInHalves(bend) + " " + Place(to);
 }

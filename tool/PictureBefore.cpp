@@ -1,4 +1,4 @@
-// The layer that a picture is held against: what differs from it stands in outline where it was.
+// The earlier layer of a comparison: draws what has changed in outline at its old position.
 #include <algorithm>
 
 #include "PictureParts.h"

@@ -1,5 +1,4 @@
-// What stands in and beside the picture about it: badges of findings and warnings, their list, the
-// legend.
+// The annotations of the picture: badges of findings and warnings, their list, the legend.
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -11,11 +10,11 @@ namespace corvane {
 namespace {
 
 constexpr int BadgeHeight = 10;
-constexpr int ListSize = 9;  // of letters, in pixels
+constexpr int ListSize = 9;  // font size in pixels
 constexpr int LineHeight = 12;
 constexpr int ColumnWidth = 284;
 constexpr int ColumnPitch = 296;
-constexpr int ListColumns = 4;  // one beside the map and, below all, three more
+constexpr int ListColumns = 4;  // one beside the map; all four below it
 constexpr int FirstColumn = ScreenWidth + SheetMargin + 20;
 
 int BadgeWidth(std::size_t number) { return number < 10 ? 10 : number < 100 ? 14 : 18; }
@@ -32,7 +31,7 @@ std::optional<Box> PlaceOf(const Scene& scene, const Mark& mark) {
   return std::nullopt;
 }
 
-// Along the upper edge from the right, then along the lower one, then inside.
+// Tries the upper edge from the right, then the lower edge, then the inside.
 std::optional<Box> FreePlace(const LabelSheet& labels, const Box& at, int width) {
   const int rows[] = {at.Top - BadgeHeight / 2, at.Bottom - BadgeHeight / 2,
                       at.Top + BadgeHeight / 2 + 1, at.Bottom - 3 * BadgeHeight / 2 - 1};
@@ -74,7 +73,7 @@ void DrawBadgeAt(Sheet& sheet, const Mark& mark, std::size_t number) {
 
 struct ListLine {
   std::string Text;
-  std::size_t Mark = 0;  // the number of the one that begins here; 0 for none
+  std::size_t Mark = 0;  // number of the finding or warning that begins here; 0 for none
 };
 
 std::vector<ListLine> ListLines(const Marks& marks) {
@@ -123,7 +122,7 @@ struct LegendEntry {
   std::string_view Symbol;  // its class
 };
 
-// The sign of an entry, drawn in 30 x 10 pixels.
+// The symbol of an entry, about 30 x 10 pixels.
 void DrawSymbol(Markup& out, std::string_view symbol, Point at) {
   if (symbol == "finding" || symbol == "warning") {
     const MarkKind kind = symbol == "finding" ? MarkKind::Finding : MarkKind::Warning;

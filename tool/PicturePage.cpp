@@ -1,4 +1,4 @@
-// The picture as a page: the SVG, and beside it the maps, their data, findings and warnings.
+// The HTML page: the SVG and, beside it, the maps, their data, findings and warnings.
 #include <algorithm>
 #include <array>
 
@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-constexpr int ReloadPause = 1500;  // milliseconds between two looks at the file
+constexpr int ReloadPause = 1500;  // milliseconds between reloads
 
 std::string Policy() {
   return "default-src 'none'; script-src '" + std::string(page_js_hash) + "'; style-src '" +

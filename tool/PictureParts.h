@@ -1,4 +1,4 @@
-// What the parts of a picture share while it is drawn.
+// State and functions that the parts of a picture share.
 #pragma once
 
 #include <cstddef>
@@ -26,25 +26,25 @@ constexpr int HeadingTop = -SheetMargin - 38;
 /// "7 Havrune", or "7" for a slot without a name.
 [[nodiscard]] std::string MapTitle(const Scene& scene, int map);
 
-/// "both ways" and the like, for people; and the class of the road in the style sheet.
+/// The caption of a kind of road, such as "both ways", and its class in the style sheet.
 [[nodiscard]] std::string_view KindTitle(RoadKind kind);
 [[nodiscard]] std::string_view KindClass(RoadKind kind);
 
-/// The `d` of a path from hotspot by its arrow to hotspot.
+/// The `d` attribute of a path from hotspot to hotspot through the arrow.
 [[nodiscard]] std::string RoadPath(const Scene& scene, const Road& road);
 
-/// A number for each finding and warning that has a place, set at that place.
+/// Draws the number of each finding and warning at its tile or arrow.
 void DrawBadges(Sheet& sheet);
 void DrawLegend(Sheet& sheet);
 
-/// Right and bottom of what the list of findings and warnings fills, in pixels of the sheet.
+/// The right bottom corner of the list of findings and warnings, in pixels of the sheet.
 [[nodiscard]] Point ListEnd(const Marks& marks);
 void DrawList(Sheet& sheet);
 
-/// What differs from the layer before, in outline.
+/// Draws the differences from the earlier layer in outline.
 void DrawBefore(Sheet& sheet);
 
-/// Counts for people: "43 maps, 90 connections, 1 finding, no warnings".
+/// The counts in a line: "43 maps, 90 connections, 1 finding, no warnings".
 [[nodiscard]] std::string Summary(const Picture& picture, const Scene& scene);
 
 }  // namespace corvane

@@ -6,10 +6,10 @@
 namespace corvane {
 namespace {
 
-struct Form {  // of a character in UTF-8
+struct Form {  // the UTF-8 encoding of a character
   std::size_t Length;
-  std::uint32_t First;  // the bits that the first byte gives
-  std::uint32_t Least;  // a smaller code has a shorter form
+  std::uint32_t First;  // bits from the first byte
+  std::uint32_t Least;  // smaller codes have a shorter form
 };
 
 Form FormOf(std::uint8_t first) {

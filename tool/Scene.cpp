@@ -13,7 +13,7 @@ int OnSheet(std::int64_t place, int length) {
       std::clamp<std::int64_t>(place, 2 - SheetMargin, length + SheetMargin - 2));
 }
 
-// From where it starts to where it ends, and never narrower than can be seen.
+// Clamps an interval to the sheet and widens it to a visible minimum.
 void Span(std::int64_t start, std::int64_t size, int length, int& first, int& last) {
   constexpr int Least = 4;
   first = OnSheet(start, length);
@@ -23,7 +23,7 @@ void Span(std::int64_t start, std::int64_t size, int length, int& first, int& la
   first = last - Least;
 }
 
-// A slot that no file ever filled holds no exits, though it reads as ten exits to map 0.
+// A slot that no file has filled has no exits, although its zeros read as ten exits to map 0.
 bool HasFile(const Layer& layer, int map) {
   return static_cast<std::size_t>(map) < layer.Rows.size() ||
          std::ranges::any_of(layer.Files,
@@ -48,7 +48,7 @@ void AddConnection(std::vector<Road>& roads, const Layer& layer, int from, int t
   const RoadKind kind = KindOf(layer, from, to);
   const bool alike =
       from != to && layer.Connections(to, from) == arrow && kind == KindOf(layer, to, from);
-  if (alike && from > to) return;  // stands with its way back
+  if (alike && from > to) return;  // drawn with the opposite direction
   roads.push_back({from, to, arrow, kind, alike});
 }
 

@@ -1,5 +1,5 @@
-// What a layer looks like: the tables read as places, roads and names, ready to be drawn. Every
-// place lies on the sheet, however wild the numbers that it comes from.
+// The places, roads and names to draw, computed from the tables of a layer. Every place is on the
+// sheet, whatever the numbers in the tables.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-// The screen of the game, and how far around it the sheet shows what reaches beyond.
+// The game's screen, and the margin of the sheet around it.
 constexpr int ScreenWidth = 800;
 constexpr int ScreenHeight = 600;
 constexpr int SheetMargin = 36;
@@ -31,24 +31,24 @@ struct Box {
 [[nodiscard]] bool Overlap(const Box& a, const Box& b);
 
 enum class RoadKind {
-  BothWays,  // and an exit of the map it starts from leads along
-  OneWay,    // no connection leads back
-  NoExit,    // a connection along which no exit leads
-  Missing,   // an exit along which no connection leads
+  BothWays,  // with an exit in its first map
+  OneWay,    // without a connection back
+  NoExit,    // a connection without an exit
+  Missing,   // an exit without a connection
 };
 
 struct Road {
   int From = 0;
   int To = 0;
-  int Arrow = -1;  // as the cell holds it
+  int Arrow = -1;  // the value of the cell
   RoadKind Kind = RoadKind::BothWays;
-  bool HeadAtBothEnds = false;  // it stands for its way back, too
+  bool HeadAtBothEnds = false;  // represents both directions
   bool operator==(const Road&) const = default;
 };
 
 struct SceneTile {
   int Map = 0;
-  std::string Row;   // whole, as the catalogue has it; empty for a slot without a row
+  std::string Row;   // of the catalogue; empty for a slot without a row
   std::string Name;  // of the file, without its extension
   Box Place;
   Point Spot;
@@ -61,14 +61,14 @@ struct SceneArrow {
 };
 
 struct Scene {
-  std::vector<SceneTile> Tiles;    // the slots that have a row, a tile or a road
-  std::vector<SceneArrow> Arrows;  // those that have a size or are used
+  std::vector<SceneTile> Tiles;    // slots that have a row, a tile or a road
+  std::vector<SceneArrow> Arrows;  // arrows that have a size or are used
   std::vector<Road> Roads;
 };
 
 [[nodiscard]] Scene MakeScene(const Layer& layer);
 
-/// Where a rectangle of the tables, or a point of them, lies on the sheet.
+/// The position of a rectangle or a point of the tables on the sheet.
 [[nodiscard]] Box BoxOf(const StrRect& rect);
 [[nodiscard]] Point PointOf(const Hotspot& hotspot);
 

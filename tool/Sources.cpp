@@ -21,13 +21,13 @@ constexpr char NoGame[] =
     "The game is not installed on this machine, so its maps are not known. Name its folder with "
     "--game.";
 
-// A failure as its sentence; empty if all went well.
+// The message of a failure; empty on success.
 template <class Value>
 std::string Reason(const Result<Value>& result) {
   return result.Done() ? std::string() : FailureMessage(result.Error());
 }
 
-// As the program starts.
+// Restores the state at program start.
 void ForgetTables() {
   Tables = {};
   VLDest = {};
@@ -83,7 +83,7 @@ std::string ReadContents(Source& source) {
   return NotASource(source.Path);
 }
 
-// The folder of the maps that go with a source.
+// The folder of the maps that belong to a source.
 std::optional<std::string> GameFolderOf(const Source& source, const std::string& game) {
   if (game.empty() && source.Kind != SourceKind::GameExe) return ReadInstallPath();
   std::string folder = game.empty() ? FolderOf(source.Path) : game;
@@ -92,7 +92,7 @@ std::optional<std::string> GameFolderOf(const Source& source, const std::string&
   return folder;
 }
 
-// Reads a whole map file for the catalogue, which needs its head.
+// Reads a complete map file and returns its head for the catalogue.
 Result<BtdHead> ReadMapFile(const std::string& path, std::vector<MapFile>& files) {
   const Result<BtdFile> read = ReadBtd(path);
   if (!read.Done()) return read.Error();

@@ -1,4 +1,4 @@
-// What main needs of the system: its arguments, and the two streams that it writes.
+// The system services that main needs: the arguments and the two output streams.
 #pragma once
 
 #include <string>
@@ -10,14 +10,14 @@ namespace corvane {
 
 enum class Stream { Output, Errors };
 
-/// The bytes as they are, without translated line ends; on a console of Windows, as text.
+/// Writes the bytes unchanged, without translating line ends; on a Windows console, as text.
 [[nodiscard]] std::error_code WriteStream(Stream stream, std::string_view bytes);
 
-/// True if the stream is a terminal that knows colours. May have to switch that on.
+/// True if the stream is a terminal that supports colours. Enables them if necessary.
 [[nodiscard]] bool KnowsColour(Stream stream);
 
-/// The arguments behind the program's name, in UTF-8. On Windows, where no shell does it, a
-/// wildcard in a name stands for the files that match, if there are any.
+/// The arguments after the program's name, in UTF-8. On Windows, where the shell does not do it,
+/// expands wildcards in file names; a pattern without a match is kept.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** arguments);
 
 }  // namespace corvane

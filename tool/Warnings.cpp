@@ -17,7 +17,7 @@ namespace {
 constexpr std::int64_t ScreenWidth = 800;
 constexpr std::int64_t ScreenHeight = 600;
 
-// Where a rectangle ends; as 64-bit numbers, since those of a file may be anything.
+// The edges of a rectangle, in 64 bits, since the numbers in a file can overflow 32.
 struct Edges {
   explicit Edges(const StrRect& rect)
       : Left(rect.Left), Top(rect.Top), Right(Left + rect.Width), Bottom(Top + rect.Height) {}
@@ -36,7 +36,7 @@ struct Edges {
   std::int64_t Left, Top, Right, Bottom;
 };
 
-// Texts of a BTD file with the names that warnings give them, as far as they lack their NUL.
+// A warning for each text field of a BTD file that lacks its NUL.
 void AppendUnended(std::vector<std::string>& texts, const MapFile& file) {
   const auto check = [&](const std::string& name, std::string_view field) {
     if (field.find('\0') == field.npos) texts.push_back("no NUL ends " + name);
@@ -146,7 +146,7 @@ class Judge {
   [[nodiscard]] bool HasRow(int map) const {
     return static_cast<std::size_t>(map) < TheLayer.Rows.size();
   }
-  // Without a catalogue, nothing tells which slots are not in use.
+  // Without a catalogue, it is unknown which slots are in use.
   [[nodiscard]] bool IsInUse(int map) const { return TheLayer.Rows.empty() || HasRow(map); }
   [[nodiscard]] bool Connects(int from, int to) const {
     return TheLayer.Connections(from, to) != NoConnection;
@@ -162,7 +162,7 @@ class Judge {
     return false;
   }
 
-  // Behind a finding of the check, the same in other words says nothing new.
+  // An empty tile is already a finding of the check.
   void JudgeTile(int map) {
     const StrRect& tile = TheLayer.Tiles[map];
     const Edges edges(tile);

@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint64_t MaxLength = std::uint64_t{64} << 20;  // bytes; more is no file of ours
+constexpr std::uint64_t MaxLength = std::uint64_t{64} << 20;  // bytes; above any file of the tool
 
 std::error_code Truncate(const std::string& path, std::size_t length) {
   RawFile file;
@@ -27,7 +27,7 @@ std::string WriteWhole(const std::string& path, std::string_view text) {
   const std::uint64_t oldLength = FileLength(path);
   if (oldLength > MaxLength)
     return FailureMessage({FileAction::Save, path, make_error_code(std::errc::file_too_large)});
-  // Blank lines up to the old end first: should the truncation fail, the text still is whole.
+  // First pads the text with blank lines to the old length: if truncating fails, it is complete.
   std::string bytes(text);
   bytes.resize(std::max(bytes.size(), static_cast<std::size_t>(oldLength)), '\n');
   const WriteRange whole{0, std::as_bytes(std::span(bytes))};

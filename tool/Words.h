@@ -10,10 +10,10 @@
 
 namespace corvane {
 
-/// "map 003 Havrune.BTD", made fit for a terminal.
+/// "map 003 Havrune.BTD", safe for a terminal.
 [[nodiscard]] std::string MapName(const Layer& layer, int map);
 
-/// The number of a connection's arrow, which may be any: "007", "-2"; "none" for no connection.
+/// The arrow of a connection, which may be any number: "007", "-2"; "none" for no connection.
 [[nodiscard]] std::string ArrowNumber(std::int32_t arrow);
 
 /// "minor objective", or "kind 7".
@@ -23,13 +23,13 @@ namespace corvane {
 [[nodiscard]] std::string HexBytes(std::span<const char> bytes);
 [[nodiscard]] std::string HexBytes(std::span<const std::uint8_t> bytes);
 
-/// The bytes of a text field between its first NUL and the NULs that fill it up.
+/// The bytes of a text field from its first NUL up to the trailing NULs; empty if there are none.
 [[nodiscard]] std::string_view BehindNul(std::span<const char> field);
 
-/// The text of a field in quotes, and in hexadecimal what stands behind its NUL.
+/// The text of a field in quotes, with any bytes after its NUL in hexadecimal.
 [[nodiscard]] std::string QuotedField(std::span<const char> field);
 
-/// The lines of a briefing, in quotes. The lines end with CR LF; a CR or LF alone stands in a line.
+/// The lines of a briefing, in quotes. Lines end in CR LF; a CR or LF alone is part of a line.
 [[nodiscard]] Lines BriefLines(std::span<const char> field);
 
 }  // namespace corvane

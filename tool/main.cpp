@@ -10,7 +10,7 @@ using namespace corvane;
 
 namespace {
 
-// Results go out in few large pieces. What could not be written is told once, at the end.
+// Results are written in a few large pieces. A write error is reported once, at the end.
 std::string Pending;
 std::error_code OutputError;
 
@@ -25,10 +25,10 @@ void Print(std::string_view text) {
   if (Pending.size() >= PieceSize) Flush();
 }
 
-// Behind the results so far, so that a terminal shows both in order.
+// Flushes the results first, so that a terminal shows both in order.
 void Complain(std::string_view text) {
   Flush();
-  static_cast<void>(WriteStream(Stream::Errors, text));  // there is nobody left to tell
+  static_cast<void>(WriteStream(Stream::Errors, text));  // nowhere left to report it
 }
 
 bool IsSet(const char* name) {

@@ -10,7 +10,7 @@ namespace {
 
 using enum FileStep;
 
-// Which occurrences of a step fail, counted from 0, while "bXYe" goes to 1 and "ZZZ" to 6.
+// The occurrences of a step that fail, counted from 0, while "bXYe" is written at 1 and "ZZZ" at 6.
 struct FaultRow {
   const char* Name;
   const char* Before;  // the file's contents; null for no file
@@ -33,7 +33,7 @@ const FaultRow Rows[] = {
     {"close of the undo", Old, {{Write, 1}, {Close, 0}}, FileState::Unconfirmed},
     {"opening again", Old, {{Close, 0}, {Open, 1}}, FileState::Unknown},
     {"write of the undo", Old, {{Write, 1}, {Write, 2}}, FileState::Damaged},
-    {"cut of the undo", Old, {{Flush, 0}, {SetLength, 0}}, FileState::Damaged},
+    {"truncation of the undo", Old, {{Flush, 0}, {SetLength, 0}}, FileState::Damaged},
     {"create", nullptr, {{Open, 1}}, FileState::NotCreated},
     {"status of a new file", nullptr, {{Status, 0}}, FileState::Removed},
     {"write to a new file", nullptr, {{Write, 1}}, FileState::Removed},
@@ -51,7 +51,7 @@ struct FileRanges : testing::Test {
 
 }  // namespace
 
-TEST_F(FileRanges, AFailedSaveTellsTheStateOfTheFile) {
+TEST_F(FileRanges, AFailedSaveReportsTheStateOfTheFile) {
   for (const FaultRow& row : Rows) {
     SCOPED_TRACE(row.Name);
     std::filesystem::remove(Folder / "f");
@@ -89,7 +89,7 @@ struct Taken : testing::Test {
   const std::string Path = Folder / "f";
   const WriteRange Range{0, std::as_bytes(std::span("new", 3))};
   [[nodiscard]] Result<> Save() const { return SaveInPlace(Path, {&Range, 1}, IfMissing::Create); }
-  // Another program puts its own file in the place of this one while it is being saved.
+  // Another program replaces the file during the save.
   void ReplaceAt(FileStep step) const {
     InjectedFault = [this, step](FileStep now, Moment moment, std::size_t&) {
       if (now != step || moment == Moment::Before) return std::error_code();
@@ -113,7 +113,7 @@ TEST_F(Taken, AFileRenamedOverIsNotCalledSavedAndTheOldOneGetsItsBytesBack) {
   EXPECT_EQ(Folder.Get("moved"), "old bytes");
 }
 
-TEST_F(Taken, AFileThatIsRemovedIsToldToBeGoneAndItsOtherNameKeepsTheOldBytes) {
+TEST_F(Taken, ARemovedFileIsReportedAndItsOtherNameKeepsTheOldBytes) {
   Folder.Put("f", "old bytes");
   std::filesystem::create_hard_link(Path, Folder / "other");
   InjectedFault = [this](FileStep step, Moment moment, std::size_t&) {
@@ -142,7 +142,7 @@ struct KnownRow {
   bool Asks;
 };
 
-TEST(KnownBytes, OnlyADifferenceAsFarAsTheFileReachesStopsASave) {
+TEST(KnownBytes, OnlyADifferenceBeforeTheEndOfTheFileStopsASave) {
   const TestFolder folder;
   const std::string known = "known bytes", fresh = "fresh bytes";
   const KnownRow rows[] = {

@@ -1,4 +1,4 @@
-// Files, folders and texts as every system has to give them.
+// Files, folders and texts, which must behave alike on every system.
 #include <algorithm>
 #include <chrono>
 

@@ -3,7 +3,7 @@
 
 using namespace corvane;
 
-TEST(BtdFile, ReadsAsIfZerosFollowedAndKeepsWhatStandsBehindItsPart) {
+TEST(BtdFile, ReadsZerosPastTheEndAndKeepsTheRestOfTheFile) {
   const TestFolder folder;
   const std::vector<SampleMap> maps = MakeSampleGame().Maps;
   for (std::size_t length = 0; length < 9999; length += length < 400 ? 1 : 71) {
@@ -25,7 +25,7 @@ TEST(BtdFile, ReadsAsIfZerosFollowedAndKeepsWhatStandsBehindItsPart) {
   }
 }
 
-TEST(BtdFile, AFileThatIsGoneIsAFailureThatNamesIt) {
+TEST(BtdFile, TheFailureNamesAMissingFile) {
   const std::string gone = TestFolder() / "gone.btd";
   EXPECT_TRUE(Told(ReadBtd(gone)).starts_with(gone + " could not be read: "));
   EXPECT_TRUE(Told(ReadBtdHead(gone)).starts_with(gone + " could not be read: "));

@@ -6,7 +6,7 @@
 using namespace corvane;
 using enum FileKind;
 
-TEST(GameFolder, TellsTheKindOfFileByItsName) {
+TEST(GameFolder, FindsTheKindOfAFileFromItsName) {
   const std::pair<const char*, FileKind> rows[] = {
       {"CC4.EXE", GameExeFile},   {"cc4.Exe", GameExeFile}, {".crv", PatchFile},
       {"cc4.exe.CrV", PatchFile}, {"XCC4.EXE", OtherFile},  {"CC4.EXE ", OtherFile},
@@ -42,7 +42,7 @@ TEST_F(MapCatalogue, OrdersRowsByNumberThenName) {
   EXPECT_EQ(MapRow(-1), "");
 }
 
-TEST_F(MapCatalogue, TakesDestinationsOfExitsAndKeepsThoseOfMapsWithoutAFile) {
+TEST_F(MapCatalogue, SetsDestinationsOfExitsAndKeepsThoseOfMapsWithoutAFile) {
   PutMap("b.btd", 2);
   PutMap("x.btd", 43);
   VLDest(7, 3) = 77;

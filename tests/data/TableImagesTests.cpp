@@ -19,7 +19,7 @@ struct TableImages : testing::Test {
                     Sizes[4] = {1204, 2268, 7396, 344};
 };
 
-TEST_F(TableImages, MoveByteForByteAndACutFileReadsAsIfZerosFollowed) {
+TEST_F(TableImages, AreCopiedByteForByteWithZerosPastTheEndOfAFile) {
   for (const bool patch : {false, true}) {
     const auto& [map, arrow, connections, hotspots] = Starts[patch];
     for (const auto length : {std::size_t{1999999}, hotspots + 344, hotspots + 343,
@@ -42,7 +42,7 @@ TEST_F(TableImages, MoveByteForByteAndACutFileReadsAsIfZerosFollowed) {
   }
 }
 
-TEST_F(TableImages, AFailedReadSaysSoAndAGameThatIsGoneIsNotCreated) {
+TEST_F(TableImages, AFailedReadIsReportedAndAMissingGameIsNotCreated) {
   EXPECT_TRUE(Told(Write(false, Made)).ends_with(" does not exist and was not created."));
   EXPECT_FALSE(std::filesystem::exists(Exe));
   for (const bool patch : {false, true}) {

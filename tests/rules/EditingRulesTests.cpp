@@ -52,7 +52,7 @@ TEST_F(FieldEntry, StoresDigitsUpToTheLargestNumber) {
   EXPECT_EQ(Beeps, 0);
 }
 
-TEST_F(FieldEntry, BeepsOnceAtAllElseAndStoresNothing) {
+TEST_F(FieldEntry, BeepsOnceAtAnyOtherTextAndStoresNothing) {
   for (const char* text : {"2147483648", "-1", "99999999999999999999999999", " 1", "1 ", "1/", ":",
                            "a.b", "\xD9\xA1"}) {
     Beeps = 0;
@@ -63,14 +63,14 @@ TEST_F(FieldEntry, BeepsOnceAtAllElseAndStoresNothing) {
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST_F(FieldEntry, JudgesATextWithoutARowAndStoresNothing) {
+TEST_F(FieldEntry, ChecksATextWithoutARowAndStoresNothing) {
   EXPECT_TRUE(EnterField(MapTop, -1, "7"));
   EXPECT_FALSE(EnterField(MapTop, -1, "x"));
   EXPECT_EQ(Beeps, 1);
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST(AddMapSlot, GoesByItsTextAndStopsAt41Rows) {
+TEST(AddMapSlot, InsertsInTextOrderUpTo41Rows) {
   ResetTables();
   MapRows = {"000 A.btd", "007 B.btd"};
   EXPECT_TRUE(AddMapSlot());

@@ -53,13 +53,13 @@ TEST_F(CommandLine, HelpsWithExamplesOfEachVerb) {
   }
 }
 
-TEST_F(CommandLine, TellsItsVersion) {
+TEST_F(CommandLine, PrintsItsVersion) {
   EXPECT_EQ(Run({"--version"}), 0);
   EXPECT_TRUE(Out.starts_with("corvane-tool ")) << Out;
   EXPECT_EQ(std::ranges::count(Out, '\n'), 1);
 }
 
-TEST_F(CommandLine, NeverSendsANameRaw) {
+TEST_F(CommandLine, EscapesNamesInMessages) {
   EXPECT_EQ(Run({"show", "\x1B[31m\u202Ex.crv"}), 2);
   EXPECT_TRUE(Errors.starts_with("corvane-tool: \\x1B[31m\\u202Ex.crv could not be read: "))
       << Errors;
@@ -98,7 +98,7 @@ TEST_F(CheckVerb, CountsWarningsWhenStrict) {
   EXPECT_EQ(Run({"check", "--strict", "--game", "/", "/p.crv"}), 1) << Errors;
 }
 
-TEST_F(CheckVerb, NamesTheSourceWhereThereAreSeveral) {
+TEST_F(CheckVerb, NamesEachOfSeveralSources) {
   Folder.Put("Maps/Short.btd", Folder.Get("Maps/Merlaut.btd").substr(0, 8000));
   EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd", "/Maps/Short.btd", "/no.btd"}), 2);
   EXPECT_EQ(Plain(Out),
@@ -122,7 +122,7 @@ TEST_F(CheckVerb, FailsWithoutTheMaps) {
   EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
 }
 
-TEST_F(CheckVerb, TellsWhyTheMapsCannotBeListed) {
+TEST_F(CheckVerb, ReportsWhyTheMapsCannotBeListed) {
   std::filesystem::remove_all(Folder / "Maps");
   Folder.Put("Maps", "a file in place of the folder");
   EXPECT_EQ(Run({"check", "/CC4.EXE"}), 2);
@@ -130,7 +130,7 @@ TEST_F(CheckVerb, TellsWhyTheMapsCannotBeListed) {
       << Errors;
 }
 
-TEST_F(CheckVerb, CountsMoreFilesThanMapSlots) {
+TEST_F(CheckVerb, WarnsOfMoreFilesThanMapSlots) {
   Folder.Put("Maps/Zz.btd", Folder.Get("Maps/Merlaut.btd"));
   Run({"check", "/CC4.EXE"});
   EXPECT_NE(Out.find("warning: the Maps folder holds more than 43 BTD files; some are left out\n"),
@@ -158,7 +158,7 @@ TEST_F(ShowVerb, PrintsJsonThatCanBeCopiedBack) {
 
 struct DiffVerb : ToolRun {};
 
-TEST_F(DiffVerb, TellsTablesAndFilesOfTwoGames) {
+TEST_F(DiffVerb, ComparesTablesAndFilesOfTwoGames) {
   Game.Tables.Tiles[3].Left = 117;
   Game.Maps[3].VLs[0].TileX ^= 1;
   for (const auto& [name, bytes] : GameFiles(Game)) Folder.Put("new/" + name, bytes);
@@ -170,7 +170,7 @@ TEST_F(DiffVerb, TellsTablesAndFilesOfTwoGames) {
                      std::to_string(x ^ 1) + "\n");
 }
 
-TEST_F(DiffVerb, ComparesLikeWithLikeOnly) {
+TEST_F(DiffVerb, RefusesToCompareTablesWithABtdFile) {
   EXPECT_EQ(Run({"diff", "/CC4.EXE", "/Maps/Merlaut.btd"}), 2);
   EXPECT_EQ(Errors, "corvane-tool: A BTD file can be compared with another BTD file only.\n");
 }

@@ -8,7 +8,7 @@ struct CopyVerb : ToolRun {
     Folder.Put("p.crv", Patch);
     Folder.Put("short.btd", std::string(5000, '\1'));
   }
-  // The tables of the sample with another tile, in a patch file.
+  // Puts the sample tables with a moved tile into a patch file.
   void PutChangedPatch(int left) {
     GameTables tables = Game.Tables;
     tables.Tiles[3].Left = left;
@@ -18,7 +18,7 @@ struct CopyVerb : ToolRun {
   const std::string Exe = GameExeBytes(Game.Tables);
 };
 
-TEST_F(CopyVerb, BringsTablesRoundThroughEveryKindOfFile) {
+TEST_F(CopyVerb, PreservesTablesThroughEveryKindOfFile) {
   static Noise noise(11);  // new bytes each time the test is repeated
   for (int round = 0; round < 8; ++round) {
     const std::string patch = noise.Bytes(11212);
@@ -34,7 +34,7 @@ TEST_F(CopyVerb, BringsTablesRoundThroughEveryKindOfFile) {
   EXPECT_TRUE(exe.substr(1201312) == Exe.substr(1201312));
 }
 
-TEST_F(CopyVerb, BringsBtdFilesRound) {
+TEST_F(CopyVerb, PreservesBtdFilesThroughJson) {
   static Noise noise(12);
   const std::string rest = noise.Bytes(99);
   for (int round = 0; round < 8; ++round) {
@@ -92,7 +92,7 @@ TEST_F(CopyVerb, ChecksAgainstTheMapsOfTheGameThatIsWritten) {
   EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
 }
 
-TEST_F(CopyVerb, ReplacesAPatchOrJsonFileByForceOnly) {
+TEST_F(CopyVerb, ReplacesAPatchOrJsonFileOnlyWithForce) {
   for (const char* name : {"old.crv", "old.json"}) {
     Folder.Put(name, std::string(300000, 'x'));
     EXPECT_EQ(Run({"copy", "/CC4.EXE", "/" + std::string(name)}), 1) << name;
@@ -101,7 +101,7 @@ TEST_F(CopyVerb, ReplacesAPatchOrJsonFileByForceOnly) {
     EXPECT_EQ(Folder.Get(name), std::string(300000, 'x'));
     EXPECT_EQ(Run({"copy", "--force", "/CC4.EXE", "/" + std::string(name)}), 0) << name;
   }
-  // A patch file is never shortened, and a JSON file has to be.
+  // A patch file is never shortened; a JSON file must be.
   EXPECT_TRUE(Folder.Get("old.crv") == Patch + std::string(300000 - 11212, 'x'));
   EXPECT_TRUE(Folder.Get("old.json").ends_with("]\n}\n"));
 }
@@ -114,7 +114,7 @@ TEST_F(CopyVerb, FindsItsTargetInAnyLetterCase) {
   EXPECT_EQ(Run({"copy", "/cc4.Exe", "/P.CRV"}), 1) << Errors;
 }
 
-TEST_F(CopyVerb, KeepsWhatAnotherProgramWroteMeanwhile) {
+TEST_F(CopyVerb, KeepsChangesByAnotherProgram) {
   PutChangedPatch(300);
   GameTables others = Game.Tables;
   others.Arrows[7].Top = 77;
@@ -127,7 +127,7 @@ TEST_F(CopyVerb, KeepsWhatAnotherProgramWroteMeanwhile) {
   EXPECT_TRUE(Folder.Get("CC4.EXE") == GameExeBytes(others));
 }
 
-TEST_F(CopyVerb, RefusesWhatDoesNotGoTogether) {
+TEST_F(CopyVerb, RefusesSourcesThatDoNotMatchTheTarget) {
   Folder.Put("bad.json", "{}");
   const std::tuple<const char*, const char*, const char*> rows[] = {
       {"/p.crv", "/Maps/Merlaut.btd", "/p.crv holds tables and no BTD record for "},
@@ -144,7 +144,7 @@ TEST_F(CopyVerb, RefusesWhatDoesNotGoTogether) {
   EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
 }
 
-TEST_F(CopyVerb, TakesNoFolderForANewFileOrForOneThatItCanReplace) {
+TEST_F(CopyVerb, RefusesAFolderAsTarget) {
   for (const char* name : {"/folder.crv", "/folder.json"}) {
     std::filesystem::create_directory(Folder / (name + 1));
     EXPECT_EQ(Run({"copy", "--dry-run", "--unchecked", "--force", "/p.crv", name}), 2) << name;
@@ -154,7 +154,7 @@ TEST_F(CopyVerb, TakesNoFolderForANewFileOrForOneThatItCanReplace) {
   }
 }
 
-TEST_F(CopyVerb, TellsTheStateOfAFileThatCouldNotBeSaved) {
+TEST_F(CopyVerb, ReportsTheStateOfAFileThatCouldNotBeSaved) {
   std::filesystem::remove(Folder / "CC4.EXE");
   EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/CC4.EXE"}), 2);
   EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/no/new.crv"}), 2);

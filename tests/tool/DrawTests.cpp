@@ -8,7 +8,7 @@
 
 using namespace corvane;
 
-// The sample game in a folder of its own, and a console that keeps what it is told.
+// The sample game in its own folder, and a console that records the output.
 struct DrawFiles : testing::Test {
   DrawFiles() { EXPECT_TRUE(WriteSampleGame(Folder.Path / "game", Game).Done()); }
 
@@ -32,7 +32,7 @@ struct DrawFiles : testing::Test {
                      [this](std::string_view text) { Complaints += text; }};
 };
 
-TEST_F(DrawFiles, TellsTheFormFromTheName) {
+TEST_F(DrawFiles, ChoosesTheFormatByTheName) {
   const std::pair<std::string, std::string> cases[] = {
       {"a.svg", "<svg "}, {"b.SVG", "<svg "}, {"c.html", "<!DOCTYPE"}, {"d.Htm", "<!DOCTYPE"}};
   for (const auto& [name, start] : cases) {
@@ -79,7 +79,7 @@ TEST_F(DrawFiles, ReplacesTheFileBehindALink) {
   EXPECT_EQ(Xml(Folder.Get("real.svg")).Fault, "");
 }
 
-TEST_F(DrawFiles, ReplacesALongerPictureWhole) {
+TEST_F(DrawFiles, ReplacesALongerPictureCompletely) {
   Folder.Put("a.svg", std::string(1000000, 'x'));
   EXPECT_EQ(Draw(To("a.svg"), TheConsole), StatusDone);
   EXPECT_EQ(Xml(Folder.Get("a.svg")).Fault, "");
@@ -96,7 +96,7 @@ TEST_F(DrawFiles, ShowsAPatchFileWithTheMapsOfItsGame) {
   EXPECT_EQ(picture.All("g", "old").size(), 2U);
 }
 
-TEST_F(DrawFiles, WithoutMapFilesFindsNoFaultWithTheExits) {
+TEST_F(DrawFiles, ReportsNoMissingExitsWithoutMapFiles) {
   Folder.Put("alone/CC4.EXE", GameExeBytes(Game.Tables));
   DrawOptions options = To("a.svg");
   options.Source = Path("alone/CC4.EXE");

@@ -1,4 +1,4 @@
-// The sample game with every kind of fault in it, and with names that would do harm if they could.
+// The sample game with every kind of fault, and with hostile names.
 #pragma once
 
 #include "SampleLayer.h"

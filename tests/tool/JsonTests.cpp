@@ -14,7 +14,7 @@ using Json = nlohmann::json;
 
 namespace {
 
-// Repeated by the test program, these run through ever new bytes.
+// New bytes each time the test is repeated.
 Noise& Random() {
   static Noise noise(4);
   return noise;
@@ -54,7 +54,7 @@ MapFile FileWith(const std::string& image) {
   return file;
 }
 
-// What a document reads as: the bytes of its file, or why it is refused.
+// The bytes of the file in a document, or why it is refused.
 std::string ReadBack(const std::string& json) {
   const auto read = ParseJson(json);
   if (!read.Done()) return read.Error();
@@ -75,7 +75,7 @@ const std::string SampleBtd =
 
 }  // namespace
 
-TEST(Json, BringsRandomTablesBack) {
+TEST(Json, PreservesRandomTables) {
   for (int round = 0; round < 20; ++round) {
     const std::string patch = RandomBytes(11212);
     const std::string json = TablesToJson(LayerWith(patch));
@@ -84,7 +84,7 @@ TEST(Json, BringsRandomTablesBack) {
   }
 }
 
-TEST(Json, BringsRandomBtdFilesBack) {
+TEST(Json, PreservesRandomBtdFiles) {
   for (int round = 0; round < 20; ++round) {
     const std::string image = RandomBytes(8526);
     const std::string json = BtdToJson(FileWith(image));
@@ -93,7 +93,7 @@ TEST(Json, BringsRandomBtdFilesBack) {
   }
 }
 
-TEST(Json, BringsTheSampleBack) {
+TEST(Json, PreservesTheSample) {
   const SampleGame game = MakeSampleGame();
   EXPECT_TRUE(ReadBack(SampleTables) == PatchBytes(game.Tables));
   for (const SampleMap& map : game.Maps) {
@@ -114,7 +114,7 @@ TEST(Json, SpellsFieldsAsDocumented) {
   EXPECT_EQ(json["MapHotspots"][42].dump(), R"({"CenterX":800,"CenterY":600})");
 }
 
-TEST(Json, WritesTextsForPeople) {
+TEST(Json, WritesReadableTexts) {
   MapFile file;
   SetField(file.VLs[0].Name, "Ch\u00E2teau \"x\\y\"");
   std::memcpy(file.VLs[1].Name.data(), "Ford\0east\x81\x1B", 11);
@@ -135,10 +135,10 @@ TEST(Json, TakesHexForAnyText) {
   EXPECT_TRUE(FitsSchema(json));
 }
 
-// A value of a sound document, what takes its place, and what is said of it.
+// The place of a value in a valid document, its replacement, and the expected reason.
 struct Fault {
   const char* Place;
-  const char* Value;  // JSON; empty to take the place out
+  const char* Value;  // JSON; empty to remove the value
   const char* Reason;
 };
 void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.Place << " " << fault.Value; }
@@ -224,7 +224,7 @@ INSTANTIATE_TEST_SUITE_P(
               "/AlliedBrief: must be an array of texts, or an object with the key Hex"},
         Fault{"/AxisBrief", "[\"a\", 1]", "/AxisBrief/1: must be a text"}));
 
-TEST(Json, RefusesWhatASchemaCannotTell) {
+TEST(Json, RefusesWhatASchemaCannotExpress) {
   const std::string start = R"({"Format": "Corvane tables", )";
   const std::string deep = std::string(100000, '[');
   const struct {

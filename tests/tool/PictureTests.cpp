@@ -14,7 +14,7 @@ using namespace corvane;
 
 namespace {
 
-// Two maps side by side, each with a tile and a hotspot in it, and nothing between them.
+// Two maps side by side, each with a tile and its hotspot, without connections.
 Layer TwoMaps() {
   Layer layer;
   layer.Rows = {"000 West.btd", "001 East.btd"};
@@ -44,7 +44,7 @@ void PrintTo(const Shape& shape, std::ostream* out) { *out << shape.Class << ", 
 std::vector<Shape> RoadsOf(const Layer& layer) {
   std::vector<Shape> shapes;
   for (const XmlElement& road : Drawn(layer).All("path", "road ")) {
-    if (road["data-from"] == "(none)") continue;  // of the legend
+    if (road["data-from"] == "(none)") continue;  // in the legend
     const bool atStart = road["marker-start"] != "none";
     shapes.push_back({road["class"], road["data-from"] + (atStart ? "<>" : ">") + road["data-to"]});
   }
@@ -67,7 +67,7 @@ std::string Named(const std::string& name) {
 
 }  // namespace
 
-TEST(Picture, HoldsEveryTileHotspotAndArrowOfTheSampleToScale) {
+TEST(Picture, DrawsEveryTileHotspotAndArrowOfTheSampleToScale) {
   Layer layer = LayerOf(MakeSampleGame());
   const Xml picture = Drawn(layer);
   ASSERT_EQ(picture.Fault, "");
@@ -87,7 +87,7 @@ TEST(Picture, HoldsEveryTileHotspotAndArrowOfTheSampleToScale) {
   EXPECT_EQ(spots[42].Number("cy"), layer.Hotspots[42].CenterY);
 }
 
-TEST(Picture, LeadsEachRoadOfTheSampleThroughItsArrow) {
+TEST(Picture, DrawsEachRoadOfTheSampleThroughItsArrow) {
   Layer layer = LayerOf(MakeSampleGame());
   std::set<std::pair<int, int>> drawn;
   for (const XmlElement& road : Drawn(layer).All("path", "road both")) {
@@ -109,7 +109,7 @@ TEST(Picture, LeadsEachRoadOfTheSampleThroughItsArrow) {
   EXPECT_EQ(drawn.size(), 90U);
 }
 
-TEST(Picture, LeadsARoadBackToItsMapByTheArrow) {
+TEST(Picture, DrawsALoopThroughTheArrow) {
   Layer layer = TwoMaps();
   layer.Arrows[4] = {.Left = 190, .Top = 280, .Width = 20, .Height = 40};
   layer.Connections(0, 0) = 4;
@@ -130,7 +130,7 @@ TEST(Picture, KeepsRoadsWithFarArrowsOnTheSheet) {
   EXPECT_EQ(Drawn(layer).All("path", "road no-exit")[0]["d"], "M130 220L30 590L530 220");
 }
 
-TEST(Picture, TellsKindsOfRoadsApart) {
+TEST(Picture, DistinguishesKindsOfRoads) {
   struct Case {
     std::int32_t There, Back;     // arrows
     std::int32_t Exit, ExitBack;  // where VL0 of either map leads
@@ -160,7 +160,7 @@ TEST(Picture, TellsKindsOfRoadsApart) {
 
 TEST(Picture, TakesNoExitsFromASlotWithoutAFile) {
   Layer layer = TwoMaps();
-  layer.Destinations(5, 0) = 0;  // as a table that no file ever filled
+  layer.Destinations(5, 0) = 0;  // as in a table that no file has filled
   EXPECT_EQ(RoadsOf(layer), std::vector<Shape>());
   EXPECT_EQ(Drawn(layer).Id("map-5").Name, "");
 }
@@ -179,7 +179,7 @@ TEST(Picture, PointsOffTheMapAtTheNearestEdge) {
   }
 }
 
-TEST(Picture, KeepsTheWildestNumbersOnTheSheet) {
+TEST(Picture, KeepsExtremeNumbersOnTheSheet) {
   Layer layer = TwoMaps();
   constexpr std::int32_t Wild[] = {std::numeric_limits<std::int32_t>::min(), -1, 0, 801,
                                    std::numeric_limits<std::int32_t>::max()};
@@ -199,7 +199,7 @@ TEST(Picture, KeepsTheWildestNumbersOnTheSheet) {
   }
 }
 
-TEST(Picture, LetsLabelsMakeWayAndKeepsWhatFindsNoPlaceInTheTooltip) {
+TEST(Picture, OverlapsNoLabelsAndKeepsEveryNameInATooltip) {
   Layer layer = LayerOf(MakeSampleGame());
   for (int map = 0; map < MapSlotCount; ++map) {
     layer.Tiles[map] = {.Left = 300 + map, .Top = 300, .Width = 60, .Height = 50};
@@ -231,7 +231,7 @@ TEST(Picture, ShowsHostileNamesAndRunsNoneOfThem) {
   EXPECT_EQ(Named("\u05D0\u05D1 \u6771"), "Map 0 \u05D0\u05D1 \u6771");
 }
 
-TEST(Picture, NumbersFindingsAndWarningsAtTheirPlaceAndInTheList) {
+TEST(Picture, NumbersFindingsAndWarningsInPlaceAndInTheList) {
   Layer layer = TwoMaps();
   layer.Arrows[4] = {.Left = 300, .Top = 210, .Width = 20, .Height = 20};
   const Xml picture = Drawn(layer, {{MarkKind::Finding, "bad <tile>", 1, -1},
@@ -250,7 +250,7 @@ TEST(Picture, NumbersFindingsAndWarningsAtTheirPlaceAndInTheList) {
   }
 }
 
-TEST(Picture, ListsHundredsOfFindingsWholeAndOnTheSheet) {
+TEST(Picture, ListsHundredsOfFindingsCompletelyAndOnTheSheet) {
   Layer layer = TwoMaps();
   const std::string text = "A finding long enough to fill more than one line of the list, by far";
   const Xml picture = Drawn(layer, Marks(554, {MarkKind::Finding, text, 0, -1}));
@@ -289,7 +289,7 @@ TEST(Picture, OutlinesWhatMovedWhereItWas) {
 TEST(Picture, OutlinesConnectionsThatAreGone) {
   Layer before = TwoMaps();
   before.Connections(0, 1) = before.Connections(1, 0) = 3;
-  before.Destinations(0, 0) = 1;  // what an exit asks for is no connection
+  before.Destinations(0, 0) = 1;  // an exit is not a connection
   Layer now = before;
   EXPECT_EQ(Xml(DrawSvg({"a", &now, &before, "b", {}})).All("path", "gone").size(), 0U);
   now.Connections(1, 0) = 5;

@@ -4,7 +4,7 @@
 
 using namespace corvane;
 
-TEST(Printable, EscapesWhatSteersATerminal) {
+TEST(Printable, EscapesControlAndDirectionCharacters) {
   const struct {
     const char* Text;
     const char* Shown;
@@ -13,10 +13,10 @@ TEST(Printable, EscapesWhatSteersATerminal) {
       {"\x1B[31mred\x07", "\\x1B[31mred\\x07"},
       {"two\r\nlines", "two\\r\\nlines"},
       {"\u009B31m", "\\u009B31m"},          // a control character beyond ASCII
-      {"\u202Eexe.crv", "\\u202Eexe.crv"},  // turns what follows around
+      {"\u202Eexe.crv", "\\u202Eexe.crv"},  // reverses the text after it
       {"a\u2066b\u200Bc\uFEFF", "a\\u2066b\\u200Bc\\uFEFF"},
       {"\U000E0041", "\\U000E0041"},
-      {"\xFF\xC0\x80", "\\xFF\\xC0\\x80"},  // no UTF-8
+      {"\xFF\xC0\x80", "\\xFF\\xC0\\x80"},  // not UTF-8
       {"\xED\xA0\x80", "\\xED\\xA0\\x80"},  // half of a pair
       {"cut \xE2\x82", "cut \\xE2\\x82"},
       {"C:\\Maps", "C:\\Maps"},

@@ -1,4 +1,4 @@
-// The sample game as the tool sees it, without a file.
+// The sample game as a layer, without files.
 #pragma once
 
 #include "data/MapCatalogue.h"
@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// The maps stand at the slots that their headers name, one each.
+/// Each map is at the slot in its header.
 inline Layer LayerOf(const SampleGame& game) {
   Layer layer;
   layer.Tiles = game.Tables.Tiles;

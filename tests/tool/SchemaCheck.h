@@ -1,4 +1,4 @@
-// A judge of documents by the keywords that the schema of the JSON form uses.
+// Validates documents against the keywords that the schema of the JSON form uses.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -9,10 +9,10 @@ struct SchemaCheck {
   using Json = nlohmann::json;
 
   const Json& Root;
-  std::string Unknown;  // a keyword that is not known here
+  std::string Unknown;  // a keyword that this check does not support
 
   bool Accepts(const Json& schema, const Json& value) {
-    // First, since the other keywords mean something for values of that type only.
+    // First, since the other keywords apply to values of that type only.
     if (schema.contains("type") && !IsOfType(schema["type"], value)) return false;
     for (const auto& [keyword, rule] : schema.items()) {
       if (!Holds(keyword, rule, schema, value)) return false;

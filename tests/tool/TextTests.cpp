@@ -23,7 +23,7 @@ MapFile SampleFile() { return LayerOf(MakeSampleGame()).Files[4]; }
 
 }  // namespace
 
-TEST(Listing, TellsEachFactOfAMapOnALine) {
+TEST(Listing, PrintsOneFactPerLineForAMap) {
   Layer layer;
   layer.Rows = {"000 A.btd", "001 B.btd"};
   for (int to = 0; to < MapSlotCount; ++to) layer.Connections(1, to) = NoConnection;
@@ -43,7 +43,7 @@ TEST(Listing, TellsEachFactOfAMapOnALine) {
             "arrow 080: opaque words 0, 0, 0\n");
 }
 
-TEST(Listing, TellsOfABtdFile) {
+TEST(Listing, PrintsABtdFile) {
   MapFile file{.Name = "A.btd", .Length = 9000};
   file.Header = {19990326, 3};
   SetField(file.Text.BaseName, "A");
@@ -83,7 +83,7 @@ TEST(Listing, ShowsEveryByteOfATable) {
   shows(hotspots, sizeof layer.Hotspots);
 }
 
-TEST(Differences, TellOfEachFieldInWords) {
+TEST(Differences, NameEachField) {
   Layer before = LayerOf(MakeSampleGame());
   Layer after = before;
   before.Tiles[3].Left = 117;
@@ -102,7 +102,7 @@ TEST(Differences, TellOfEachFieldInWords) {
   EXPECT_EQ(TableDifferences(after, after), Lines());
 }
 
-TEST(Differences, TellOfBtdFieldsInWords) {
+TEST(Differences, NameBtdFields) {
   MapFile before = SampleFile();
   MapFile after = before;
   before.Header.MapIndex = 4;

@@ -1,4 +1,4 @@
-// corvane-tool without a process: a folder with the sample game, a call, and what it printed.
+// Runs corvane-tool without a process, in a folder with the sample game, and records the output.
 #pragma once
 
 #include <utility>
@@ -11,7 +11,7 @@ struct ToolRun : testing::Test {
     for (const auto& [name, bytes] : corvane::GameFiles(Game)) Folder.Put(name, bytes);
   }
 
-  // Names with a slash in front are files of the folder.
+  // Arguments that start with a slash name files in the folder.
   int Run(std::vector<std::string> words) {
     for (std::string& word : words)
       if (word.starts_with('/')) word = Folder / word.substr(1);
@@ -25,7 +25,7 @@ struct ToolRun : testing::Test {
     return corvane::RunTool(words, console);
   }
 
-  // The name of the folder, which no test can know, left out of a text.
+  // Removes the path of the folder, which varies, from a text.
   [[nodiscard]] std::string Plain(std::string text) const {
     const std::string folder = Folder / "";
     for (std::size_t at = 0; (at = text.find(folder, at)) != text.npos;)

@@ -10,8 +10,7 @@
 
 using namespace corvane;
 
-// Three maps in a row, joined both ways by exits, connections and an arrow for each pair. Nothing
-// is wrong with them.
+// Three maps in a row, connected both ways by exits and by an arrow for each pair, without faults.
 struct Warnings : testing::Test {
   Warnings() {
     ResetTables();
@@ -44,7 +43,7 @@ struct Warnings : testing::Test {
     Of.Destinations(right, 1) = left;
   }
 
-  // Most tests are about something else.
+  // Only one test is about unused arrows.
   void IgnoreUnusedArrows() {
     for (const Mark& mark : WarningsOf(Of)) Ignored.push_back(mark.Text);
   }
@@ -62,7 +61,7 @@ struct Warnings : testing::Test {
   std::vector<std::string> Ignored;
 };
 
-TEST_F(Warnings, TellOfArrowsThatNothingUses) {
+TEST_F(Warnings, CoverUnusedArrows) {
   ASSERT_EQ(Ignored.size(), 79U);
   EXPECT_EQ(Ignored[0], "arrow 002: no connection uses it");
   Of.Connections(0, 1) = 80;
@@ -71,7 +70,7 @@ TEST_F(Warnings, TellOfArrowsThatNothingUses) {
   EXPECT_EQ(Told(), Texts{"arrow 000: no connection uses it"});
 }
 
-TEST_F(Warnings, TellOfTilesAndHotspotsOutOfPlace) {
+TEST_F(Warnings, CoverTilesAndHotspotsOutOfPlace) {
   const struct {
     StrRect Tile;
     Hotspot Spot;
@@ -103,7 +102,7 @@ TEST_F(Warnings, TellOfTilesAndHotspotsOutOfPlace) {
   }
 }
 
-TEST_F(Warnings, TellOfTilesThatOverlap) {
+TEST_F(Warnings, CoverTilesThatOverlap) {
   Of.Tiles[0].Width = 100;
   EXPECT_EQ(Told(), Texts());  // they touch
   Of.Tiles[0].Width = 101;
@@ -113,7 +112,7 @@ TEST_F(Warnings, TellOfTilesThatOverlap) {
   EXPECT_EQ(Told(), Texts{"map 000 A.btd: its hotspot lies outside its tile"});
 }
 
-TEST_F(Warnings, TellOfConnections) {
+TEST_F(Warnings, CoverConnections) {
   const struct {
     int From, To, Arrow;
     Texts Expected;
@@ -152,7 +151,7 @@ TEST_F(Warnings, TellOfConnections) {
   }
 }
 
-TEST_F(Warnings, NameFewOfManyConnectionsOnOneArrow) {
+TEST_F(Warnings, NameAtMostFourConnectionsOfAnArrow) {
   for (int to = 3; to < 9; ++to) Of.Connections(0, to) = Of.Connections(to, 0) = 0;
   const Texts told = Told();
   EXPECT_EQ(std::ranges::count(
@@ -162,7 +161,7 @@ TEST_F(Warnings, NameFewOfManyConnectionsOnOneArrow) {
             1);
 }
 
-TEST_F(Warnings, TellOfExits) {
+TEST_F(Warnings, CoverExits) {
   Of.Destinations(2, 5) = 2;
   Of.Destinations(2, 6) = 7;
   Of.Destinations(2, 7) = OffMap;
@@ -170,24 +169,24 @@ TEST_F(Warnings, TellOfExits) {
                            "map 002 C.btd: the exit VL6 leads to map 007, which has no BTD file"}));
 }
 
-TEST_F(Warnings, TellOfArrowsBeyondTheScreen) {
+TEST_F(Warnings, CoverArrowsBeyondTheScreen) {
   Of.Arrows[1] = {.Left = 795, .Top = 595, .Width = 5, .Height = 6};
   EXPECT_EQ(Told(), Texts{"arrow 001: it reaches beyond 800 x 600"});
 }
 
-TEST_F(Warnings, TellOfNumbersOutOfOrder) {
+TEST_F(Warnings, CoverNumbersOutOfOrder) {
   Of.Files[1].Header.MapIndex = 2;
   EXPECT_EQ(Told(), (Texts{"map 001 B.btd: its file has the map number 2, but stands in row 1",
                            "map 001 B.btd: its map number is also that of C.btd",
                            "no BTD file has the map number 1"}));
 }
 
-TEST_F(Warnings, TellOfFilesLeftOut) {
+TEST_F(Warnings, CoverFilesLeftOut) {
   Of.FilesLeftOut = true;
   EXPECT_EQ(Told(), Texts{"the Maps folder holds more than 43 BTD files; some are left out"});
 }
 
-TEST_F(Warnings, TellOfBtdFiles) {
+TEST_F(Warnings, CoverBtdFiles) {
   using Change = void (*)(MapFile&);
   const std::pair<Change, const char*> rows[] = {
       {[](MapFile& file) { file.Header.Magic = 1; }, "the magic number is 1, not 19990326"},
@@ -211,14 +210,14 @@ TEST_F(Warnings, TellOfBtdFiles) {
   }
 }
 
-TEST_F(Warnings, TakeNoOffenceAtAFileInOtherLetters) {
+TEST_F(Warnings, IgnoreTheLetterCaseOfFiles) {
   Of.Files[0].Name = "a.BTD";
   Of.Files[1].VLs[0] = {.Kind = VLKind::Exit, .Destination = 254};
   Of.Files[1].VLs[1] = {.Kind = VLKind::Unused, .Destination = 200};
   EXPECT_EQ(Told(), Texts());
 }
 
-TEST_F(Warnings, AreMarkedWhereTheyAre) {
+TEST_F(Warnings, NameTheirSlots) {
   Of.Arrows[1].Left = 799;
   Of.Hotspots[2] = {};
   const Marks marks = WarningsOf(Of);
@@ -230,7 +229,7 @@ TEST_F(Warnings, AreMarkedWhereTheyAre) {
   EXPECT_EQ(told("reaches beyond").Arrow, 1);
 }
 
-TEST(Findings, AreMarkedWhereTheyAre) {
+TEST(Findings, NameTheirSlots) {
   ResetTables();
   MapRows = {"000 A.btd", "001 B.btd", "002 C.btd"};
   for (int map = 0; map < MapSlotCount; ++map) {

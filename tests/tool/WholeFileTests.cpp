@@ -15,7 +15,7 @@ TEST(WholeFile, ReplacesLongerAndShorterFiles) {
   EXPECT_EQ(folder.Get("new.json"), "[]\n");
 }
 
-TEST(WholeFile, IsWholeOrUnchangedOrTellsWhateverStepFails) {
+TEST(WholeFile, IsCompleteOrUnchangedOrReportsItsStateWhicheverStepFails) {
   const TestFolder folder;
   const std::string old(5000, 'x');
   int told = 0, left = 0;

@@ -1,4 +1,4 @@
-// A strict reader of XML, to hold what is drawn against: whatever it is given must be well-formed.
+// A strict XML parser that checks that pictures and pages are well-formed.
 #pragma once
 
 #include <algorithm>
@@ -33,7 +33,7 @@ class Xml {
   }
 
   std::vector<XmlElement> Elements;
-  std::string Fault;  // empty for a document that is well-formed
+  std::string Fault;  // empty if the document is well-formed
 
   /// All elements of this name and, unless it is empty, of a class that starts with `style`.
   [[nodiscard]] std::vector<XmlElement> All(std::string_view name,
@@ -44,13 +44,13 @@ class Xml {
     });
     return found;
   }
-  /// The element of this id; a blank one if there is none or more than one.
+  /// The element with this id; a blank one if there is none or more than one.
   [[nodiscard]] XmlElement Id(std::string_view id) const {
     const auto has = [id](const XmlElement& element) { return element["id"] == id; };
     const auto found = std::ranges::find_if(Elements, has);
     return std::ranges::count_if(Elements, has) == 1 ? *found : XmlElement{};
   }
-  /// The first element of this name in the one of this id.
+  /// The first element of this name in the element with this id.
   [[nodiscard]] XmlElement Child(std::string_view id, std::string_view name) const {
     for (const XmlElement& element : Elements) {
       const XmlElement& parent = Elements[element.Parent];
@@ -103,7 +103,7 @@ class Xml {
     if (!empty && (element.Name == "script" || element.Name == "style")) ReadRaw(element.Name);
   }
 
-  // Up to the end of an element whose text is no markup.
+  // Reads to the end of an element whose text is not markup.
   void ReadRaw(const std::string& name) {
     const std::size_t end = Rest.find("</" + name + ">");
     if (end == Rest.npos) Fault = name + " does not end";

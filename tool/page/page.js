@@ -1,6 +1,6 @@
 "use strict";
-// Looking around in the picture: what is lit up, pinned and found, zoom and pan. The page is whole
-// without it; everything that it shows already stands in the document.
+// Interaction with the picture: highlighting, pinning, filtering, zoom and pan. The page works
+// without it: the document contains everything that it shows.
 (() => {
   const svg = document.querySelector("svg.layer");
   const aside = document.querySelector("aside");
@@ -22,7 +22,7 @@
   let drag = null;
   let lastInput = 0;
 
-  // Lights up a map, its roads, their arrows and where they lead, and lists its data.
+  // Highlights a map, its roads, their arrows and the maps at the other ends, and shows its data.
   function show(map) {
     shown = map;
     const near = new Set([map]);
@@ -92,7 +92,7 @@
   const inPicture = (map, arrow) =>
     document.getElementById(`map-${map}`) ?? document.getElementById(`arrow-${arrow}`);
 
-  // To the place of a finding or warning.
+  // Scrolls to the tile or arrow of a finding or warning.
   function jump(link) {
     const place = document.getElementById(`at-${link.dataset.mark}`) ??
       inPicture(number(link, "map"), number(link, "arrow"));
@@ -102,7 +102,7 @@
     flash(place);
   }
 
-  // From a badge to its line in the list.
+  // Scrolls from a badge to its line in the list.
   function showLine(badge) {
     const line = document.getElementById(`found-${badge.dataset.mark}`);
     line.querySelector("a").focus();
@@ -123,7 +123,7 @@
     remember();
   }
 
-  // What survives a reload. Browsers limit how often it may be stored.
+  // Stores the state that survives a reload. Browsers limit how often this is allowed.
   let storing = 0;
   function store() {
     clearTimeout(storing);
@@ -223,7 +223,7 @@
   look(home);
   recall(history.state);
 
-  // Beside an editor: shows what was redrawn, but never pulls the page from under a hand.
+  // Reloads the page to show a redrawn picture, but never while the user works with it.
   const steadily = Number(document.documentElement.dataset.reload ?? 0);
   if (steadily > 0) {
     for (const input of ["pointermove", "pointerdown", "keydown", "wheel"]) {

@@ -10,7 +10,7 @@ std::error_code OpenInBrowser(const std::string& path) {
   std::string page = path;
   char* const arguments[] = {program.data(), page.data(), nullptr};
   pid_t child = 0;
-  // The child outlives this program: xdg-open may stay for as long as the browser does.
+  // Does not wait for the child: xdg-open may run as long as the browser.
   const int error = ::posix_spawnp(&child, program.c_str(), nullptr, nullptr, arguments, ::environ);
   return {error, std::system_category()};
 }

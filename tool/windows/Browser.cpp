@@ -9,10 +9,10 @@
 namespace corvane {
 
 std::error_code OpenInBrowser(const std::string& path) {
-  constexpr INT_PTR GreatestError = 32;
+  constexpr INT_PTR MaxError = 32;
   const HINSTANCE result =
       ::ShellExecuteW(nullptr, L"open", TextToWide(path).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-  if (reinterpret_cast<INT_PTR>(result) > GreatestError) return {};
+  if (reinterpret_cast<INT_PTR>(result) > MaxError) return {};
   return {static_cast<int>(::GetLastError()), std::system_category()};
 }
 

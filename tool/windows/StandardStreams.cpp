@@ -1,7 +1,7 @@
 #include "StandardStreams.h"
 
 #include <windows.h>
-// Behind windows.h, which it needs.
+// Needs windows.h first.
 #include <shellapi.h>
 
 #include <algorithm>
@@ -22,7 +22,7 @@ HANDLE HandleOf(Stream stream) {
 std::error_code LastError() { return {static_cast<int>(::GetLastError()), std::system_category()}; }
 
 std::error_code WriteConsoleText(HANDLE console, std::string_view text) {
-  constexpr std::size_t MaxUnits = 8192;  // a console refuses much more at once
+  constexpr std::size_t MaxUnits = 8192;  // a console refuses much larger writes
   const std::wstring wide = TextToWide(text);
   for (std::wstring_view rest = wide; !rest.empty();) {
     DWORD written = 0;
@@ -33,7 +33,7 @@ std::error_code WriteConsoleText(HANDLE console, std::string_view text) {
   return {};
 }
 
-// The names that match the last part of a path, each with the folder in front; none if it has no
+// The paths of the files that match a wildcard in the last part of `path`; none if it has no
 // wildcard.
 std::vector<std::string> Matches(std::wstring_view path) {
   const std::size_t title = path.find_last_of(L"/\\:") + 1;

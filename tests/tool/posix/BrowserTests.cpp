@@ -11,7 +11,7 @@ using namespace corvane;
 
 namespace {
 
-// The search path for programs, as it was when the test ends.
+// Replaces the search path for programs until the test ends.
 struct SearchPath {
   explicit SearchPath(const std::string& path) { ::setenv("PATH", path.c_str(), 1); }
   ~SearchPath() { ::setenv("PATH", Old.c_str(), 1); }
@@ -57,7 +57,7 @@ TEST(Browser, GetsThePageAsItsOnlyArgument) {
   std::filesystem::remove_all(std::filesystem::path(PageOf(shown)).parent_path());
 }
 
-TEST(Browser, IsMissedWithTheNameOfThePage) {
+TEST(Browser, AMissingOneIsReportedWithTheNameOfThePage) {
   const TestFolder folder;
   ASSERT_TRUE(WriteSampleGame(folder.Path / "game", MakeSampleGame()).Done());
   const SearchPath path(folder.Path.string());

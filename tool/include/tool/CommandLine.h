@@ -1,4 +1,4 @@
-// The command line: what the arguments ask for, and every text about how to use the program.
+// The command line: parses the arguments and prints the help texts.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Does what the arguments (without the program's name, in UTF-8) ask for and gives back the exit
+/// Runs the command in the arguments, which are UTF-8 without the program's name. Returns the exit
 /// status of the program.
 [[nodiscard]] int RunTool(const std::vector<std::string>& arguments, const Console& console);
 

@@ -1,4 +1,4 @@
-// The verb draw, and a page of a file that is dropped on the program.
+// The verb draw, and the pages of files that are dropped on the program.
 #pragma once
 
 #include <functional>
@@ -11,20 +11,19 @@ namespace corvane {
 struct DrawOptions {
   std::string Source;
   std::string Out;      // ends in .svg or .html
-  std::string Against;  // a source; empty for none
+  std::string Against;  // a source, or empty
   std::string Game;
 };
 
 /// Writes a picture or a page, replacing an existing one.
 [[nodiscard]] int Draw(const DrawOptions& options, const Console& console);
 
-/// Draws, and draws again whenever a file has changed that the picture shows. `pause` runs between
-/// two looks at the files and ends the watch by False. A failed drawing does not end it.
+/// Draws, and draws again whenever a file in the picture changes. Calls `pause` between two checks
+/// of the files and stops if that returns False. Continues after a failed drawing.
 [[nodiscard]] int WatchAndDraw(const DrawOptions& options, const Console& console,
                                const std::function<bool()>& pause);
 
-/// Draws a page in a new folder among the temporary ones, prints its path, and opens it in the
-/// system's browser.
+/// Draws a page in a new temporary folder, prints its path and opens it in the system's browser.
 [[nodiscard]] int ShowInBrowser(const std::string& source, const std::string& game,
                                 const Console& console);
 

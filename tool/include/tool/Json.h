@@ -10,14 +10,14 @@
 
 namespace corvane {
 
-constexpr std::size_t MaxJsonSize = std::size_t{1} << 20;  // bytes; ten times what is ever needed
+constexpr std::size_t MaxJsonSize = std::size_t{1} << 20;  // bytes; ten times the usual size
 
 [[nodiscard]] std::string TablesToJson(const Layer& layer);  // the four tables, no map files
 [[nodiscard]] std::string BtdToJson(const MapFile& file);
 
 struct JsonDocument {
   bool IsBtd = false;
-  Layer Tables;  // unless it is a BTD file
+  Layer Tables;  // for tables
   MapFile Btd;
 };
 

@@ -1,5 +1,5 @@
-// The strategic layer as the tool works on it: a copy of the four tables and of the map files that
-// go with them, so that two layers can stand side by side.
+// The strategic layer in the form that the tool uses: a copy of the four tables and of their map
+// files, so that two layers can be compared.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace corvane {
 /// One BTD file of the Maps folder.
 struct MapFile {
   std::string Name;          // as the folder lists it
-  std::uint64_t Length = 0;  // bytes of the whole file
+  std::uint64_t Length = 0;  // of the complete file, in bytes
   BtdHeader Header{};
   VictoryLocations VLs{};
   BtdText Text{};
@@ -28,16 +28,17 @@ struct Layer {
   DestinationTable Destinations;
   std::vector<std::string> Rows{};  // the catalogue: the position of a row is its map slot
   std::vector<MapFile> Files{};     // the file of each row
-  bool FilesLeftOut = false;        // the folder holds more files than there are map slots
+  bool FilesLeftOut = false;        // the folder holds more files than map slots
 };
 
-/// The tables and the catalogue of the process, with the files that its rows name, in any order.
+/// The tables and the catalogue of the process, with the files that its rows name. `files` may be
+/// in any order.
 [[nodiscard]] Layer CaptureLayer(std::vector<MapFile> files);
 
-/// The four tables alone, as the files hold them.
+/// The four tables alone.
 [[nodiscard]] GameTables TablesOf(const Layer& layer);
 
-/// The row of a map slot, or its three digits where it has no row.
+/// The row of a map slot, or its three digits if it has no row.
 [[nodiscard]] std::string MapLabel(const Layer& layer, int map);
 
 /// The 8526 bytes of a BTD file that hold these records.

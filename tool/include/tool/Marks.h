@@ -1,4 +1,4 @@
-// Findings and warnings with the place that each belongs to, for listings and for the picture.
+// Findings and warnings with the slot of each, for listings and for the picture.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@ enum class MarkKind { Finding, Warning };
 struct Mark {
   MarkKind Kind = MarkKind::Finding;
   std::string Text;  // one line
-  int Map = -1;      // the map slot that it is about; -1 for none
-  int Arrow = -1;    // the arrow slot that it is about; -1 for none
+  int Map = -1;      // map slot; -1 for none
+  int Arrow = -1;    // arrow slot; -1 for none
 };
 
 using Marks = std::vector<Mark>;

@@ -1,6 +1,6 @@
 // The strategic layer as a picture: tiles, hotspots, arrows and the roads between the maps on the
-// game's screen of 800 x 600, with findings and warnings marked where they are. The same input
-// gives the same bytes on every system.
+// game's screen of 800 x 600, with findings and warnings marked in place. The same input gives the
+// same bytes on every system.
 #pragma once
 
 #include <string>
@@ -11,20 +11,20 @@
 namespace corvane {
 
 struct Picture {
-  std::string Name;               // of what is drawn, for its title: "CC4.EXE"
-  const Layer* Now = nullptr;     // never null when it is drawn
-  const Layer* Before = nullptr;  // where it differs, it is drawn in outline
+  std::string Name;               // of the source, for the title: "CC4.EXE"
+  const Layer* Now = nullptr;     // must not be null
+  const Layer* Before = nullptr;  // may be null; differences are drawn in outline
   std::string BeforeName;
   Marks Found;
 };
 
-/// One SVG that needs nothing else: with legend, list of findings, light and dark colours.
+/// A self-contained SVG with a legend, a list of findings, and light and dark colours.
 [[nodiscard]] std::string DrawSvg(const Picture& picture);
 
 enum class Reload { Never, Steadily };
 
-/// One HTML page that loads nothing: the SVG, with the data of each map and what it takes to look
-/// around. With Reload::Steadily it shows a redrawn picture within some seconds.
+/// A self-contained HTML page: the SVG, zoom and pan, and the data of each map. With
+/// Reload::Steadily it shows a redrawn picture within a few seconds.
 [[nodiscard]] std::string DrawPage(const Picture& picture, Reload reload);
 
 }  // namespace corvane

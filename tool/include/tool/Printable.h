@@ -1,5 +1,5 @@
-// Texts from files made fit for a terminal, where a control character is a command and a direction
-// mark turns what follows around.
+// Makes texts from files safe for a terminal, where control characters are commands and direction
+// marks reverse the text after them.
 #pragma once
 
 #include <cstdint>
@@ -10,22 +10,22 @@ namespace corvane {
 
 /// The first character of a UTF-8 text.
 struct Character {
-  std::uint32_t Code = 0;  // the byte's value if the bytes are no character
+  std::uint32_t Code = 0;  // the value of the byte if it is not valid UTF-8
   std::string_view Bytes;
   bool Valid = false;
 };
 
-/// Takes the first character, or the first byte that is none, off `text`, which is not empty.
+/// Removes the first character, or a byte that is not UTF-8, from `text`, which is not empty.
 [[nodiscard]] Character NextCharacter(std::string_view& text);
 
-/// True for control characters, marks of writing direction, and invisible characters.
+/// True for control characters, direction marks and invisible characters.
 [[nodiscard]] bool IsUnprintable(std::uint32_t code);
 
-/// `text` with an escape, such as \x1B or \u202E, for whatever is unprintable or no UTF-8.
+/// Replaces what is unprintable or not UTF-8 by an escape such as \x1B or \u202E.
 [[nodiscard]] std::string Printable(std::string_view text);
 
-/// The same in double quotes, with a backslash in front of quotes and backslashes, so that
-/// different texts never look alike.
+/// Printable text in double quotes, with quotes and backslashes escaped, so that different texts
+/// never look alike.
 [[nodiscard]] std::string Quoted(std::string_view text);
 
 }  // namespace corvane

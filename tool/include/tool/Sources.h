@@ -1,4 +1,4 @@
-// What a path on the command line stands for, and how it is read.
+// Sources: the files on the command line, their kinds, and how they are read.
 #pragma once
 
 #include <string>
@@ -10,11 +10,11 @@
 
 namespace corvane {
 
-// Told from the name alone, in any letter case.
+// Determined from the name only, case-insensitive.
 enum class SourceKind {
   GameExe,  // CC4.EXE
   Patch,    // *.crv
-  Json,     // *.json: tables or a BTD file, which its contents tell
+  Json,     // *.json: tables or a BTD file, depending on the contents
   Btd,      // *.btd
   Other,
 };
@@ -27,10 +27,10 @@ enum class SourceKind {
 /// not read the contents.
 [[nodiscard]] std::string SourceFault(const std::string& path);
 
-// Whether the maps of the game are read with the tables.
+// Whether to read the maps of the game with the tables.
 enum class MapsWanted {
   Yes,      // without map files, the read fails
-  IfThere,  // without any, the layer has no rows
+  IfThere,  // without map files, the layer has no rows
   No,
 };
 
@@ -38,16 +38,16 @@ struct Source {
   std::string Path;
   SourceKind Kind = SourceKind::Other;
   bool IsBtd = false;
-  Layer Tables{};                     // unless it is a BTD file
-  MapFile Btd{};                      // if it is one
+  Layer Tables{};                     // if IsBtd is False
+  MapFile Btd{};                      // if IsBtd is True
   bool HasMaps = false;               // the Maps folder holds map files
-  std::string MapsFolder{};           // where they were looked for
-  std::vector<std::string> Faults{};  // sentences: map files that could not be read
+  std::string MapsFolder{};           // the folder that was searched for them
+  std::vector<std::string> Faults{};  // messages about map files that could not be read
 };
 
-/// Reads tables with their catalogue, or a BTD file. The maps are those in `game` or, if that is
-/// empty, beside a CC4.EXE, else those of the installed game. The tables and the catalogue of the
-/// process are those of the source last read. A failure is a sentence that names the file.
+/// Reads tables with their catalogue, or a BTD file. The maps come from `game` or, if it is empty,
+/// from the folder of a CC4.EXE, else from the installed game. Replaces the tables and the
+/// catalogue of the process. A failure is a sentence that names the file.
 [[nodiscard]] Result<Source, std::string> ReadSource(const std::string& path,
                                                      const std::string& game, MapsWanted maps);
 

@@ -1,5 +1,5 @@
-// The verbs, each a function that the command line calls with its options. All give back the exit
-// status of the program.
+// The verbs. The command line calls each with its options; each returns the exit status of the
+// program.
 #pragma once
 
 #include <string>
@@ -14,7 +14,7 @@ struct CheckOptions {
   std::string Game;     // folder; empty for the installed game
   bool Strict = false;  // warnings count as findings
 };
-/// Prints findings and warnings, one a line.
+/// Prints findings and warnings, one per line.
 [[nodiscard]] int Check(const CheckOptions& options, const Console& console);
 
 struct ShowOptions {
@@ -22,7 +22,7 @@ struct ShowOptions {
   std::string Game;
   bool Json = false;
 };
-/// Prints a listing, or the lossless form.
+/// Prints a listing or the lossless JSON form.
 [[nodiscard]] int Show(const ShowOptions& options, const Console& console);
 
 struct DiffOptions {
@@ -30,18 +30,18 @@ struct DiffOptions {
   std::string After;
   std::string Game;
 };
-/// Prints what differs, in words.
+/// Prints the differences.
 [[nodiscard]] int Diff(const DiffOptions& options, const Console& console);
 
 struct CopyOptions {
   std::string From;
   std::string To;
   std::string Game;
-  bool Unchecked = false;  // copies what the check would refuse
+  bool Unchecked = false;  // copies even if the check refuses
   bool DryRun = false;     // writes nothing
-  bool Force = false;      // over an existing patch or JSON file
+  bool Force = false;      // replaces an existing patch or JSON file
 };
-/// Puts tables or a BTD record into another file and prints what changes in it.
+/// Copies tables or a BTD record to another file and prints the changes to that file.
 [[nodiscard]] int Copy(const CopyOptions& options, const Console& console);
 
 }  // namespace corvane

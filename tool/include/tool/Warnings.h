@@ -1,4 +1,4 @@
-// What is wrong or odd in a layer, as far as the files tell.
+// Finds what is wrong or suspicious in a layer.
 #pragma once
 
 #include "tool/Layer.h"
@@ -9,10 +9,10 @@ namespace corvane {
 /// The findings of the consistency check on the tables of the process.
 [[nodiscard]] Marks FindingMarks();
 
-/// What the check does not look at, map by map, then arrow by arrow.
+/// What the check does not cover, by map, then by arrow.
 [[nodiscard]] Marks WarningsOf(const Layer& layer);
 
-/// The same for one BTD file alone.
+/// The warnings about one BTD file.
 [[nodiscard]] Marks WarningsOf(const MapFile& file);
 
 }  // namespace corvane

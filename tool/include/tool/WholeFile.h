@@ -1,5 +1,5 @@
-// Text files of the tool's own (JSON, pictures), which are written whole. Unlike the game's files,
-// they are shortened.
+// Writes the tool's own text files (JSON, pictures). Unlike the game's files, they are replaced
+// completely and truncated.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace corvane {
 
-/// Makes `text` the contents of a file, which is created if it does not exist. Gives back the empty
-/// text, or the sentences that tell what failed and how the file was left. The text must be one
-/// that means the same with blank lines behind it: for a moment, a longer file holds these.
+/// Replaces the contents of a file by `text`; creates a missing file. Returns the empty text, or a
+/// message that says what failed and the state of the file. Trailing blank lines must not matter in
+/// `text`: while a longer file is replaced, and after some failures, the file ends in them.
 [[nodiscard]] std::string WriteWhole(const std::string& path, std::string_view text);
 
 }  // namespace corvane
