@@ -49,7 +49,7 @@ class Save {
   bool PutAnyBack = false;
   bool FlushFailed = false;
   bool Gone = false;                             // when its place was checked
-  FileState Unopened = FileState::Untouched;     // told of a file that could not be opened
+  FileState Unopened = FileState::Untouched;     // the state of a file that could not be opened
   FileStatus Old;                                // of type None until it is known
   std::vector<std::vector<std::byte>> OldBytes;  // of each range, as far as the file reached
   std::vector<std::byte> Buffer;                 // as large as the largest range
@@ -123,7 +123,7 @@ std::error_code Save::Replace() {
   return File.Close();
 }
 
-// The file at the path must still be the one that was written.
+// Fails unless the path still names the file that was written.
 std::error_code Save::CheckPlace() {
   FileStatus there;
   if (std::error_code error = File.PathStatus(there)) return error;
@@ -132,13 +132,13 @@ std::error_code Save::CheckPlace() {
   return there.Identity == Old.Identity ? std::error_code() : FileError::Replaced;
 }
 
-// Undoes whatever was done and tells the state of the file.
+// Undoes the save and returns the state of the file.
 FileState Save::Undo() {
   FileState state = File.IsOpen() ? FileState::Unchanged : Unopened;
   if (Created) {
     state = UndoCreate();
   } else if (Attempted) {
-    state = UndoChange();  // the file may live on under another name
+    state = UndoChange();  // the file may have another name
     if (Gone && !IsTorn(state)) state = FileState::Gone;
   }
   if (File.IsOpen()) static_cast<void>(File.Close());  // holds what it held before this
@@ -146,10 +146,10 @@ FileState Save::Undo() {
 }
 
 FileState Save::UndoCreate() {
-  if (File.IsOpen()) static_cast<void>(File.Close());  // the file goes, whatever this says
+  if (File.IsOpen()) static_cast<void>(File.Close());  // the file is removed even if this fails
   FileStatus there;
   if (Old.Type != FileType::None) {
-    // Another file that has come to stand there is not ours to remove.
+    // A file that another program has put there must not be removed.
     if (File.PathStatus(there)) return FileState::Unknown;
     if (there.Type == FileType::None) return FileState::Removed;
     if (there.Identity != Old.Identity) return FileState::Unchanged;
@@ -166,7 +166,7 @@ FileState Save::UndoChange() {
     const FileState state = Compare();
     if (state != FileState::Unchanged) return state;
   }
-  // A flush that failed once may succeed falsely when tried again, so it proves nothing then.
+  // After a failed flush, a second one may falsely succeed, so it proves nothing.
   if (FlushFailed) return FileState::Unconfirmed;
   if (!PutAnyBack) return FileState::Unchanged;
   return File.Flush() || File.Close() ? FileState::Unconfirmed : FileState::Unchanged;
@@ -174,13 +174,13 @@ FileState Save::UndoChange() {
 
 std::error_code Save::OpenAgain() {
   if (std::error_code error = File.Reopen(OpenMode::Change)) return error;
-  PutAnyBack = true;  // the close that failed may have lost what was written
+  PutAnyBack = true;  // the failed close may have lost written bytes
   FileStatus found;
   if (std::error_code error = File.Status(found)) return error;
   return found.Identity == Old.Identity ? std::error_code() : FileError::Replaced;
 }
 
-// Goes on behind a failure: the more of the old file is back, the better.
+// Continues after a failure, to restore as much of the old file as possible.
 std::error_code Save::PutBack() {
   std::error_code failed = PutBackLength();
   for (std::size_t range = 0; range < Ranges.size(); ++range) {
@@ -197,7 +197,7 @@ std::error_code Save::PutBackLength() {
   return File.SetLength(Old.Length);
 }
 
-// The bytes of a range as far as the old file reached.
+// Reads the bytes of a range up to the end of the old file.
 std::error_code Save::ReadNow(std::size_t range, std::span<const std::byte>& now) {
   const auto bytes = std::span(Buffer).first(OldBytes[range].size());
   std::size_t read = 0;
@@ -206,7 +206,7 @@ std::error_code Save::ReadNow(std::size_t range, std::span<const std::byte>& now
   return {};
 }
 
-// Writes only what differs: where the save was refused, the same bytes would be refused again.
+// Writes only the differing bytes: a write that failed in the save would probably fail again.
 std::error_code Save::PutBackRange(std::size_t range) {
   const std::vector<std::byte>& old = OldBytes[range];
   std::span<const std::byte> now;
@@ -248,7 +248,7 @@ std::error_code Read(RawFile& file, const std::string& path, std::span<const Rea
 }
 
 std::string LinkTarget(const std::string& path) {
-  std::error_code none;  // then it is no link
+  std::error_code none;  // set if it is not a link
   const auto target = std::filesystem::read_symlink(path, none);
   return none ? std::string() : target.string();
 }

@@ -140,7 +140,7 @@ int RefuseOut(const DrawOptions& options, const Console& console) {
   return Fail(console, options.Out + " does not end in .svg or .html.");
 }
 
-// Another text whenever a file is another one. The standard library knows times in whole seconds
+// A text that changes whenever the file changes. The standard library knows times in whole seconds
 // only on some systems, and a table saved again is as long as before.
 std::string StampOf(const std::string& file) {
   const FileStatus status = StatusAt(file);

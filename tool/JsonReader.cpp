@@ -163,8 +163,7 @@ bool ReadConnection(Decoder& decoder, const Json& node, const Place& at, Connect
     return false;
   }
   if (arrow == NoConnection) return decoder.Refuse(at / "Arrow", "-1 means no connection");
-  if (table(from, to) != NoConnection)
-    return decoder.Refuse(at, "the connection stands there twice");
+  if (table(from, to) != NoConnection) return decoder.Refuse(at, "the connection occurs twice");
   table(from, to) = arrow;
   return true;
 }

@@ -37,7 +37,7 @@ class TreeBuilder : public nlohmann::json_sax<Json> {
   bool key(string_t& name) override {
     Open.back().Key = name;
     if (!Open.back().Node->contains(name)) return true;
-    return Refuse("the key stands there twice");
+    return Refuse("the key occurs twice");
   }
 
   bool parse_error(std::size_t bytesRead, const std::string&, const Json::exception&) override {

@@ -1,5 +1,5 @@
 // Parses JSON text into a tree. Refuses deep nesting and duplicate keys, which hostile text may
-// contain. A fault is told with its place as a JSON pointer.
+// contain. A failure begins with its place as a JSON pointer.
 #pragma once
 
 #include <nlohmann/json.hpp>

@@ -87,7 +87,7 @@ std::string ReadContents(Source& source) {
 std::optional<std::string> GameFolderOf(const Source& source, const std::string& game) {
   if (game.empty() && source.Kind != SourceKind::GameExe) return ReadInstallPath();
   std::string folder = game.empty() ? FolderOf(source.Path) : game;
-  // Paths below it are built with a separator and stand in messages.
+  // A separator is appended to form paths, which appear in messages.
   if (folder.size() > 1 && (folder.back() == Separator || folder.back() == '/')) folder.pop_back();
   return folder;
 }

@@ -48,7 +48,7 @@ std::error_code OpenError(const std::wstring& path) {
   return folder ? std::make_error_code(std::errc::is_a_directory) : error;
 }
 
-/// A colon behind that of the drive opens a stream beside the file's own contents.
+/// True if a colon after that of the drive names an alternate data stream.
 bool NamesAStream(const std::wstring& path) {
   constexpr std::wstring_view Verbatim = LR"(\\?\)";
   const std::size_t start = path.starts_with(Verbatim) ? Verbatim.size() : 0;

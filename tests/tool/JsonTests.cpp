@@ -234,7 +234,7 @@ TEST(Json, RefusesWhatASchemaCannotExpress) {
       {"", "/: not JSON at line 1, column 1"},
       {"{\n  \"a\": 1,\n  b", "/a: not JSON at line 3, column 3"},
       {start + "\"StrMap\": [1, 2, }", "/StrMap/2: not JSON at line 1, column 47"},
-      {start + "\"Format\": 1}", "/Format: the key stands there twice"},
+      {start + "\"Format\": 1}", "/Format: the key occurs twice"},
       {"[]", "/: must be an object"},
       {std::string(SampleTables) + '\0' + "{", "/: not JSON at line 270, column 1"},
       {"\"\xFF\"", "/: not JSON at line 1, column 2"},
@@ -258,5 +258,5 @@ TEST(Json, RefusesATextThatCannotBeStored) {
 TEST(Json, RefusesAConnectionGivenTwice) {
   Json json = Json::parse(SampleTables);
   json["MapConnections"].push_back(json["MapConnections"][0]);
-  EXPECT_EQ(ReadBack(json.dump()), "/MapConnections/90: the connection stands there twice");
+  EXPECT_EQ(ReadBack(json.dump()), "/MapConnections/90: the connection occurs twice");
 }

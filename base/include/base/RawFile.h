@@ -71,7 +71,7 @@ class RawFile {
 
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
 
-/// What stands at a path; of type None if there is nothing, or if that cannot be told.
+/// The status of a path; of type None if it does not exist or cannot be determined.
 [[nodiscard]] FileStatus StatusAt(const std::string& path);
 
 /// True if both paths name the same existing file.

@@ -80,7 +80,7 @@ TEST(PosixFiles, ALimitOnTheirSizeFailsASaveAndDoesNotEndTheProgram) {
   EXPECT_EQ(folder.Get("f"), "old bytes");
 }
 
-// A home folder with a prefix whose game stands in C:\SSI\CC4.
+// A home folder with a prefix that has the game in C:\SSI\CC4.
 struct WineRegistry : testing::Test {
   WineRegistry() {
     ::setenv("HOME", Home.Path.c_str(), 1);
