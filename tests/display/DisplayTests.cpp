@@ -172,26 +172,6 @@ TEST_F(Display, CorrectsWhatIsTypedInSightOfTheUser) {
   });
 }
 
-TEST_F(Display, ShowsATextLongerThanTheLimitWhole) {
-  f.txtName.SetText("beyond");
-  PlayWhole(f, [&] {
-    PressAt(f.txtName);
-    PressKey("End");
-    Type("s");
-    EXPECT_EQ(Seen(f.txtName), "beyond");
-  });
-}
-
-TEST_F(Display, SparesTheRestOfALine) {
-  f.txtNumber.SetText(Odd);
-  PlayWhole(f, [&] {
-    PressAt(f.txtNumber);
-    PressKey("End");
-    Type("1");
-    EXPECT_EQ(f.txtNumber.Text(), Odd + "1");
-  });
-}
-
 TEST_F(Display, SparesTheRestOfSeveralLines) {
   f.txtLines.SetText("1\r2\n3\r\n" + Odd);
   PlayWhole(f, [&] {
@@ -331,18 +311,6 @@ TEST_F(Display, RunsADialogUntilItIsUnloaded) {
     EXPECT_EQ(Seen(f.txtName), "back");
     EXPECT_EQ(SeenFocus(), "lstRows");
   });
-}
-
-TEST_F(Display, EndsWithNoQuestion) {
-  TestForm dialog;
-  f.cmdOK.Click = [&] { dialog.ShowModal(); };
-  dialog.cmdCancel.Click = [] { EndProgram(); };
-  PlayWhole(f, [&] {
-    WhenNext([] { PressKey("Esc"); });
-    PressAt(f.cmdOK);
-  });
-  EXPECT_EQ(f.Told(), "");
-  EXPECT_EQ(dialog.Told(), "");
 }
 
 }  // namespace

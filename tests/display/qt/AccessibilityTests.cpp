@@ -8,23 +8,6 @@
 namespace corvane {
 namespace {
 
-TEST(ScreenReader, HearsThatADialogIsOneAndModal) {
-  TestForm form, dialog;
-  form.cmdOK.Click = [&] { dialog.ShowModal(); };
-  PlayWhole(form, [&] {
-    WhenNext([] {
-      QAccessibleInterface* told =
-          QAccessible::queryAccessibleInterface(QApplication::activeModalWidget());
-      EXPECT_EQ(told->role(), QAccessible::Dialog);
-      EXPECT_TRUE(told->state().modal);
-      EXPECT_EQ(told->text(QAccessible::Name), "Test");
-      TheDisplay.EndProgram();
-    });
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(MainWindow())->role(), QAccessible::Window);
-    PressAt(form.cmdOK);
-  });
-}
-
 TEST(ScreenReader, HearsTheLabelOfAField) {
   TestForm form;
   Label label(form, {"label", "Number:", {2100, 360, 600, 255}, 30}, Alignment::Right);
@@ -39,7 +22,24 @@ TEST(ScreenReader, HearsTheLabelOfAField) {
   });
 }
 
-// Selects or deselects a row, as a screen reader does.
+// As a screen reader sets it: at the widget, past the window.
+TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    PressAt(form.cmdHelp);  // which makes the window the active one
+    WidgetOf(form.txtNumber)->setFocus();
+    EXPECT_EQ(form.Focused, &form.txtNumber);
+    form.txtNumber.SetText("x");
+    WidgetOf(form.cboRows)->setFocus();
+    EXPECT_EQ(form.Focused, &form.txtNumber);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return WidgetOf(form.txtNumber)->hasFocus(); }));
+    form.txtNumber.SetText("1");
+    WidgetOf(form.cboRows)->setFocus();
+    EXPECT_EQ(form.Focused, &form.cboRows);
+  });
+}
+
+// Selects a row, or takes the selection off it, as a screen reader does.
 void SelectByReader(const ListBox& list, int row, bool select = true) {
   QAccessibleInterface* told = QAccessible::queryAccessibleInterface(WidgetOf(list));
   ASSERT_NE(told, nullptr);

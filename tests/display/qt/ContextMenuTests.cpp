@@ -32,18 +32,5 @@ TEST(ContextMenu, UndoesAndRedoesWhatTheFormRemembers) {
   });
 }
 
-// Filling by the program clears a box's history, even if the text is the same.
-TEST(ContextMenu, OffersNoUndoOfWhatTheProgramFilled) {
-  TestForm form;
-  PlayWhole(form, [&] {
-    PressAt(form.txtName);
-    Type("a");
-    form.txtName.SetText("a");
-    ChooseInMenu(*WidgetOf(form.txtName), 0);
-    EXPECT_EQ(form.txtName.Text(), "a");
-    EXPECT_EQ(Seen(form.txtName), "a");
-  });
-}
-
 }  // namespace
 }  // namespace corvane

@@ -11,89 +11,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-NONCLIENTMETRICSW Metrics() {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-  return metrics;
+HWND MessageText() {
+  constexpr int TextOfMessage = 100;
+  return GetDlgItem(GetActiveWindow(), TextOfMessage);
 }
 
-// Changes the height of the message font until the end of the test.
-class MessageHeight {
- public:
-  explicit MessageHeight(int pixels) {
-    NONCLIENTMETRICSW changed = Before;
-    changed.lfMessageFont.lfHeight = -pixels;
-    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof changed, &changed, 0);
-  }
-  MessageHeight(const MessageHeight&) = delete;
-  MessageHeight& operator=(const MessageHeight&) = delete;
-  ~MessageHeight() { SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof Before, &Before, 0); }
-
- private:
-  NONCLIENTMETRICSW Before = Metrics();
-};
-
-constexpr int TextOfMessage = 100, FirstButtonOfMessage = 101;
-
-HWND MessageText() { return GetDlgItem(GetActiveWindow(), TextOfMessage); }
-
-int HeightOfLetters(HWND widget) {
-  LOGFONTW font{};
-  const auto handle = reinterpret_cast<HFONT>(SendMessageW(widget, WM_GETFONT, 0, 0));
-  GetObjectW(handle, sizeof font, &font);
-  return -font.lfHeight;
-}
-
-std::string Findings(int count) {
-  std::string text = "Error: \n";
-  for (int line = 0; line < count; ++line) {
-    text += "No STRARROW defined for BTD link from 000 a.btd to map " + std::to_string(line) + "\n";
-  }
-  return text;
-}
-
-// Asks a question in the form's window, and plays a script in the box.
-std::string AnswerTo(const std::string& text, const std::function<void()>& inBox) {
+// Tells a text in a box and plays a script there.
+void Show(const std::string& text, const std::function<void()>& inBox) {
   TestForm form;
-  std::string answer;
-  form.cmdOK.Click = [&] { answer = Ask(text) ? "Yes" : "No"; };
+  form.cmdOK.Click = [&] { Tell(text); };
   PlayWhole(form, [&] {
     WhenNext(inBox);
     PressAt(form.cmdOK);
   });
-  return answer;
-}
-
-TEST(Messages, AreAnsweredByKeysAndByTheCloseBox) {
-  const auto press = [](const char* key) { return [key] { PressKey(key); }; };
-  const auto pressInText = [](const char* key) {
-    return [key] {
-      SetFocus(MessageText());
-      PressKey(key);
-    };
-  };
-  const auto pressOnNo = [] {
-    PressKey("Tab");
-    PressKey("Return");
-  };
-  const struct {
-    const char* Case;
-    std::function<void()> Act;
-    const char* Answer;
-  } cases[] = {{"Esc", press("Esc"), "No"},
-               {"close box", [] { SendMessageW(GetActiveWindow(), WM_CLOSE, 0, 0); }, "No"},
-               {"Return", press("Return"), "Yes"},
-               {"N", press("N"), "No"},
-               {"Y", press("Y"), "Yes"},
-               {"Return on No", pressOnNo, "No"},
-               {"Y in the text", pressInText("Y"), "Yes"},
-               {"Esc in the text", pressInText("Esc"), "No"}};
-  for (const auto& [name, act, answer] : cases) EXPECT_EQ(AnswerTo("Go on?", act), answer) << name;
 }
 
 TEST(Messages, ScrollByKeysWhileTheButtonHasTheFocus) {
-  AnswerTo(Findings(300), [] {
+  Show(std::string(300, '\n'), [] {
     const auto firstLine = [] {
       return static_cast<int>(SendMessageW(MessageText(), EM_GETFIRSTVISIBLELINE, 0, 0));
     };
@@ -121,43 +55,9 @@ std::string Clipboard() {
   return text;
 }
 
-TEST(Messages, CopyAllOfTheirTextOrWhatIsSelected) {
-  AnswerTo("one\ntwo", [] {
-    PressKey("Ctrl+C");
-    EXPECT_EQ(Clipboard(), "one\r\ntwo");
-    SendMessageW(MessageText(), EM_SETSEL, 1, 3);
-    PressKey("Ctrl+C");
-    EXPECT_EQ(Clipboard(), "ne");
-    PressKey("Esc");
-  });
-}
-
-TEST(Messages, AreWholeOnTheScreenInTheSystemsFont) {
-  for (const int height : {12, 26}) {
-    const MessageHeight font(height);
-    AnswerTo(Findings(24), [&] {
-      EXPECT_TRUE(SeenMessage().OnScreen) << height;
-      EXPECT_EQ(HeightOfLetters(MessageText()), height);
-      EXPECT_EQ(HeightOfLetters(GetDlgItem(GetActiveWindow(), FirstButtonOfMessage)), height);
-      PressKey("Esc");
-    });
-  }
-}
-
-TEST(Messages, FollowTheFontWhileTheyStand) {
-  AnswerTo("Go on?", [] {
-    const SIZE before = ClientOf(GetActiveWindow());
-    const MessageHeight font(30);
-    SendMessageW(GetActiveWindow(), WM_SETTINGCHANGE, SPI_SETNONCLIENTMETRICS, 0);
-    EXPECT_EQ(HeightOfLetters(MessageText()), 30);
-    EXPECT_GT(ClientOf(GetActiveWindow()).cy, before.cy);
-    PressKey("Esc");
-  });
-}
-
 TEST(TextBoxes, TakeSeveralPastedLinesAsTheyAre) {
   TestForm f;
-  AnswerTo("1\n2", [] {
+  Show("1\n2", [] {
     PressKey("Ctrl+C");
     PressKey("Esc");
   });
@@ -190,13 +90,6 @@ BOOL WINAPI ChooseNothing(OPENFILENAMEW* dialog) {
   return FALSE;
 }
 
-BOOL WINAPI ChooseAFile(OPENFILENAMEW* dialog) {
-  const std::wstring path = L"C:\\Games\\\x00E9.crv";
-  path.copy(dialog->lpstrFile, dialog->nMaxFile);
-  dialog->nFileOffset = 9;
-  return TRUE;
-}
-
 TEST(FileDialogs, AreShownByTheirSettings) {
   CommonDialog settings{.Flags = FileMustExist | PathMustExist,
                         .DefaultExt = ".CRV",
@@ -211,12 +104,6 @@ TEST(FileDialogs, AreShownByTheirSettings) {
   EXPECT_EQ(Given.Flags & OFN_OVERWRITEPROMPT, 0U);
   EXPECT_EQ(Given.Flags & OFN_NOCHANGEDIR, 0U);
   EXPECT_EQ(settings.FileName, "");  // a cancel leaves it empty
-}
-
-TEST(FileDialogs, GiveBackThePathAndTheName) {
-  CommonDialog settings;
-  RunFileDialog(nullptr, settings, {ChooseAFile, NoError});
-  EXPECT_EQ(settings.FileName, "C:\\Games\\\xC3\xA9.crv");
 }
 
 DWORD Error;

@@ -31,20 +31,7 @@ inline SIZE ClientOf(HWND window) {
 
 using Pixels = std::vector<COLORREF>;
 
-/// The pixels of a bitmap of this size.
-inline Pixels PixelsOf(HDC canvas, HBITMAP bitmap, SIZE size) {
-  Pixels pixels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
-  BITMAPINFO format{};
-  format.bmiHeader.biSize = sizeof format.bmiHeader;
-  format.bmiHeader.biWidth = size.cx;
-  format.bmiHeader.biHeight = -size.cy;  // top-down
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
-  GetDIBits(canvas, bitmap, 0, static_cast<UINT>(size.cy), pixels.data(), &format, DIB_RGB_COLORS);
-  return pixels;
-}
-
-/// The pixels of a window's client area, as shown on the screen.
+/// The pixels of a window's client area as they stand on the screen.
 inline Pixels PixelsOf(HWND window) {
   const SIZE size = ClientOf(window);
   const HDC screen = GetDC(window), canvas = CreateCompatibleDC(screen);
@@ -52,7 +39,9 @@ inline Pixels PixelsOf(HWND window) {
   const HGDIOBJ before = SelectObject(canvas, copy);
   BitBlt(canvas, 0, 0, size.cx, size.cy, screen, 0, 0, SRCCOPY);
   SelectObject(canvas, before);
-  Pixels pixels = PixelsOf(canvas, copy, size);
+  Pixels pixels(static_cast<std::size_t>(size.cx) * static_cast<std::size_t>(size.cy));
+  BITMAPINFO format{{sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+  GetDIBits(canvas, copy, 0, static_cast<UINT>(size.cy), pixels.data(), &format, DIB_RGB_COLORS);
   DeleteObject(copy), DeleteDC(canvas), ReleaseDC(window, screen);
   return pixels;
 }
