@@ -1,6 +1,3 @@
-#include <algorithm>
-#include <map>
-
 #include "TestFolder.h"
 #include "base/FileRanges.h"
 
@@ -9,36 +6,6 @@ using namespace corvane;
 namespace {
 
 using enum FileStep;
-
-// The occurrences of a step that fail, counted from 0, while "bXYe" is written at 1 and "ZZZ" at 6.
-struct FaultRow {
-  const char* Name;
-  const char* Before;  // the file's contents; null for no file
-  std::vector<std::pair<FileStep, int>> Faults;
-  FileState Told;
-};
-
-constexpr char Old[] = "abcdefgh";
-
-const FaultRow Rows[] = {
-    {"open", Old, {{Open, 0}}, FileState::Unchanged},
-    {"status", Old, {{Status, 0}}, FileState::Unchanged},
-    {"read", Old, {{Read, 0}}, FileState::Unchanged},
-    {"first write", Old, {{Write, 0}}, FileState::Unchanged},
-    {"second write", Old, {{Write, 1}}, FileState::Unchanged},
-    {"flush, which a second try cannot prove", Old, {{Flush, 0}}, FileState::Unconfirmed},
-    {"look at the path", Old, {{PathStatus, 0}}, FileState::Unchanged},
-    {"close", Old, {{Close, 0}}, FileState::Unchanged},
-    {"flush of the undo", Old, {{Write, 1}, {Flush, 0}}, FileState::Unconfirmed},
-    {"close of the undo", Old, {{Write, 1}, {Close, 0}}, FileState::Unconfirmed},
-    {"opening again", Old, {{Close, 0}, {Open, 1}}, FileState::Unknown},
-    {"write of the undo", Old, {{Write, 1}, {Write, 2}}, FileState::Damaged},
-    {"truncation of the undo", Old, {{Flush, 0}, {SetLength, 0}}, FileState::Damaged},
-    {"create", nullptr, {{Open, 1}}, FileState::NotCreated},
-    {"status of a new file", nullptr, {{Status, 0}}, FileState::Removed},
-    {"write to a new file", nullptr, {{Write, 1}}, FileState::Removed},
-    {"close of a new file", nullptr, {{Close, 0}}, FileState::Removed},
-    {"removal of a new file", nullptr, {{Write, 1}, {Remove, 0}}, FileState::NotRemoved}};
 
 struct FileRanges : testing::Test {
   const TestFolder Folder;
@@ -51,26 +18,8 @@ struct FileRanges : testing::Test {
 
 }  // namespace
 
-TEST_F(FileRanges, AFailedSaveReportsTheStateOfTheFile) {
-  for (const FaultRow& row : Rows) {
-    SCOPED_TRACE(row.Name);
-    std::filesystem::remove(Folder / "f");
-    if (row.Before != nullptr) Folder.Put("f", row.Before);
-    InjectedFault = [&, seen = std::map<FileStep, int>()](FileStep step, Moment moment,
-                                                          std::size_t&) mutable {
-      if (moment == Moment::After) return std::error_code();
-      const bool fails = std::ranges::count(row.Faults, std::pair(step, seen[step]++)) > 0;
-      return fails ? std::make_error_code(std::errc::io_error) : std::error_code();
-    };
-    const auto saved = Save();
-    InjectedFault = nullptr;
-    ASSERT_FALSE(saved.Done());
-    EXPECT_EQ(saved.Error().State, row.Told);
-  }
-}
-
 TEST_F(FileRanges, ASaveIsFlushedBetweenItsLastWriteAndTheClose) {
-  for (const char* old : {Old, ""}) {
+  for (const char* old : {"abcdefgh", ""}) {
     Folder.Put("f", old);
     std::vector<FileStep> steps;
     InjectedFault = [&](FileStep step, Moment moment, std::size_t&) {

@@ -67,13 +67,3 @@ TEST(MapRows, HoldANumberAndAFileName) {
     EXPECT_EQ(RowFileName(row), name) << row;
   }
 }
-
-TEST_F(MapCatalogue, ReportsTheFilesThatItCannotRead) {
-  for (const char* name : {"a.btd", "b.btd"}) PutMap(name, 0);
-  FailFrom(4);  // the steps of one file
-  const CatalogueReport report = LoadMapCatalogue();
-  ASSERT_EQ(MapRows.size(), 1U);
-  ASSERT_EQ(report.Failures.size(), 1U);
-  const std::string unread = MapRows[0] == "000 a.btd" ? "b.btd" : "a.btd";
-  EXPECT_EQ(report.Failures[0].Path, report.Folder + Separator + unread);
-}

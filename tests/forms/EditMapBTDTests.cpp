@@ -64,7 +64,12 @@ TEST_F(EditMapBTD, OpensByADoubleClickOnTheMap) {
 }
 
 TEST_F(EditMapBTD, AnUntouchedSaveChangesOnlyTheseBytes) {
-  Edit([](dlgEditBTD& dialog) { PressKey(dialog, Key::Enter); });
+  Edit([](dlgEditBTD& dialog) {
+    for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(4, vl) = 77;
+    PressKey(dialog, Key::Enter);
+  });
+  const int exits[] = {-1, -1, -1, 8, 254, 43, 99, -1, -1, -1};
+  for (int vl = 0; vl < VLSlotCount; ++vl) EXPECT_EQ(VLDest(4, vl), exits[vl]) << vl;
   std::string wanted = Before;
   wanted.replace(5 + 4, 4, 4, '\0');              // slot 0: a kind without a row,
   wanted[5 + 29] = '\0';                          // the destination of a non-exit
@@ -75,33 +80,27 @@ TEST_F(EditMapBTD, AnUntouchedSaveChangesOnlyTheseBytes) {
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST_F(EditMapBTD, ASaveBringsItsExitsIntoTheTables) {
-  Edit([&](dlgEditBTD& dialog) {
-    for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(4, vl) = 77;
-    Press(dialog.OKButton);
-    const int wanted[] = {-1, -1, -1, 8, 254, 43, 99, -1, -1, -1};
-    for (int vl = 0; vl < VLSlotCount; ++vl) EXPECT_EQ(VLDest(4, vl), wanted[vl]) << vl;
-  });
-}
-
-TEST_F(EditMapBTD, SelectingASlotShowsIt) {
+// Of two slots not in use the second shows nothing new, so nothing is stored.
+TEST_F(EditMapBTD, SelectingASlotShowsItAndStoresWhatItShows) {
   Edit([](dlgEditBTD& dialog) {
-    const std::pair<const char*, std::string> slots[] = {{"NONE", ""},
-                                                         {"NONE", ""},
-                                                         {"Minor Objective", ""},
-                                                         {"Exit Location", MapRow(8)},
-                                                         {"Exit Location", "254 OFF MAP"},
-                                                         {"Exit Location", "254 OFF MAP"},
-                                                         {"Exit Location", ""},
-                                                         {"Major Objective", ""},
-                                                         {"NONE", ""},
-                                                         {"NONE", ""}};
+    const std::tuple<const char*, std::string, int> slots[] = {
+        {"NONE", "", 0},
+        {"NONE", "", 6},
+        {"Minor Objective", "", 0},
+        {"Exit Location", MapRow(8), 8},
+        {"Exit Location", "254 OFF MAP", 254},
+        {"Exit Location", "254 OFF MAP", 254},
+        {"Exit Location", "", 99},
+        {"Major Objective", "", 0},
+        {"NONE", "", 0},
+        {"NONE", "", 4}};
     int slot = 0;
     EXPECT_FALSE(dialog.cboVLDest.Enabled());
-    for (const auto& [type, destination] : slots) {
+    for (const auto& [type, destination, stored] : slots) {
       PickRow(dialog.lstVLs, slot);
       EXPECT_EQ(dialog.cboVLType.Text(), type) << slot;
       EXPECT_EQ(dialog.cboVLDest.Text(), destination) << slot;
+      EXPECT_EQ(Edited(slot).Destination, stored) << slot;
       EXPECT_EQ(dialog.cboVLDest.Enabled(), type == std::string("Exit Location")) << slot;
       EXPECT_EQ(dialog.txtVLX.Text(), std::to_string(slot + 1));
       EXPECT_EQ(dialog.txtVLY.Text(), std::to_string(slot + 200));
@@ -109,22 +108,10 @@ TEST_F(EditMapBTD, SelectingASlotShowsIt) {
       ++slot;
     }
     EXPECT_EQ(dialog.lstVLs.List(9), "UNUSED");
+    EXPECT_EQ(FieldText(Edited(8).Name), "UNUSED");
+    EXPECT_EQ(Edited(0).Kind, VLKind::Unused);
   });
   EXPECT_TRUE(File() == Before);
-}
-
-// Of two adjacent unused slots, the second shows nothing new, so nothing is stored.
-TEST_F(EditMapBTD, SelectingASlotStoresWhatItShows) {
-  Edit([](dlgEditBTD& dialog) {
-    const int destinations[] = {0, 6, 0, 8, 254, 254, 99, 0, 0, 4};
-    for (int slot = 0; slot < VLSlotCount; ++slot) {
-      PickRow(dialog.lstVLs, slot);
-      EXPECT_EQ(Edited(slot).Destination, destinations[slot]) << slot;
-    }
-    EXPECT_EQ(Edited(0).Kind, VLKind::Unused);
-    EXPECT_EQ(FieldText(Edited(8).Name), "UNUSED");
-    EXPECT_EQ(dialog.lstVLs.List(7), FieldText(Edited(7).Name));
-  });
 }
 
 TEST_F(EditMapBTD, TypeAndDestinationGoIntoTheSlot) {
@@ -161,7 +148,7 @@ TEST_F(EditMapBTD, TheRowFollowsTheNameWithinItsLimitAndCodePage) {
   });
 }
 
-TEST_F(EditMapBTD, TileNumbersGoIntoTheSlotThatStood) {
+TEST_F(EditMapBTD, TileNumbersGoIntoTheSlotThatStoodAndARefusedOneHoldsTheDialog) {
   Edit([&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtVLX, "123");
     PickRow(dialog.lstVLs, 1);
@@ -171,20 +158,13 @@ TEST_F(EditMapBTD, TileNumbersGoIntoTheSlotThatStood) {
     Press(dialog.cmdHelp);
     EXPECT_EQ(Edited(1).TileY, 9);
     EXPECT_EQ(session.Told(), Texts{"Help text"});
-    EXPECT_FALSE(TablesDirty);
-  });
-}
-
-TEST_F(EditMapBTD, ARefusedTileNumberHoldsTheDialog) {
-  Edit([&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtVLY, "1-");
     Press(dialog.CancelButton);
     PressKey(dialog, Key::Enter);
     EXPECT_EQ(session.Beeps, 2);
     EXPECT_TRUE(dialog.IsOpen());
-    EXPECT_EQ(Edited(0).TileY, 200);
+    EXPECT_EQ(Edited(1).TileY, 9);
   });
-  EXPECT_TRUE(File() == Before);
 }
 
 TEST_F(EditMapBTD, AskedAboutAFileInOtherLettersNoKeepsAll) {
@@ -212,16 +192,6 @@ TEST_F(EditMapBTD, ANewNameMakesANewFileUnasked) {
   EXPECT_EQ(made.substr(325, 9), std::string("toolongn\0", 9));
   EXPECT_EQ(made.substr(334, 4096), Before.substr(334, 4096));
   EXPECT_EQ(made.substr(4430, 1001), Before.substr(4430, 3) + "\r\n" + Before.substr(4434, 996));
-}
-
-TEST_F(EditMapBTD, AnotherMapsFileIsReplacedAfterOneQuestion) {
-  Edit([&](dlgEditBTD& dialog) {
-    Session::Type(dialog.txtFileName, "Merlaut");
-    Press(dialog.OKButton);
-    EXPECT_FALSE(dialog.IsOpen());
-    EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf("Merlaut.btd") + "?"});
-  });
-  EXPECT_EQ(session.Folder.Get("Maps/Merlaut.btd")[4], 4);
 }
 
 TEST_F(EditMapBTD, RecordsOutliveTheWindow) {
@@ -269,22 +239,4 @@ TEST_F(EditMapBTD, TheEndOfTheSessionAsksAboutEdits) {
     });
     PickRow(session.Main.lstMaps, 3);
   }
-}
-
-TEST_F(EditMapBTD, AQuestionThatStandsKeepsTheDialogOpen) {
-  Edit([&](dlgEditBTD& dialog) {
-    TheDisplay.ShowMessage = [&](const std::string& text, MessageButtons) {
-      EXPECT_TRUE(text.starts_with("Replace existing "));
-      CloseWindow(dialog);
-      CloseWindow(session.Main);
-      DoubleClick(session.Main.lstMaps, 9);
-      EXPECT_FALSE(QueryEndSession());
-      EXPECT_TRUE(dialog.IsOpen());
-      EXPECT_TRUE(session.Main.IsOpen());
-      return MessageAnswer::Yes;
-    };
-    Press(dialog.OKButton);
-    EXPECT_FALSE(dialog.IsOpen());
-  });
-  EXPECT_EQ(File()[4], 4);  // the map number of the dialog's own map
 }

@@ -1,18 +1,9 @@
 #include "Session.h"
 #include "data/GameFolder.h"
-#include "rules/ConnectionEditing.h"
 
 using namespace corvane;
 
 static const KeyStroke CtrlS = {'S', {.Ctrl = true}};
-
-TEST(Saves, AreUnavailableBeforeTheFirstOpen) {
-  Session session(GameFiles(MakeSampleGame()));
-  PressKey(session.Main, CtrlS);
-  EXPECT_FALSE(session.Main.mnuFileSave.Enabled);
-  EXPECT_FALSE(session.Main.mnuFileSavePatch.Enabled);
-  EXPECT_EQ(session.Told(), Texts());
-}
 
 struct FileCommands : testing::Test {
   FileCommands() { TablesDirty = true; }
@@ -20,29 +11,22 @@ struct FileCommands : testing::Test {
   Form1& main = session.Main;
 };
 
-TEST_F(FileCommands, SetTheOpenDialog) {
-  session.OpenFile("none");
-  const CommonDialog& asked = session.Asked;
-  EXPECT_EQ(asked.Filter, "CC4.EXE (CC4.EXE)|CC4.EXE|Corvane Patch Files (*.crv)|*.crv");
-  EXPECT_EQ(asked.Flags, 6144);
-  EXPECT_EQ(asked.DefaultExt, "");
-  EXPECT_EQ(asked.FilterIndex, 1);
-  EXPECT_EQ(asked.InitDir, std::filesystem::current_path().string());
-}
-
-TEST_F(FileCommands, SetTheSaveDialog) {
-  session.SavePatch("New.crv");
-  const CommonDialog& asked = session.Asked;
-  EXPECT_EQ(asked.Filter, "Corvane Patch Files (*.crv)|*.crv");
-  EXPECT_EQ(asked.Flags, 2048);
-  EXPECT_EQ(asked.DefaultExt, ".CRV");
-  EXPECT_EQ(asked.FilterIndex, 1);
-  EXPECT_EQ(asked.InitDir, GamePath);
-}
-
-TEST_F(FileCommands, DoNothingWhenTheDialogIsCancelled) {
+TEST_F(FileCommands, SetTheDialogsAndDoNothingWhenTheseAreCancelled) {
+  const std::string patches = "Corvane Patch Files (*.crv)|*.crv",
+                    game = "CC4.EXE (CC4.EXE)|CC4.EXE|";
+  const std::string here = std::filesystem::current_path().string();
+  const std::tuple<MenuItem&, std::string, int, std::string, std::string> rows[] = {
+      {main.mnuFileOpen, game + patches, 6144, "", here},
+      {main.mnuFileSavePatch, patches, 2048, ".CRV", GamePath}};
   session.Choice.clear();
-  for (MenuItem* item : {&main.mnuFileSavePatch, &main.mnuFileOpen}) session.Menu(*item);
+  for (const auto& [item, filter, flags, extension, folder] : rows) {
+    session.Menu(item);
+    EXPECT_EQ(session.Asked.Filter, filter);
+    EXPECT_EQ(session.Asked.Flags, flags) << filter;
+    EXPECT_EQ(session.Asked.DefaultExt, extension) << filter;
+    EXPECT_EQ(session.Asked.FilterIndex, 1) << filter;
+    EXPECT_EQ(session.Asked.InitDir, folder) << filter;
+  }
   EXPECT_EQ(session.Told(), Texts());
   EXPECT_TRUE(TablesDirty);
 }
@@ -87,27 +71,13 @@ TEST_F(FileCommands, WriteNoPatchFileAsAGame) {
   EXPECT_EQ(session.Folder.Get("p.crv").size(), 11212U);
 }
 
-TEST_F(FileCommands, FillEveryListAnewOnASecondOpen) {
-  session.OpenFile("CC4.EXE");
-  EXPECT_EQ(main.lstMaps.ListCount(), 43);
-  EXPECT_EQ(main.cboArrows.ListCount(), 81);
-  EXPECT_EQ(main.lstConnections.ListCount(), std::ssize(ConnectionRows(0)));
-}
-
-TEST_F(FileCommands, TakeAFolderForNoFileAndFailToWriteIt) {
-  std::filesystem::create_directory(session.Folder.Path / "Sub.crv");
-  session.SavePatch("Sub.crv");
-  const Texts told = session.Told();
-  ASSERT_EQ(told.size(), 1U);
-  EXPECT_TRUE(told[0].starts_with("Error: " + session.File("Sub.crv") + " could not be"));
-  EXPECT_TRUE(TablesDirty);
-}
-
 TEST_F(FileCommands, TakeAGameInSmallLetters) {
   std::filesystem::rename(session.File("CC4.EXE"), session.File("cc4.exe"));
   session.OpenFile("cc4.exe");
   OpenMenu(main.mnuFile);
   EXPECT_EQ(OpenedFile, "cc4.exe");
+  EXPECT_EQ(main.lstMaps.ListCount(), 43);  // filled anew
+  EXPECT_EQ(main.cboArrows.ListCount(), 81);
   EXPECT_TRUE(main.mnuFileSave.Enabled);
   EXPECT_TRUE(main.mnuFileSavePatch.Enabled);
   EXPECT_FALSE(TablesDirty);
@@ -249,12 +219,6 @@ TEST_F(LostUpdates, APatchFileSavedHereIsAskedAboutOnceItDiffers) {
   EXPECT_EQ(session.Told(), (Texts{overwrite[0], ChangedQuestion(session.File("p.crv"))}));
 }
 
-TEST_F(LostUpdates, APatchFileNeverSeenHereIsReplacedAsAsked) {
-  session.Folder.Put("other.crv", std::string(11212, 'x'));
-  session.SavePatch("other.crv");
-  EXPECT_EQ(session.Told(), Texts{"Overwrite file " + session.File("other.crv") + "?"});
-}
-
 TEST_F(LostUpdates, ABtdFileChangedWhileItsDialogIsOpenIsAskedAbout) {
   const std::string name = "Maps/" + RowFileName(MapRow(0));
   session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
@@ -270,20 +234,6 @@ TEST_F(LostUpdates, ABtdFileChangedWhileItsDialogIsOpenIsAskedAbout) {
     EXPECT_TRUE(session.Messages[1].ends_with(" Save and lose those changes?"));
     EXPECT_EQ(session.Folder.Get(name), theirs);
     EXPECT_TRUE(dialog.IsOpen());
-  });
-}
-
-TEST_F(LostUpdates, ABtdFileThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
-  session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
-    Session::Type(dialog.txtVLName, "Ford");
-    session.Told();
-    FailBehindTheFirstWrite();
-    Press(dialog.OKButton);
-    InjectedFault = nullptr;
-    EXPECT_NE(session.Told().at(1).find("DAMAGED"), std::string::npos);
-    Press(dialog.OKButton);
-    EXPECT_EQ(session.Told().size(), 1U);  // whether to replace the file
-    EXPECT_FALSE(dialog.IsOpen());
   });
 }
 

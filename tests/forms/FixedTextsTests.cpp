@@ -43,10 +43,3 @@ TEST(FixedTexts, OfTheQuestionAheadOfDeletingAConnection) {
             "exists. The victory location that represents this connection will not be deleted. "
             "Edit the BTD file to correct the victory location.");
 }
-
-TEST(FixedTexts, OfTheNoteInAddConnection) {
-  EXPECT_STREQ(dlgAddConnection(0).Label2.Caption,
-               "NOTE: You must have a reciprocating link from the destination back to this map.  "
-               "You must also edit the BTD files and set up a Victory Location on each map to "
-               "represent the link.");
-}

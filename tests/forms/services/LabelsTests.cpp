@@ -5,30 +5,13 @@
 #include "forms/Form1.h"
 #include "forms/dlgAddConnection.h"
 
-namespace corvane {
-namespace {
+using namespace corvane;
 
-TEST(Labels, BelowWhichAListStandsNameTheList) {
+TEST(Labels, NameTheListBelowOrTheFieldBesideInTheirOwnFrame) {
   const Form1 main;
   EXPECT_EQ(FieldOf(main.Label10), &main.lstMaps);
-}
-
-TEST(Labels, StandBesideTheFieldOfTheirLine) {
-  const Form1 main;
-  EXPECT_EQ(FieldBeside(main.Label1), &main.txtMapLeft);
   EXPECT_EQ(FieldBeside(main.Label10), nullptr);
-}
-
-TEST(Labels, OfANoteNameNothing) {
-  const dlgAddConnection dialog(0);
-  EXPECT_EQ(FieldOf(dialog.Label2), nullptr);
-}
-
-TEST(Labels, NameFieldsOfTheirOwnFrameOnly) {
-  const Form1 main;
-  EXPECT_EQ(FieldOf(main.Label1), &main.txtMapLeft);
+  EXPECT_EQ(FieldBeside(main.Label1), &main.txtMapLeft);
   EXPECT_EQ(FieldOf(main.Label5), &main.txtArrowLeft);
+  EXPECT_EQ(FieldOf(dlgAddConnection(0).Label2), nullptr) << "a note";
 }
-
-}  // namespace
-}  // namespace corvane
