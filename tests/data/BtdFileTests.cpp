@@ -24,9 +24,3 @@ TEST(BtdFile, ReadsZerosPastTheEndAndKeepsTheRestOfTheFile) {
     EXPECT_TRUE(folder.Get("m") == BtdBytes(map));
   }
 }
-
-TEST(BtdFile, TheFailureNamesAMissingFile) {
-  const std::string gone = TestFolder() / "gone.btd";
-  EXPECT_TRUE(Told(ReadBtd(gone)).starts_with(gone + " could not be read: "));
-  EXPECT_TRUE(Told(ReadBtdHead(gone)).starts_with(gone + " could not be read: "));
-}

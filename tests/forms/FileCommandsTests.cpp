@@ -162,12 +162,17 @@ TEST_F(LostUpdates, AnUntouchedGameIsSavedWithoutAQuestionTimeAfterTime) {
   }
   Change("CC4.EXE", 1147263);  // outside the tables
   EXPECT_EQ(SaveExe(), Texts{});
+  std::filesystem::resize_file(session.File("CC4.EXE"), 1153999);
+  EXPECT_EQ(SaveExe(), Texts{});
+  EXPECT_EQ(session.Folder.Get("CC4.EXE").size(), 1201312U);
 }
 
-TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndNoKeepsItsChange) {
+TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndOnlyYesSavesOverIt) {
+  const std::string ours = session.Folder.Get("CC4.EXE");
   Change("CC4.EXE", 1201311);
   const std::string theirs = session.Folder.Get("CC4.EXE");
   TablesDirty = true;
+  const auto yes = TheDisplay.ShowMessage;
   TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons) {
     session.Messages.push_back(text);
     return text.starts_with("This will") ? MessageAnswer::Yes : MessageAnswer::No;
@@ -175,20 +180,10 @@ TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndNoKeepsItsChang
   EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
   EXPECT_EQ(session.Folder.Get("CC4.EXE"), theirs);
   EXPECT_TRUE(TablesDirty);
-}
-
-TEST_F(LostUpdates, YesSavesOverTheChangeAndTheNextSaveAsksNothing) {
-  const std::string ours = session.Folder.Get("CC4.EXE");
-  Change("CC4.EXE", 1147264);
+  TheDisplay.ShowMessage = yes;
   EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
   EXPECT_EQ(session.Folder.Get("CC4.EXE"), ours);
   EXPECT_EQ(SaveExe(), Texts{});
-}
-
-TEST_F(LostUpdates, AGameCutShortIsLengthenedWithoutAWord) {
-  std::filesystem::resize_file(session.File("CC4.EXE"), 1153999);
-  EXPECT_EQ(SaveExe(), Texts{});
-  EXPECT_EQ(session.Folder.Get("CC4.EXE").size(), 1201312U);
 }
 
 // Writes the first range, then fails every write and flush, so the change cannot be undone.

@@ -209,17 +209,12 @@ TEST(MainWindow, StartsEmptyWithHelpAlone) {
   EXPECT_EQ(session.Told(), Texts());
 }
 
-struct NoMaps : testing::Test {
-  NoMaps() {
-    std::filesystem::remove_all(session.Folder.Path / "Maps");
-    TablesDirty = true;
-    session.OpenFile("CC4.EXE");
-  }
+TEST(NoMaps, AreToldOnceAndShowNothing) {
   Session session;
   Form1& main = session.Main;
-};
-
-TEST_F(NoMaps, AreToldOnceAndShowNothing) {
+  std::filesystem::remove_all(session.Folder.Path / "Maps");
+  TablesDirty = true;
+  session.OpenFile("CC4.EXE");
   EXPECT_EQ(session.Told(), Texts{"Error: No map files were found in the folder " + GamePath +
                                   Separator + "Maps."});
   EXPECT_EQ(main.lstMaps.ListCount(), 0);
@@ -229,10 +224,6 @@ TEST_F(NoMaps, AreToldOnceAndShowNothing) {
   EXPECT_FALSE(main.cmdAddConnection.Enabled());
   EXPECT_FALSE(main.cmdDeleteConnection.Enabled());
   EXPECT_FALSE(TablesDirty);
-}
-
-TEST_F(NoMaps, LeaveNothingToDo) {
-  session.Told();
   Press(main.cmdEditBTD);
   main.lstMaps_Click();
   main.cmdDelete_Click();

@@ -8,7 +8,6 @@
 
 #include "ResetTables.h"
 #include "base/LetterCase.h"
-#include "data/BtdFile.h"
 #include "forms/Form1.h"
 #include "forms/dlgAddConnection.h"
 #include "forms/dlgEditBTD.h"
@@ -119,16 +118,3 @@ TEST_P(Window, GivesAMnemonicToOneButtonOnly) {
 
 INSTANTIATE_TEST_SUITE_P(Tables, Window,
                          testing::Values("Form1", "dlgEditBTD", "dlgAddConnection"));
-
-TEST(EditMapBTDTable, LimitsTypingToOneLessThanTheField) {
-  const dlgEditBTD dialog(0);
-  const std::pair<const TextBox*, std::size_t> rows[] = {
-      {&dialog.txtVLName, sizeof VictoryLocation::Name},
-      {&dialog.txtFileName, sizeof BtdText::BaseName},
-      {&dialog.txtAlliedBrief, sizeof BtdText::AlliedBrief},
-      {&dialog.txtAxisBrief, sizeof BtdText::AxisBrief},
-      {&dialog.txtVLX, std::string("255").size()},  // a byte in decimal
-      {&dialog.txtVLY, std::string("255").size()}};
-  for (const auto& [box, width] : rows)
-    EXPECT_EQ(box->TypedLimit, static_cast<int>(width) - 1) << box->Name;
-}

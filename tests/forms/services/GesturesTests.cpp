@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <span>
 
 #include "TestForm.h"
@@ -38,8 +37,6 @@ const Row DoNotAskTheField[] = {
     {"menu item", [](TestForm& f) { Choose(f.mnuSave); }, "save ", "txtNumber"},
     {"close box", [](TestForm& f) { CloseWindow(f); }, "unload ", "txtNumber"},
     {"no such row", [](TestForm& f) { PickRow(f.lstRows, 8); }, "", "txtNumber"},
-    {"row -1", [](TestForm& f) { PickRow(f.lstRows, -1); }, "", "txtNumber"},
-    {"no such combo row", [](TestForm& f) { PickRow(f.cboRows, 8); }, "", "txtNumber"},
     {"combo row -1", [](TestForm& f) { PickRow(f.cboRows, -1); }, "", "txtNumber"},
     {"greyed button", [](TestForm& f) { Press(f.cmdOff); }, "", "txtNumber"},
     {"its mnemonic", [](TestForm& f) { EXPECT_FALSE(PressKey(f, {'O', {.Alt = true}})); }, "", "txtNumber"},
@@ -143,17 +140,6 @@ TEST(Gestures, TabSelectsAllOfASingleLine) {
   EXPECT_FALSE(f.txtLines.SelectionSet);
 }
 
-TEST(Gestures, TheWheelTurnsAComboBoxOnlyWithTheFocus) {
-  TestForm f;
-  f.Open();
-  EXPECT_TRUE(AllowWheel(f, &f.lstRows));
-  EXPECT_TRUE(AllowWheel(f, &f.txtLines));
-  EXPECT_FALSE(AllowWheel(f, &f.cboRows));
-  EXPECT_FALSE(AllowWheel(f, nullptr));
-  EXPECT_TRUE(MoveFocus(f.cboRows));
-  EXPECT_TRUE(AllowWheel(f, &f.cboRows));
-}
-
 TEST(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
   TestForm f;
   f.Open();
@@ -174,18 +160,6 @@ TEST(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
   EXPECT_EQ(f.Focused, &f.txtName);
 }
 
-TEST(Gestures, AMenuRunsItsClickAndAGreyedItemNone) {
-  TestForm f;
-  f.Open();
-  OpenMenu(f.mnuFile);  // greys the item
-  Choose(f.mnuSave);
-  EXPECT_EQ(f.Told(), "file ");
-  for (const char* events : {"file save ", "file "}) {
-    EXPECT_TRUE(PressKey(f, {'s', {.Ctrl = true}}));
-    EXPECT_EQ(f.Told(), events);
-  }
-}
-
 TEST(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
   TestForm f, dialog;
   f.Open();
@@ -203,14 +177,6 @@ TEST(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
 namespace {
 
 struct Controls : testing::Test {
-  Controls() {
-    TheDisplay.Redraw = [this](Control& control) { Redrawn.insert(control.Name); };
-  }
-  ~Controls() override { TheDisplay = {}; }
-  // Returns the controls redrawn since the last call.
-  std::set<std::string> Drawn() { return std::exchange(Redrawn, {}); }
-  using Names = std::set<std::string>;
-  Names Redrawn;
   TestForm f;
 };
 
@@ -245,21 +211,6 @@ TEST_F(Controls, AListSpeaksWhenItsSelectedRowChangesAlone) {
   }
   list.Clear();
   EXPECT_EQ(clicks, 3);
-}
-
-TEST_F(Controls, AreDrawnAnewOnEveryChange) {
-  const std::pair<const char*, std::function<void()>> changes[] = {{"lstFew", [&] { f.lstFew.AddItem("two"); }},
-                                                                   {"lstFew", [&] { f.lstFew.SetListIndex(1); }},
-                                                                   {"lstFew", [&] { f.lstFew.SetList(0, "x"); }},
-                                                                   {"lstFew", [&] { f.lstFew.Clear(); }},
-                                                                   {"cmdOff", [&] { f.cmdOff.SetEnabled(true); }},
-                                                                   {"cmdOff", [&] { f.cmdOff.SetVisible(false); }},
-                                                                   {"txtName", [&] { f.txtName.SetText("a"); }},
-                                                                   {"txtName", [&] { f.txtName.SelectAll(); }}};
-  for (const auto& [name, change] : changes) {
-    change();
-    EXPECT_EQ(Drawn(), Names{name}) << &name - &changes[0].first;
-  }
 }
 
 TEST_F(Controls, ATextBoxSpeaksAndUnselectsWhenItsTextChangesAlone) {
