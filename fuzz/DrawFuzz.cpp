@@ -22,10 +22,7 @@ Layer LayerFrom(const TestFolder& folder, const std::string& input) {
   const Result<GameTables> tables = ReadPatchTables(folder / "p.crv");
   const Result<BtdFile> map = ReadBtd(folder / "a.btd");
   Require(tables.Done() && map.Done(), "any file can be read");
-  layer.Tiles = tables->Tiles;
-  layer.Arrows = tables->Arrows;
-  layer.Connections = tables->Connections;
-  layer.Hotspots = tables->Hotspots;
+  PutTables(layer, *tables);
   const std::size_t row = map->Header.MapIndex % layer.Rows.size();
   layer.Rows[row] = "000 " + input.substr(input.size() - std::min<std::size_t>(input.size(), 40));
   layer.Files[row] = {input.substr(0, 20), input.size(), map->Header, map->VLs, map->Text};

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "../tests/tool/SampleLayer.h"
 #include "Fuzz.h"
 #include "tool/Json.h"
 #include "tool/Text.h"
@@ -21,15 +22,12 @@ void RequireRoundTrip(const std::string& json) {
 }
 
 // Cells beyond the input hold no connection, which keeps the document short.
-Layer LayerOf(const std::string& input) {
+Layer LayerFrom(const std::string& input) {
   GameTables tables;
   std::memset(static_cast<void*>(&tables), 0xFF, sizeof tables);
   std::memcpy(static_cast<void*>(&tables), input.data(), std::min(input.size(), sizeof tables));
   Layer layer;
-  layer.Tiles = tables.Tiles;
-  layer.Arrows = tables.Arrows;
-  layer.Connections = tables.Connections;
-  layer.Hotspots = tables.Hotspots;
+  PutTables(layer, tables);
   return layer;
 }
 
@@ -44,7 +42,7 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   const auto read = ParseJson(input);
   Require(read.Done() || read.Error().starts_with('/'), "an error names its position");
   if (read.Done()) RequireRoundTrip(ToJson(*read));
-  const Layer layer = LayerOf(input);
+  const Layer layer = LayerFrom(input);
   folder.Put("a.btd", input);
   const Result<BtdFile> map = ReadBtd(folder / "a.btd");
   Require(map.Done(), "any file can be read");

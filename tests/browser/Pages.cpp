@@ -3,7 +3,7 @@
 #include <fstream>
 #include <iostream>
 
-#include "../tool/FaultyLayer.h"
+#include "../tool/SampleLayer.h"
 #include "tool/Picture.h"
 #include "tool/Warnings.h"
 
@@ -17,6 +17,55 @@ Marks MarksOf(const Layer& layer) {
   Marks marks = FindingMarks();
   for (const Mark& mark : WarningsOf(layer)) marks.push_back(mark);
   return marks;
+}
+
+void SpoilNames(Layer& layer) {
+  const std::string names[] = {"<script>document.title='harm'</script>.btd",
+                               "\"onmouseover=\"document.title='harm'.btd",
+                               "two\nlines\x1B[31m.btd",
+                               "\u202Edtb.left-to-right\u202C.btd",
+                               "</title><img src=x onerror=document.title='harm'>.btd",
+                               "\u05E9\u05DC\u05D5\u05DD \u6771\u4EAC.btd",
+                               "A name far longer than any tile could ever hold without help.btd",
+                               "\xFF\xFE'&amp;.btd"};
+  for (std::size_t map = 0; map < std::size(names); ++map) {
+    layer.Files[map].Name = names[map];
+    layer.Rows[map] = ThreeDigits(static_cast<int>(map)) + " " + names[map];
+  }
+  SetField(layer.Files[8].VLs[0].Name, "<b>\"&\x02'</b>");
+}
+
+void SpoilPlaces(Layer& layer) {
+  layer.Tiles[10].Left = 801;
+  layer.Tiles[11].Width = 0;
+  layer.Tiles[12] = {.Left = 740, .Top = 560, .Width = 120, .Height = 90};
+  layer.Tiles[16].Left -= 60;
+  layer.Hotspots[13].CenterX = -1;
+  layer.Hotspots[14] = {790, 590};
+  layer.Arrows[20].Left = -3;
+  layer.Arrows[21].Height = 0;
+  layer.Arrows[22] = {.Left = 780, .Top = 400, .Width = 60, .Height = 20};
+}
+
+void SpoilRoads(Layer& layer) {
+  layer.Connections(0, 1) = NoConnection;    // an exit without a connection
+  layer.Connections(24, 23) = NoConnection;  // one way
+  layer.Connections(20, 36) = 5;             // no exit leads along, an arrow of other maps
+  layer.Connections(30, 30) = 40;            // joined to itself
+  layer.Connections(16, 17) = 99;            // no arrow
+  layer.Destinations(41, 9) = 200;           // to nowhere
+  layer.Files[41].VLs[9].Kind = VLKind::Exit;
+  layer.Files[41].VLs[9].Destination = 200;
+  layer.Files[42].Header.Magic = 7;
+}
+
+// The sample with every kind of fault in it, and with names that would do harm if they could.
+Layer FaultyLayer() {
+  Layer layer = LayerOf(MakeSampleGame());
+  SpoilNames(layer);
+  SpoilPlaces(layer);
+  SpoilRoads(layer);
+  return layer;
 }
 
 Layer MovedLayer(Layer layer) {

@@ -4,11 +4,7 @@
 using namespace corvane;
 
 struct CopyVerb : ToolRun {
-  CopyVerb() {
-    Folder.Put("p.crv", Patch);
-    Folder.Put("short.btd", std::string(5000, '\1'));
-  }
-  // Puts the sample tables with a moved tile into a patch file.
+  CopyVerb() { Folder.Put("p.crv", Patch); }
   void PutChangedPatch(int left) {
     GameTables tables = Game.Tables;
     tables.Tiles[3].Left = left;
@@ -19,37 +15,28 @@ struct CopyVerb : ToolRun {
 };
 
 TEST_F(CopyVerb, PreservesTablesThroughEveryKindOfFile) {
-  static Noise noise(11);  // new bytes each time the test is repeated
-  for (int round = 0; round < 8; ++round) {
-    const std::string patch = noise.Bytes(11212);
-    Folder.Put("p.crv", patch);
-    for (const auto& [from, to] :
-         {std::pair("/p.crv", "/CC4.EXE"), {"/CC4.EXE", "/t.json"}, {"/t.json", "/back.crv"}}) {
-      EXPECT_EQ(Run({"copy", "--unchecked", "--force", from, to}), 0) << Errors;
-    }
-    EXPECT_TRUE(Folder.Get("back.crv") == patch);
+  const std::string patch = Noise(11).Bytes(11212);
+  Folder.Put("p.crv", patch);
+  for (const auto& [from, to] :
+       {std::pair("/p.crv", "/CC4.EXE"), {"/CC4.EXE", "/t.json"}, {"/t.json", "/back.crv"}}) {
+    EXPECT_EQ(Run({"copy", "--unchecked", from, to}), 0) << Errors;
   }
+  EXPECT_TRUE(Folder.Get("back.crv") == patch);
   const std::string exe = Folder.Get("CC4.EXE");
   EXPECT_TRUE(exe.substr(0, 1147264) == Exe.substr(0, 1147264));
   EXPECT_TRUE(exe.substr(1201312) == Exe.substr(1201312));
 }
 
 TEST_F(CopyVerb, PreservesBtdFilesThroughJson) {
-  static Noise noise(12);
-  const std::string rest = noise.Bytes(99);
-  for (int round = 0; round < 8; ++round) {
-    const std::string image = noise.Bytes(8526);
-    Folder.Put("a.btd", image + rest);
-    Folder.Put("back.btd", noise.Bytes(8526) + rest);
-    EXPECT_EQ(Run({"copy", "--force", "/a.btd", "/a.json"}), 0) << Errors;
-    EXPECT_EQ(Run({"copy", "/a.json", "/back.btd"}), 0) << Errors;
-    EXPECT_TRUE(Folder.Get("back.btd") == image + rest);
-  }
-}
-
-TEST_F(CopyVerb, LengthensAShortBtdFile) {
-  EXPECT_EQ(Run({"copy", "/Maps/Merlaut.btd", "/short.btd"}), 0) << Errors;
-  EXPECT_TRUE(Folder.Get("short.btd") == Folder.Get("Maps/Merlaut.btd").substr(0, 8526));
+  const std::string image = Noise(12).Bytes(8526);
+  Folder.Put("a.btd", image + "rest");
+  Folder.Put("long.btd", std::string(8526, 'x') + "tail");
+  Folder.Put("short.btd", std::string(5000, '\1'));
+  EXPECT_EQ(Run({"copy", "/a.btd", "/a.json"}), 0) << Errors;
+  EXPECT_EQ(Run({"copy", "/a.json", "/long.btd"}), 0) << Errors;
+  EXPECT_EQ(Run({"copy", "/a.json", "/short.btd"}), 0) << Errors;
+  EXPECT_TRUE(Folder.Get("long.btd") == image + "tail");
+  EXPECT_TRUE(Folder.Get("short.btd") == image);
 }
 
 TEST_F(CopyVerb, PrintsWhatChanges) {
@@ -79,39 +66,25 @@ TEST_F(CopyVerb, RefusesTablesThatDoNotPassTheCheck) {
             "corvane-tool: Invalid tile coordinates for STRMAP 3\n"
             "corvane-tool: Nothing was copied: the tables do not pass the check.\n");
   EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
-  EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/CC4.EXE"}), 0);
-  EXPECT_FALSE(Folder.Get("CC4.EXE") == Exe);
 }
 
 TEST_F(CopyVerb, ChecksAgainstTheMapsOfTheGameThatIsWritten) {
   std::filesystem::remove(Folder / "Maps/Merlaut.btd");
   EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
   EXPECT_NE(Errors.find("No STRARROW defined for BTD link"), std::string::npos) << Errors;
-  std::filesystem::remove_all(Folder / "Maps");
-  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 2);
-  EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
 }
 
 TEST_F(CopyVerb, ReplacesAPatchOrJsonFileOnlyWithForce) {
-  for (const char* name : {"old.crv", "old.json"}) {
-    Folder.Put(name, std::string(300000, 'x'));
-    EXPECT_EQ(Run({"copy", "/CC4.EXE", "/" + std::string(name)}), 1) << name;
-    EXPECT_EQ(Plain(Errors),
-              "corvane-tool: /" + std::string(name) + " exists already. --force replaces it.\n");
-    EXPECT_EQ(Folder.Get(name), std::string(300000, 'x'));
-    EXPECT_EQ(Run({"copy", "--force", "/CC4.EXE", "/" + std::string(name)}), 0) << name;
+  for (const std::string name : {"/old.crv", "/old.json"}) {
+    Folder.Put(name.substr(1), std::string(300000, 'x'));
+    EXPECT_EQ(Run({"copy", "/CC4.EXE", name}), 1) << name;
+    EXPECT_EQ(Plain(Errors), "corvane-tool: " + name + " exists already. --force replaces it.\n");
+    EXPECT_EQ(Folder.Get(name.substr(1)), std::string(300000, 'x'));
+    EXPECT_EQ(Run({"copy", "--force", "/CC4.EXE", name}), 0) << name;
   }
-  // A patch file is never shortened; a JSON file must be.
+  // A patch file is never shortened, and a JSON file has to be.
   EXPECT_TRUE(Folder.Get("old.crv") == Patch + std::string(300000 - 11212, 'x'));
   EXPECT_TRUE(Folder.Get("old.json").ends_with("]\n}\n"));
-}
-
-TEST_F(CopyVerb, FindsItsTargetInAnyLetterCase) {
-  std::filesystem::rename(Folder / "CC4.EXE", Folder / "cc4.Exe");
-  PutChangedPatch(300);
-  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0) << Errors;
-  EXPECT_FALSE(Folder.Get("cc4.Exe") == Exe);
-  EXPECT_EQ(Run({"copy", "/cc4.Exe", "/P.CRV"}), 1) << Errors;
 }
 
 TEST_F(CopyVerb, KeepsChangesByAnotherProgram) {

@@ -1,4 +1,4 @@
-// The sample game as a layer, without files.
+// The sample game as the tool sees it, without a file.
 #pragma once
 
 #include "data/MapCatalogue.h"
@@ -7,13 +7,17 @@
 
 namespace corvane {
 
-/// Each map is at the slot in its header.
+inline void PutTables(Layer& layer, const GameTables& tables) {
+  layer.Tiles = tables.Tiles;
+  layer.Arrows = tables.Arrows;
+  layer.Connections = tables.Connections;
+  layer.Hotspots = tables.Hotspots;
+}
+
+/// The maps stand at the slots that their headers name, one each.
 inline Layer LayerOf(const SampleGame& game) {
   Layer layer;
-  layer.Tiles = game.Tables.Tiles;
-  layer.Arrows = game.Tables.Arrows;
-  layer.Connections = game.Tables.Connections;
-  layer.Hotspots = game.Tables.Hotspots;
+  PutTables(layer, game.Tables);
   for (const SampleMap& map : game.Maps) {
     const int slot = map.Header.MapIndex;
     layer.Rows.push_back(ThreeDigits(slot) + " " + map.FileName);

@@ -3,21 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <sstream>
 
 #include "SampleLayer.h"
 
 using namespace corvane;
 
 namespace {
-
-std::string LinesWith(const std::string& listing, const std::string& part) {
-  std::istringstream lines(listing);
-  std::string found;
-  for (std::string line; std::getline(lines, line);)
-    if (line.find(part) != line.npos) found += line + '\n';
-  return found;
-}
 
 MapFile SampleFile() { return LayerOf(MakeSampleGame()).Files[4]; }
 
@@ -32,15 +23,16 @@ TEST(Listing, PrintsOneFactPerLineForAMap) {
   layer.Connections(1, 0) = 5;
   layer.Connections(1, 42) = -2;
   layer.Arrows[80] = {.Left = 1, .Top = 2, .Width = 3, .Height = 4};
-  EXPECT_EQ(LinesWith(ListTables(layer), "map 001 B.btd: "),
-            "map 001 B.btd: tile Left 117, Top 21, Width 70, Height 51\n"
-            "map 001 B.btd: tile opaque words 7, -8, 9\n"
-            "map 001 B.btd: hotspot Center X 150, Center Y 40\n"
-            "map 001 B.btd: connection to map 000 A.btd by arrow 005\n"
-            "map 001 B.btd: connection to map 042 by arrow -2\n");
-  EXPECT_EQ(LinesWith(ListTables(layer), "arrow 080:"),
-            "arrow 080: Left 1, Top 2, Width 3, Height 4\n"
-            "arrow 080: opaque words 0, 0, 0\n");
+  const std::string listing = ListTables(layer);
+  EXPECT_NE(listing.find("map 001 B.btd: tile Left 117, Top 21, Width 70, Height 51\n"
+                         "map 001 B.btd: tile opaque words 7, -8, 9\n"
+                         "map 001 B.btd: hotspot Center X 150, Center Y 40\n"
+                         "map 001 B.btd: connection to map 000 A.btd by arrow 005\n"
+                         "map 001 B.btd: connection to map 042 by arrow -2\n"),
+            listing.npos);
+  EXPECT_NE(listing.find("arrow 080: Left 1, Top 2, Width 3, Height 4\n"
+                         "arrow 080: opaque words 0, 0, 0\n"),
+            listing.npos);
 }
 
 TEST(Listing, PrintsABtdFile) {
@@ -66,21 +58,18 @@ TEST(Listing, PrintsABtdFile) {
 TEST(Listing, ShowsEveryByteOfATable) {
   Layer layer = LayerOf(MakeSampleGame());
   const std::string listing = ListTables(layer);
-  auto* tiles = reinterpret_cast<unsigned char*>(&layer.Tiles);
-  auto* arrows = reinterpret_cast<unsigned char*>(&layer.Arrows);
-  auto* connections = reinterpret_cast<unsigned char*>(&layer.Connections);
-  auto* hotspots = reinterpret_cast<unsigned char*>(&layer.Hotspots);
-  const auto shows = [&](unsigned char* table, std::size_t size) {
-    for (std::size_t at = 0; at < size; at += 37) {
-      table[at] ^= 1;
-      EXPECT_NE(ListTables(layer), listing) << at << " of " << size;
-      table[at] ^= 1;
+  const auto shows = [&](auto& table) {
+    auto* bytes = reinterpret_cast<unsigned char*>(&table);
+    for (std::size_t at = 0; at < sizeof table; at += 37) {
+      bytes[at] ^= 1;
+      EXPECT_NE(ListTables(layer), listing) << at << " of " << sizeof table;
+      bytes[at] ^= 1;
     }
   };
-  shows(tiles, sizeof layer.Tiles);
-  shows(arrows, sizeof layer.Arrows);
-  shows(connections, sizeof layer.Connections);
-  shows(hotspots, sizeof layer.Hotspots);
+  shows(layer.Tiles);
+  shows(layer.Arrows);
+  shows(layer.Connections);
+  shows(layer.Hotspots);
 }
 
 TEST(Differences, NameEachField) {

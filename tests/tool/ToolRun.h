@@ -17,12 +17,14 @@ struct ToolRun : testing::Test {
       if (word.starts_with('/')) word = Folder / word.substr(1);
     Out.clear();
     Errors.clear();
-    const corvane::Console console{[this](std::string_view text) {
-                                     Out += text;
-                                     if (OnPrint) std::exchange(OnPrint, nullptr)();
-                                   },
-                                   [this](std::string_view text) { Errors += text; }, Colour};
-    return corvane::RunTool(words, console);
+    return corvane::RunTool(words, ToConsole());
+  }
+  corvane::Console ToConsole() {
+    return {[this](std::string_view text) {
+              Out += text;
+              if (OnPrint) std::exchange(OnPrint, nullptr)();
+            },
+            [this](std::string_view text) { Errors += text; }, Colour};
   }
 
   // Removes the path of the folder, which varies, from a text.

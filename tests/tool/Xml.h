@@ -1,4 +1,4 @@
-// A strict XML parser that checks that pictures and pages are well-formed.
+// A strict reader of XML, to hold what is drawn against: whatever it is given must be well-formed.
 #pragma once
 
 #include <algorithm>
@@ -33,7 +33,7 @@ class Xml {
   }
 
   std::vector<XmlElement> Elements;
-  std::string Fault;  // empty if the document is well-formed
+  std::string Fault;  // empty for a document that is well-formed
 
   /// All elements of this name and, unless it is empty, of a class that starts with `style`.
   [[nodiscard]] std::vector<XmlElement> All(std::string_view name,
@@ -44,13 +44,13 @@ class Xml {
     });
     return found;
   }
-  /// The element with this id; a blank one if there is none or more than one.
+  /// The element of this id; a blank one if there is none or more than one.
   [[nodiscard]] XmlElement Id(std::string_view id) const {
     const auto has = [id](const XmlElement& element) { return element["id"] == id; };
     const auto found = std::ranges::find_if(Elements, has);
     return std::ranges::count_if(Elements, has) == 1 ? *found : XmlElement{};
   }
-  /// The first element of this name in the element with this id.
+  /// The first element of this name in the one of this id.
   [[nodiscard]] XmlElement Child(std::string_view id, std::string_view name) const {
     for (const XmlElement& element : Elements) {
       const XmlElement& parent = Elements[element.Parent];
@@ -61,73 +61,59 @@ class Xml {
 
  private:
   void ReadNext() {
-    if (!Rest.starts_with('<')) return ReadText(Rest.substr(0, Rest.find('<')));
-    if (Rest.starts_with("</")) return ReadEnd();
-    ReadStart();
-  }
-
-  void ReadText(std::string_view raw) {
-    Rest.remove_prefix(raw.size());
-    const std::string text = Unescaped(raw);
-    if (!Opened.empty()) {
-      Elements[Opened.back()].Text += text;
-    } else if (text.find_first_not_of("\n") != text.npos) {
-      Fault = "text outside of all elements";
+    if (!Rest.starts_with('<')) {
+      const std::string text = Unescaped(Take(Rest.find('<')));
+      if (!Opened.empty()) Elements[Opened.back()].Text += text;
+      if (Opened.empty() && text != "\n") Fault = "text outside of all elements";
+    } else if (Rest.starts_with("</")) {
+      ReadEnd();
+    } else {
+      ReadStart();
     }
   }
 
   void ReadEnd() {
-    const std::string_view name = Rest.substr(2, Rest.find('>') - 2);
-    if (Opened.empty() || Elements[Opened.back()].Name != name) {
-      Fault = "</" + std::string(name) + "> closes what is not open";
+    const std::string end = Opened.empty() ? "" : "</" + Elements[Opened.back()].Name + ">";
+    if (end.empty() || Take(end.size()) != end) {
+      Fault = "closes what is not open: " + std::string(Rest.substr(0, 40));
       return;
     }
     Opened.pop_back();
-    Rest.remove_prefix(name.size() + 3);
   }
 
   void ReadStart() {
-    Rest.remove_prefix(1);
+    if (Opened.empty() && !Elements.empty()) Fault = "a second root";
+    Take(1);
     XmlElement element;
     element.Name = TakeName();
     if (!Opened.empty()) element.Parent = Opened.back();
-    if (Opened.empty() && !Elements.empty()) Fault = "a second root";
     while (Fault.empty() && Rest.starts_with(' ')) ReadAttribute(element);
     const bool empty = Rest.starts_with('/');
-    if (empty) Rest.remove_prefix(1);
-    if (!Rest.starts_with('>')) Fault = "<" + element.Name + " does not end";
-    if (!Fault.empty()) return;
-    Rest.remove_prefix(1);
+    if (Take(empty ? 2 : 1) != (empty ? "/>" : ">")) Fault = "<" + element.Name + " does not end";
+    // Their text is no markup.
+    if (element.Name == "script" || element.Name == "style")
+      element.Text = Take(Rest.find("</" + element.Name + ">"));
     Elements.push_back(element);
     if (!empty) Opened.push_back(Elements.size() - 1);
-    if (!empty && (element.Name == "script" || element.Name == "style")) ReadRaw(element.Name);
-  }
-
-  // Reads to the end of an element whose text is not markup.
-  void ReadRaw(const std::string& name) {
-    const std::size_t end = Rest.find("</" + name + ">");
-    if (end == Rest.npos) Fault = name + " does not end";
-    Elements.back().Text = Rest.substr(0, end);
-    Rest.remove_prefix(std::min(end, Rest.size()));
   }
 
   void ReadAttribute(XmlElement& element) {
-    Rest.remove_prefix(1);
+    Take(1);
     const std::string name = TakeName();
-    const std::size_t end = Rest.starts_with("=\"") ? Rest.find('"', 2) : Rest.npos;
-    if (end == Rest.npos || element.Attributes.contains(name)) {
-      Fault = "the attribute " + name + " of " + element.Name;
-      return;
-    }
-    element.Attributes[name] = Unescaped(Rest.substr(2, end - 2));
-    Rest.remove_prefix(end + 1);
+    const bool opens = Take(2) == "=\"";
+    const bool fresh = element.Attributes.emplace(name, Unescaped(Take(Rest.find('"')))).second;
+    if (!opens || !fresh || Take(1) != "\"") Fault = "the attribute " + name;
+  }
+
+  std::string_view Take(std::size_t count) {
+    const std::string_view taken = Rest.substr(0, count);
+    Rest.remove_prefix(taken.size());
+    return taken;
   }
 
   std::string TakeName() {
-    const std::size_t end = std::min(Rest.find_first_of(" =/>\"<"), Rest.size());
-    const std::string name(Rest.substr(0, end));
+    const std::string name(Take(Rest.find_first_of(" =/>\"<")));
     if (name.empty()) Fault = "a name is missing";
-    Rest.remove_prefix(end);
     return name;
   }
 
