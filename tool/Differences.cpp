@@ -119,9 +119,9 @@ void CompareFiles(Lines& found, const std::string& name, const MapFile& before,
   changes.Compare("Magic number", before.Header.Magic, after.Header.Magic);
   changes.Compare("Map number", before.Header.MapIndex, after.Header.MapIndex);
   changes.CompareField("Base name", before.Text.BaseName, after.Text.BaseName);
+  const std::string start = name.empty() ? "VL" : name + ": VL";
   for (std::size_t vl = 0; vl < before.VLs.size(); ++vl) {
-    const std::string slot = "VL" + std::to_string(vl);
-    CompareVLs(found, name.empty() ? slot : name + ": " + slot, before.VLs[vl], after.VLs[vl]);
+    CompareVLs(found, start + std::to_string(vl), before.VLs[vl], after.VLs[vl]);
   }
   for (const BriefField& brief : BriefFields) {
     const auto& old = before.Text.*brief.Text;

@@ -157,7 +157,11 @@ std::string StampOf(const DrawOptions& options, const std::vector<std::string>& 
     std::vector<std::string> names;
     const std::error_code error = ScanFolder(folder, ".BTD", MapSlotCount + 1, names);
     if (error) stamp += folder + "\n";  // differs once the folder is back
-    for (const std::string& name : names) stamp += StampOf(folder + Separator + name);
+    for (const std::string& name : names) {
+      std::string file = folder;
+      (file += Separator) += name;
+      stamp += StampOf(file);
+    }
   }
   return stamp;
 }

@@ -2,6 +2,7 @@
 #include <QtWidgets>
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 
 #include "Driver.h"
 #include "services/Gestures.h"
@@ -148,7 +149,7 @@ void FillFromOutside(const TextBox& box, const std::string& text) {
 }
 
 void EndSessionFromOutside() {
-  std::raise(SIGTERM);
+  if (std::raise(SIGTERM) != 0) std::abort();  // nothing would end
   QApplication::processEvents();
 }
 
