@@ -72,7 +72,7 @@ bool LabelSheet::IsFree(const Box& box) const {
 }
 
 bool LabelSheet::Put(std::string_view text, int size, std::span<const Point> corners,
-                     Label& label) {
+                     PlacedLabel& label) {
   const int width = TextWidth(text, size);
   for (const Point& corner : corners) {
     const Box box{corner.X, corner.Y, corner.X + width, corner.Y + LineHeight(size)};

@@ -13,7 +13,7 @@
 
 namespace corvane {
 
-struct Label {
+struct PlacedLabel {
   std::string Text;
   Point Start;  // of its baseline
 };
@@ -26,7 +26,7 @@ class LabelSheet {
   /// Places `text` at the first of `corners` (its left top) where it fits. Returns False if it fits
   /// nowhere.
   [[nodiscard]] bool Put(std::string_view text, int size, std::span<const Point> corners,
-                         Label& label);
+                         PlacedLabel& label);
 
  private:
   static constexpr int CellSize = 32;  // pixels

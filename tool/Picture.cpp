@@ -218,7 +218,8 @@ void DrawOffMapExits(Sheet& sheet) {
   sheet.Out.Close();
 }
 
-void DrawLabel(Markup& out, std::string_view style, const Label& label, const Attribute& owner) {
+void DrawLabel(Markup& out, std::string_view style, const PlacedLabel& label,
+               const Attribute& owner) {
   out.Leaf("text",
            {{"class", std::string(style)}, {"x", label.Start.X}, {"y", label.Start.Y}, owner},
            label.Text);
@@ -226,7 +227,7 @@ void DrawLabel(Markup& out, std::string_view style, const Label& label, const At
 
 // Inside the tile if possible, else next to it; complete if possible, else shortened, else only
 // the number.
-bool PutName(Sheet& sheet, const SceneTile& tile, Label& label) {
+bool PutName(Sheet& sheet, const SceneTile& tile, PlacedLabel& label) {
   const Box& box = tile.Place;
   const Point corners[] = {{box.Left + 3, box.Top + 2},
                            {box.Left + 3, box.Bottom - NameSize - 3},
@@ -244,7 +245,7 @@ bool PutName(Sheet& sheet, const SceneTile& tile, Label& label) {
   return false;
 }
 
-bool PutNumber(Sheet& sheet, const SceneArrow& arrow, Label& label) {
+bool PutNumber(Sheet& sheet, const SceneArrow& arrow, PlacedLabel& label) {
   const std::string number = std::to_string(arrow.Arrow);
   const Box& box = arrow.Place;
   const int width = TextWidth(number, NumberSize);
@@ -261,7 +262,7 @@ bool PutNumber(Sheet& sheet, const SceneArrow& arrow, Label& label) {
 
 void DrawLabels(Sheet& sheet) {
   sheet.Out.Open("g", {{"class", "labels"}, {"aria-hidden", "true"}});
-  Label label;
+  PlacedLabel label;
   for (const SceneTile& tile : sheet.Now.Tiles) {
     if (PutName(sheet, tile, label)) {
       DrawLabel(sheet.Out, "name", label, {"data-map", tile.Map});

@@ -41,11 +41,11 @@ struct Window : testing::TestWithParam<const char*> {
   Window() {
     ResetTables();
     const std::string name = GetParam();
-    if (name == "Form1") Shown = std::make_unique<Form1>();
-    if (name == "dlgEditBTD") Shown = std::make_unique<dlgEditBTD>(0);
-    if (name == "dlgAddConnection") Shown = std::make_unique<dlgAddConnection>(0);
+    if (name == "Form1") Shown = std::make_shared<Form1>();
+    if (name == "dlgEditBTD") Shown = std::make_shared<dlgEditBTD>(0);
+    if (name == "dlgAddConnection") Shown = std::make_shared<dlgAddConnection>(0);
   }
-  std::unique_ptr<Form> Shown;
+  std::shared_ptr<Form> Shown;  // which deletes it as the window that it is
 };
 
 }  // namespace
