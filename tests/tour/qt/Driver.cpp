@@ -103,7 +103,7 @@ void Type(const std::string& text) {
 // A mnemonic shows its button pressed for a while before the click.
 static bool AnyButtonIsDown() {
   return std::ranges::any_of(QApplication::allWidgets(), [](const QWidget* widget) {
-    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    const auto* button = qobject_cast<const QPushButton*>(widget);
     return button && button->isDown();
   });
 }
