@@ -1,12 +1,13 @@
-// corvane_tour FOLDER [first|second]: plays the main job in the real windows, from open to
-// save, by mouse and keyboard as a person would, on a sample game made in FOLDER. It tells each
-// step and what is seen, leaves a picture of each window there, and fails if anything comes out
-// otherwise than it must. The two parts make the same files one after the other, each in a program
-// of its own.
+// corvane_tour FOLDER [first|second|patch]: plays the main workflow in native windows, from open to
+// save, by mouse and keyboard, on a sample game created in FOLDER. It reports each step and what it
+// sees, saves a picture of each window there, and fails on any unexpected result. "first" and
+// "second", run in this order as separate processes, produce the same files as a run without a
+// part; "patch" opens the patch file saved by "second", with the maps of the installed game.
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 
 #include "Driver.h"
@@ -38,17 +39,21 @@ class Tour {
 
  private:
   void Play(const std::string& part);
+  void MoveAndAssign();
   void BreakAndMendTheNetwork();
   void OpenTheGame();
   void MoveATile();
   void ChangeAnArrow();
   void RemoveTheConnection(int map);
-  void BeRefused();
+  void BeRefused(const char* finding);
   void AddTheConnection(int map, const char* to);
-  void EditTheMapFile();
+  void TakeTheExitAway();
+  void MakeTheExit();
+  void EditTheMapFile(const std::function<void(const dlgEditBTD& names)>& edit);
   void SaveIntoTheExecutable();
   void SaveAPatch();
   void OpenAgain();
+  void OpenThePatch();
   void ReadTheHelp();
 
   void Step(const char* what);
@@ -87,12 +92,16 @@ void Tour::Picture(const char* name) {
   Expect(SavePicture(file.string()), "picture " + file.string());
 }
 
-// Some bytes of a file must have changed, and no more than `most`.
+// Lists the changed bytes of a file as runs; expects at least one and at most `most`.
 void Tour::ExpectChanged(const std::string& name, const std::string& before, std::size_t most) {
   const std::string after = ReadFile(Game / name);
   std::size_t changed = 0;
   for (std::size_t at = 0; at < std::min(before.size(), after.size()); ++at) {
-    changed += before[at] != after[at];
+    if (before[at] == after[at]) continue;
+    const std::size_t start = at;
+    while (at < after.size() && before[at] != after[at]) ++at;
+    std::printf("   changed in %s: %zu byte(s) at %zu\n", name.c_str(), at - start, start);
+    changed += at - start;
   }
   Expect(before.size() == after.size() && changed > 0 && changed <= most,
          name + " has its old length, and only the bytes that were edited differ");
@@ -167,11 +176,11 @@ void Tour::RemoveTheConnection(int map) {
   Expect(Main.lstConnections.ListCount() == rows - 1, "one connection less");
 }
 
-void Tour::BeRefused() {
+void Tour::BeRefused(const char* finding) {
   Step("File, Save EXE Changes: the check refuses");
   const std::string before = ReadFile(Game / "CC4.EXE");
   const bool dirty = TablesDirty;
-  OnMessage("Error: \nNo STRARROW defined for BTD link from 000 ", "Return", "findings.png");
+  OnMessage(std::string("Error: \n") + finding, "Return", "findings.png");
   PressMenu(Main.mnuFile);
   PressItem(Main.mnuFileSave);
   Expect(ReadFile(Game / "CC4.EXE") == before && TablesDirty == dirty, "CC4.EXE untouched");
@@ -195,19 +204,13 @@ void Tour::AddTheConnection(int map, const char* to) {
          "the connection to " + Seen(Main.lstConnections) + ", with arrow 000");
 }
 
-void Tour::EditTheMapFile() {
-  Step("Double click on the second map: rename its first victory location, OK");
+// Edits the first victory location of the second map.
+void Tour::EditTheMapFile(const std::function<void(const dlgEditBTD& names)>& edit) {
   const dlgEditBTD names(1);
   const fs::path file = fs::path("Maps") / Main.lstMaps.List(1).substr(4);
   const std::string before = ReadFile(Game / file);
   WhenNext([&] {
-    TypeOver(names.txtVLName, "Touring");
-    Expect(Seen(names.lstVLs) == "Touring", "the list follows each key");
-    PressAt(names.cboVLDest);
-    PressKey("Home");
-    PressKey("Return");
-    Expect(Seen(names.cboVLType) == "Exit Location", "an exit location");
-    Expect(Seen(names.cboVLDest).starts_with("000 "), "that leads to " + Seen(names.cboVLDest));
+    edit(names);
     Picture("edit-map-btd.png");
     OnMessage("Replace existing ", "Return");
     PressAt(names.OKButton);
@@ -215,6 +218,33 @@ void Tour::EditTheMapFile() {
   DoubleClickRow(Main.lstMaps, 1);
   ExpectChanged(file.generic_string(), before, 24);
   Expect(Seen(Main.lstMaps).starts_with("000 "), "the catalogue from its first map on again");
+}
+
+void Tour::TakeTheExitAway() {
+  Step("Double click on the second map: rename its first victory location, make it no exit, OK");
+  EditTheMapFile([this](const dlgEditBTD& names) {
+    TypeOver(names.txtVLName, "Touring");
+    Expect(Seen(names.lstVLs) == "Touring", "the list follows each key");
+    PressAt(names.cboVLType);
+    PressKey("Home");
+    PressKey("Return");
+    Expect(Seen(names.cboVLType) == "NONE", "type NONE");
+  });
+}
+
+void Tour::MakeTheExit() {
+  Step("Edit it again: name it after the road, make it an exit to the first map, OK");
+  EditTheMapFile([this](const dlgEditBTD& names) {
+    TypeOver(names.txtVLName, "Merlaut road");
+    PressAt(names.cboVLType);
+    PressKey("Down");
+    PressKey("Return");
+    PressAt(names.cboVLDest);
+    PressKey("Home");
+    PressKey("Return");
+    Expect(Seen(names.cboVLType) == "Exit Location" && Seen(names.cboVLDest).starts_with("000 "),
+           "an exit location that leads to " + Seen(names.cboVLDest));
+  });
 }
 
 void Tour::SaveIntoTheExecutable() {
@@ -255,20 +285,37 @@ void Tour::ReadTheHelp() {
   PressItem(Main.mnuHelpBasic);
 }
 
+void Tour::OpenThePatch() {
+  Step("File, Open: the patch file");
+  ChooseFile(Main.mnuFileOpen, Game / "Tour.crv");
+  Expect(StrMap[1].Left == 321 && !TablesDirty, "the tile where the patch has it");
+  Expect(Main.lstMaps.ListCount() == MapSlotCount, "43 maps");
+  for (int row = 0; row < Main.lstMaps.ListCount(); ++row)
+    std::printf("   %s\n", Main.lstMaps.List(row).c_str());
+}
+
+void Tour::MoveAndAssign() {
+  MoveATile();
+  ChangeAnArrow();
+}
+
 void Tour::BreakAndMendTheNetwork() {
   RemoveTheConnection(1);
   RemoveTheConnection(0);
-  BeRefused();
+  BeRefused("No STRARROW defined for BTD link from 000 ");
   AddTheConnection(0, "001 ");
   ChangeAnArrow();
   AddTheConnection(1, "000 ");
   ChangeAnArrow();
-  EditTheMapFile();
+  TakeTheExitAway();
+  BeRefused("No reciprocating BTD link defined for connection from map 000 ");
+  MakeTheExit();
 }
 
 void Tour::Play(const std::string& part) {
+  if (part == "patch") return OpenThePatch();
   OpenTheGame();
-  if (part != "second") MoveATile(), ChangeAnArrow();
+  if (part != "second") MoveAndAssign();
   if (part != "first") BreakAndMendTheNetwork();
   SaveIntoTheExecutable();
   if (part == "first") return;
@@ -303,8 +350,9 @@ int Tour::Run(const std::string& part) {
 
 int main(int argc, char** argv) {
   const std::string part = argc == 3 ? argv[2] : "";
-  if (argc < 2 || argc > 3 || (argc == 3 && part != "first" && part != "second")) {
-    std::printf("usage: corvane_tour FOLDER [first|second]\n");
+  if (argc < 2 || argc > 3 ||
+      (argc == 3 && part != "first" && part != "second" && part != "patch")) {
+    std::printf("usage: corvane_tour FOLDER [first|second|patch]\n");
     return 2;
   }
   return corvane::Tour(std::filesystem::absolute(argv[1])).Run(part);
