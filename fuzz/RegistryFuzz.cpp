@@ -1,4 +1,4 @@
-// The input is the registry file of a Wine prefix; then a value is appended.
+// The input is the registry file of a Wine prefix; then a value of the 32-bit view is appended.
 #include "Fuzz.h"
 #include "data/GameFolder.h"
 
@@ -8,7 +8,7 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   static_cast<void>(ReadInstallPath());
   folder.Put(".wine/system.reg", input + R"(
 
-[Software\\Strategic Simulations Inc.\\Close Combat\\4.00]
+[Software\\Wow6432Node\\Strategic Simulations Inc.\\Close Combat\\4.00]
 "InstalledTo"="C:\\X")");
   Require(ReadInstallPath() == folder / ".wine/dosdevices/c:/X", "the last value wins");
 }
