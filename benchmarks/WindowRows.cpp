@@ -14,7 +14,7 @@ struct Lists {
 // The main window at start, and with the game open.
 Lists ListMainWindow(const std::string& folder) {
   const Lists lists{folder + "/empty.controls", folder + "/opened.controls"};
-  TheDisplay.ShowOpenDialog = [&](CommonDialog& dialog) {
+  TheDisplay.ShowFileDialog = [&](CommonDialog& dialog) {
     dialog.FileName = folder + "/CC4.EXE";
     dialog.FileTitle = "CC4.EXE";
   };

@@ -28,7 +28,7 @@ struct Player : Session {
                    File("") + '"');
     setenv("HOME", Folder.Path.c_str(), 1);
     InDialog = [this](Form& dialog) { Play(dialog); };
-    TheDisplay.ShowOpenDialog = TheDisplay.ShowSaveDialog = [this](CommonDialog& dialog) {
+    TheDisplay.ShowFileDialog = [this](CommonDialog& dialog) {
       const bool opens = dialog.DefaultExt.empty();
       Require(opens || CheckTables().empty(), "only sound tables are saved");
       constexpr const char* Names[] = {"p.crv", "New.CRV", "Maps", "no/p.crv", "CC4.EXE"};

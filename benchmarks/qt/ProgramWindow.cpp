@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     QWindow* window = QGuiApplication::topLevelWindows().constFirst();
     while (!window->isExposed()) QApplication::processEvents();
     if (argc == 1) std::_Exit(0);
-    corvane::TheDisplay.ShowOpenDialog = [&](corvane::CommonDialog& dialog) {
+    corvane::TheDisplay.ShowFileDialog = [&](corvane::CommonDialog& dialog) {
       dialog.FileName = argv[1];
       dialog.FileTitle = "CC4.EXE";
     };

@@ -12,7 +12,7 @@ const char* Game;
 // Timer messages arrive only after all painting is done.
 void CALLBACK Measure(HWND, UINT, UINT_PTR, DWORD) {
   if (!Game) return PrintOwnCosts();
-  corvane::TheDisplay.ShowOpenDialog = [](corvane::CommonDialog& dialog) {
+  corvane::TheDisplay.ShowFileDialog = [](corvane::CommonDialog& dialog) {
     dialog.FileName = Game;
     dialog.FileTitle = "CC4.EXE";
   };

@@ -6,6 +6,7 @@
 
 #include "Accessibility.h"
 #include "Look.h"
+#include "services/FormView.h"
 #include "services/Gestures.h"
 #include "services/Pixels.h"
 
@@ -36,19 +37,12 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
 }
 
 // Returns true if a row changed.
-bool MirrorRows(const RowControl& list, QAbstractItemModel& rows) {
-  const int missing = list.ListCount() - rows.rowCount();
-  if (missing < 0) rows.removeRows(list.ListCount(), -missing);
-  if (missing > 0) rows.insertRows(rows.rowCount(), missing);
-  bool changed = missing != 0;
-  for (int row = 0; row < list.ListCount(); ++row) {
-    const QModelIndex at = rows.index(row, 0);
-    const QString text = QString::fromStdString(list.List(row));
-    if (at.data() == text) continue;
-    rows.setData(at, text);
-    changed = true;
-  }
-  return changed;
+bool MirrorRows(ShownRows& shown, const RowControl& list, QAbstractItemModel& rows) {
+  const auto remove = [&](int from) { rows.removeRows(from, rows.rowCount() - from); };
+  return shown.Mirror(list, remove, [&](int row, const std::string& text) {
+    if (row == rows.rowCount()) rows.insertRow(row);
+    rows.setData(rows.index(row, 0), QString::fromStdString(text));
+  });
 }
 
 // Keeps the selection in step with the control. Only a press on a row reaches it from the mouse, so
@@ -64,7 +58,7 @@ class RowList : public QListWidget {
 
   void Mirror() {
     const QScopedValueRollback quiet(SelectsItself, true);
-    MirrorRows(Shown, *model());
+    MirrorRows(Rows, Shown, *model());
     setCurrentRow(Shown.ListIndex(), QItemSelectionModel::ClearAndSelect);
   }
 
@@ -95,6 +89,7 @@ class RowList : public QListWidget {
   }
 
   ListBox& Shown;
+  ShownRows Rows;
   bool SelectsItself = false;  // true while the widget itself changes the selection
 };
 
@@ -205,8 +200,8 @@ ControlWidget Make(ComboBox& combo, QWidget* parent) {
   box->setAccessibleDescription(QString::fromUtf8(combo.AccessibleName));
   const QSize room = PlaceOf(combo).size() - QSize(ComboArrow + FieldMargins, 0);
   QObject::connect(box, &QComboBox::activated, box, [&combo](int row) { PickRow(combo, row); });
-  return {&combo, box, [&combo, box, room] {
-            const bool newRows = MirrorRows(combo, *box->model());
+  return {&combo, box, [&combo, box, room, rows = ShownRows()]() mutable {
+            const bool newRows = MirrorRows(rows, combo, *box->model());
             box->setCurrentIndex(combo.ListIndex());
             box->setFont(Narrowed(box->currentText(), room, Qt::TextSingleLine));
             if (newRows)

@@ -2,14 +2,15 @@
 // visible, and the open and save dialogs, which follow the given settings.
 #pragma once
 
-#include <QFileDialog>
 #include <string>
 
 #include "services/Display.h"
 
+class QWidget;
+
 namespace corvane {
 
 MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageButtons buttons);
-void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptMode mode);
+void ShowFileDialog(QWidget* owner, CommonDialog& settings);
 
 }  // namespace corvane

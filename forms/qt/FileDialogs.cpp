@@ -87,11 +87,12 @@ QStringList NameFilters(const std::string& filter) {
 
 }  // namespace
 
-void ShowFileDialog(QWidget* owner, CommonDialog& settings, QFileDialog::AcceptMode mode) {
-  FileDialog dialog(owner, mode == QFileDialog::AcceptSave ? "Save As" : "Open", settings);
+void ShowFileDialog(QWidget* owner, CommonDialog& settings) {
+  const bool saves = settings.Kind == FileDialogKind::Save;
+  FileDialog dialog(owner, saves ? "Save As" : "Open", settings);
   const QStringList filters = NameFilters(settings.Filter);
   const QString folder = QString::fromStdString(settings.InitDir);
-  dialog.setAcceptMode(mode);
+  dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFilter(dialog.filter() | QDir::Hidden);  // e.g. .wine
   dialog.setSidebarUrls(dialog.sidebarUrls() + WineDrives());
   dialog.resize(DialogSize);

@@ -9,32 +9,16 @@
 namespace corvane {
 namespace {
 
-Key KeyOf(int key) {
-  switch (key) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-      return Key::Tab;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return Key::Enter;
-    case Qt::Key_Escape:
-      return Key::Escape;
-    case Qt::Key_Backspace:
-      return Key::Backspace;
-    default:
-      return Key::Other;
-  }
-}
+constexpr NativeKey Keys[] = {{Qt::Key_Tab, Key::Tab},       {Qt::Key_Backtab, Key::Tab},
+                              {Qt::Key_Return, Key::Enter},  {Qt::Key_Enter, Key::Enter},
+                              {Qt::Key_Escape, Key::Escape}, {Qt::Key_Backspace, Key::Backspace}};
 
 KeyStroke StrokeOf(const QKeyEvent& event) {
   const Qt::KeyboardModifiers held = event.modifiers();
-  const Modifiers with = {
-      .Ctrl = held.testFlag(Qt::ControlModifier),
-      .Shift = held.testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab,
-      .Alt = held.testFlag(Qt::AltModifier)};
-  const bool letter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
-  return letter ? KeyStroke(static_cast<char>(event.key()), with)
-                : KeyStroke(KeyOf(event.key()), with);
+  const bool shift = held.testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab;
+  const Modifiers with = {held.testFlag(Qt::ControlModifier), shift,
+                          held.testFlag(Qt::AltModifier)};
+  return StrokeOf(event.key(), with, Keys);
 }
 
 }  // namespace
@@ -60,9 +44,9 @@ void FormWindow::AddControls() {
   for (const AnyControl& any : Shown.Controls) {  // a frame precedes its contents
     const Control* frame = std::visit([](auto* control) { return control->Parent; }, any);
     void* const holder = WidgetOf(frame);
-    const ControlWidget made =
+    ControlWidget made =
         MakeControlWidget(any, holder ? static_cast<QWidget*>(holder) : centralWidget());
-    AddView({made.Shown, made.Widget, made.Mirror});
+    AddView({made.Shown, made.Widget, std::move(made.Mirror)});
   }
 }
 

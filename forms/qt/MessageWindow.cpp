@@ -51,23 +51,18 @@ class MessageBox : public QDialog {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     if (event->matches(QKeySequence::Copy)) return Text->CopyMarkedOrAll();
-    switch (event->key()) {
-      case Qt::Key_PageUp:
-        return Scroll(QScrollBar::SliderPageStepSub);
-      case Qt::Key_PageDown:
-        return Scroll(QScrollBar::SliderPageStepAdd);
-      case Qt::Key_Home:
-        return Scroll(QScrollBar::SliderToMinimum);
-      case Qt::Key_End:
-        return Scroll(QScrollBar::SliderToMaximum);
-      default:
-        return QDialog::keyPressEvent(event);
+    constexpr std::pair<int, QScrollBar::SliderAction> scrolls[] = {
+        {Qt::Key_PageUp, QScrollBar::SliderPageStepSub},
+        {Qt::Key_PageDown, QScrollBar::SliderPageStepAdd},
+        {Qt::Key_Home, QScrollBar::SliderToMinimum},
+        {Qt::Key_End, QScrollBar::SliderToMaximum}};
+    for (const auto& [key, step] : scrolls) {
+      if (key == event->key()) return Text->verticalScrollBar()->triggerAction(step);
     }
+    QDialog::keyPressEvent(event);
   }
 
  private:
-  void Scroll(QScrollBar::SliderAction step) { Text->verticalScrollBar()->triggerAction(step); }
-
   // Lines that fit the screen do not wrap; longer ones wrap like a paragraph.
   [[nodiscard]] int WrapWidth(int most) const {
     int width = std::min(ParagraphWidth, most);
@@ -111,7 +106,6 @@ void AddButton(QDialog& box, QDialogButtonBox& row, const char* caption, int res
 }  // namespace
 
 MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageButtons buttons) {
-  const std::span<const MessageButton> choices = ButtonsOf(buttons);
   MessageBox box(owner, QString::fromStdString(text));
   auto* rows = new QVBoxLayout(&box);
   auto* row = new QDialogButtonBox;
@@ -121,11 +115,11 @@ MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageBut
   rows->addWidget(row);
   row->setCenterButtons(true);
   int number = 0;  // counted from 1; 0: the box was closed
-  for (const MessageButton& choice : choices) AddButton(box, *row, choice.Caption, ++number);
+  for (const MessageButton& choice : ButtonsOf(buttons)) {
+    AddButton(box, *row, choice.Caption, ++number);
+  }
   row->buttons().first()->setFocus();
-  const int pressed = box.exec();
-  return pressed == 0 ? choices.back().Answer
-                      : choices[static_cast<std::size_t>(pressed) - 1].Answer;
+  return AnswerOf(buttons, box.exec() - 1);
 }
 
 }  // namespace corvane

@@ -24,19 +24,13 @@ int RunProgram(int argc, char** argv, Form& form) {
   DressApplication();
   InstallAccessibility();
   KeepDialogsOutOfTaskBar();
-  TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });
-  TheDisplay.ShowMessage = [](const std::string& text, MessageButtons buttons) {
+  const SessionEnd sessionEnd;
+  Display boxes;
+  boxes.ShowMessage = [](const std::string& text, MessageButtons buttons) {
     return ShowMessageBox(FormWindow::Top(), text, buttons);
   };
-  TheDisplay.ShowOpenDialog = [](CommonDialog& file) {
-    ShowFileDialog(FormWindow::Top(), file, QFileDialog::AcceptOpen);
-  };
-  TheDisplay.ShowSaveDialog = [](CommonDialog& file) {
-    ShowFileDialog(FormWindow::Top(), file, QFileDialog::AcceptSave);
-  };
-  const SessionEnd sessionEnd;
-  form.ShowModal();
-  TheDisplay = {};
+  boxes.ShowFileDialog = [](CommonDialog& file) { ShowFileDialog(FormWindow::Top(), file); };
+  RunInViews(form, boxes, [](Form& shown) { return std::make_unique<FormWindow>(shown); });
   return 0;
 }
 

@@ -69,6 +69,12 @@ std::string Existing(const std::string& path) {
   return path.substr(0, start) + NameInFolder(FolderOf(path), path.substr(start));
 }
 
+void Show(CommonDialog& dialog, FileDialogKind kind) {
+  dialog.Kind = kind;
+  dialog.FileName.clear();
+  StandOver([&] { TheDisplay.ShowFileDialog(dialog); });
+}
+
 void Settle(CommonDialog& dialog, const std::string& path) {
   dialog.FileName = path.empty() ? path : Existing(path);
   dialog.FileTitle = dialog.FileName.substr(NameStart(dialog.FileName));
@@ -77,14 +83,12 @@ void Settle(CommonDialog& dialog, const std::string& path) {
 }  // namespace
 
 void CommonDialog::ShowOpen() {
-  FileName.clear();
-  StandOver([this] { TheDisplay.ShowOpenDialog(*this); });
+  Show(*this, FileDialogKind::Open);
   Settle(*this, FileName);
 }
 
 void CommonDialog::ShowSave() {
-  FileName.clear();
-  StandOver([this] { TheDisplay.ShowSaveDialog(*this); });
+  Show(*this, FileDialogKind::Save);
   const bool complete = FileName.empty() || EndsAsFiltered(FileName, Filter);
   Settle(*this, complete ? FileName : FileName + DefaultExt);
 }
@@ -106,6 +110,12 @@ std::span<const MessageButton> ButtonsOf(MessageButtons buttons) {
                                             {"&No", MessageAnswer::No}};
   if (buttons == MessageButtons::YesNo) return yesNo;
   return ok;
+}
+
+MessageAnswer AnswerOf(MessageButtons buttons, std::ptrdiff_t pressed) {
+  const std::span<const MessageButton> choices = ButtonsOf(buttons);
+  const bool closed = pressed < 0 || pressed >= std::ssize(choices);
+  return closed ? choices.back().Answer : choices[static_cast<std::size_t>(pressed)].Answer;
 }
 
 void Tell(const std::string& text) { static_cast<void>(ShowBox(text, MessageButtons::Ok)); }

@@ -10,16 +10,26 @@ std::vector<FormView*> Windows;  // from the main window to the topmost dialog
 
 }  // namespace
 
+bool ShownRows::Mirror(const RowControl& list, const Remove& remove, const Set& set) {
+  const std::vector<std::string>& rows = list.AllRows();
+  bool changed = Rows.size() > rows.size();
+  if (changed) remove(list.ListCount());
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    if (row < Rows.size() && Rows[row] == rows[row]) continue;
+    set(static_cast<int>(row), rows[row]);
+    changed = true;
+  }
+  Rows = rows;
+  return changed;
+}
+
 FormView::FormView(Form& form) : Shown(form), Below(Top()) { Windows.push_back(this); }
 
 FormView::~FormView() { std::erase(Windows, this); }
 
 FormView* FormView::Top() { return Windows.empty() ? nullptr : Windows.back(); }
 
-void FormView::AddView(const ControlView& view) {
-  Views.push_back(view);
-  Changed.insert(view.Shown);
-}
+void FormView::AddView(ControlView view) { Views.push_back(std::move(view)); }
 
 void FormView::MirrorEverything() {
   for (const ControlView& view : Views) Changed.insert(view.Shown);
@@ -48,13 +58,12 @@ void ShowChanges() {
   for (FormView* window : Windows) window->MirrorChanges();
 }
 
-Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show) {
+void RunInViews(Form& main, Display display, MakeView make) {
   const auto windowOf = [](const Form& form) {
     const auto at = std::ranges::find(Windows, &form, [](FormView* view) { return &view->Shown; });
     return at == Windows.end() ? nullptr : *at;
   };
-  Display display;
-  display.ShowModal = [show = std::move(show)](Form& form) { show(form)->Run(); };
+  display.ShowModal = [make = std::move(make)](Form& form) { make(form)->Run(); };
   display.Close = [windowOf](Form& form) {
     if (FormView* window = windowOf(form)) window->Close();
   };
@@ -64,7 +73,9 @@ Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show) {
   display.EndProgram = [] {
     for (FormView* window : Windows) window->Close();
   };
-  return display;
+  TheDisplay = std::move(display);
+  main.ShowModal();
+  TheDisplay = {};
 }
 
 }  // namespace corvane

@@ -20,10 +20,10 @@ namespace corvane {
 namespace {
 
 // Shrinks the font until the caption, wrapped if necessary, fits the widget.
-void FitCaption(HWND widget, const Control& control, int dpi) {
-  const SIZE room = SizeOf(widget);
-  const std::wstring caption = TextToWide(control.Caption);
-  SetFontOf(widget, ShrinkToFit(ControlFont(dpi), [&](HFONT font) {
+void FitCaption(const ControlWidget& of, int dpi) {
+  const SIZE room = SizeOf(of.Widget);
+  const std::wstring caption = TextToWide(of.Shown->Caption);
+  SetFontOf(of.Widget, ShrinkToFit(ControlFont(dpi), [&](HFONT font) {
               const SIZE needed = MeasureText(caption, font, room.cx);
               return needed.cx <= room.cx && needed.cy <= room.cy;
             }));
@@ -33,12 +33,11 @@ ControlWidget Make(TextBox& box, HWND parent) { return MakeTextBoxWidget(box, pa
 
 ControlWidget Make(Label& label, HWND parent) {
   constexpr DWORD alignments[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
-  const HWND widget =
-      MakeWidget(label, parent, WC_STATICW, alignments[static_cast<std::size_t>(label.Align)]);
-  return {
-      .Shown = &label, .Widget = widget, .In = Layer::Labels, .SetFont = [&label, widget](int dpi) {
-        FitCaption(widget, label, dpi);
-      }};
+  const DWORD style = alignments[static_cast<std::size_t>(label.Align)];
+  ControlWidget made{&label, MakeWidget(label, parent, WC_STATICW, style)};
+  made.In = Layer::Labels;
+  made.SetFont = FitCaption;
+  return made;
 }
 
 // Paints the frame's ground: a group box leaves that to its parent, which clips its children.
@@ -52,24 +51,21 @@ LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM first, LPARAM second
 }
 
 ControlWidget Make(Frame& frame, HWND parent) {
-  const HWND widget = MakeWidget(frame, parent, WC_BUTTONW, BS_GROUPBOX);
-  SetWindowSubclass(widget, FrameProc, 0, 0);
-  return {.Shown = &frame, .Widget = widget, .In = Layer::Frames, .SetFont = [widget](int dpi) {
-            SetUsualFont(widget, dpi);
-          }};
+  ControlWidget made{&frame, MakeWidget(frame, parent, WC_BUTTONW, BS_GROUPBOX)};
+  SetWindowSubclass(made.Widget, FrameProc, 0, 0);
+  made.In = Layer::Frames;
+  return made;
 }
 
 ControlWidget Make(Button& button, HWND parent) {
   const bool isDefault = button.Owner.EnterButton == &button;  // look only: Enter is a gesture
   const DWORD style = WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
-  const HWND widget = MakeWidget(button, parent, WC_BUTTONW, style);
-  return {.Shown = &button,
-          .Widget = widget,
-          .Notice =
-              [&button](int code) {
-                if (code == BN_CLICKED) Press(button);
-              },
-          .SetFont = [&button, widget](int dpi) { FitCaption(widget, button, dpi); }};
+  ControlWidget made{&button, MakeWidget(button, parent, WC_BUTTONW, style)};
+  made.SetFont = FitCaption;
+  made.Notice = [&button](int code) {
+    if (code == BN_CLICKED) Press(button);
+  };
+  return made;
 }
 
 COMBOBOXINFO PartsOf(HWND combo) {
@@ -81,66 +77,64 @@ COMBOBOXINFO PartsOf(HWND combo) {
 
 // List boxes and combo boxes have the same messages under different numbers.
 struct RowMessages {
-  UINT Count, Length, Text, Delete, Insert, Index, Select, Widen;
+  UINT Count, Delete, Insert, Index, Select, Widen;
   int Bar;  // system metric of the width to add to the rows
 };
-constexpr RowMessages OfListBox = {LB_GETCOUNT,     LB_GETTEXTLEN,          LB_GETTEXT,
-                                   LB_DELETESTRING, LB_INSERTSTRING,        LB_GETCURSEL,
-                                   LB_SETCURSEL,    LB_SETHORIZONTALEXTENT, SM_CXEDGE};
-constexpr RowMessages OfComboBox = {CB_GETCOUNT,     CB_GETLBTEXTLEN,    CB_GETLBTEXT,
-                                    CB_DELETESTRING, CB_INSERTSTRING,    CB_GETCURSEL,
-                                    CB_SETCURSEL,    CB_SETDROPPEDWIDTH, SM_CXVSCROLL};
+constexpr RowMessages OfListBox = {LB_GETCOUNT,  LB_DELETESTRING, LB_INSERTSTRING,
+                                   LB_GETCURSEL, LB_SETCURSEL,    LB_SETHORIZONTALEXTENT,
+                                   SM_CXEDGE};
+constexpr RowMessages OfComboBox = {CB_GETCOUNT,  CB_DELETESTRING,    CB_INSERTSTRING, CB_GETCURSEL,
+                                    CB_SETCURSEL, CB_SETDROPPEDWIDTH, SM_CXVSCROLL};
 
-bool HoldsRow(HWND widget, const RowMessages& of, int row, const std::wstring& text) {
-  if (Send(widget, of.Length, row) != static_cast<LRESULT>(text.size())) return false;
-  std::wstring held = text;
-  Send(widget, of.Text, row, held.data());
-  return held == text;
+LONG WidthOfRows(const RowControl& list, HFONT font) {
+  LONG width = 0;
+  for (const std::string& row : list.AllRows()) {
+    width = std::max(width, MeasureText(TextToWide(row), font).cx);
+  }
+  return width;
 }
 
-void MirrorRows(HWND widget, const RowMessages& of, const RowControl& list) {
-  const HFONT font = FontOf(widget);
-  LONG width = 0;
-  Send(widget, WM_SETREDRAW, FALSE);
-  while (Send(widget, of.Count) > list.ListCount()) Send(widget, of.Delete, list.ListCount());
-  for (int row = 0; row < list.ListCount(); ++row) {
-    const std::wstring text = TextToWide(list.List(row));
-    width = std::max(width, MeasureText(text, font).cx);
-    if (HoldsRow(widget, of, row, text)) continue;
+std::function<void()> RowMirror(HWND widget, const RowMessages& of, const RowControl& list) {
+  const auto remove = [=](int from) {
+    while (Send(widget, of.Count) > from) Send(widget, of.Delete, from);
+  };
+  const auto set = [=](int row, const std::string& text) {
     if (row < Send(widget, of.Count)) Send(widget, of.Delete, row);
-    Send(widget, of.Insert, row, text.c_str());
-  }
-  Send(widget, of.Widen, width + GetSystemMetrics(of.Bar));
-  Send(widget, WM_SETREDRAW, TRUE);
-  if (Send(widget, of.Index) != list.ListIndex()) Send(widget, of.Select, list.ListIndex());
+    Send(widget, of.Insert, row, TextToWide(text).c_str());
+  };
+  return [=, &list, shown = ShownRows()]() mutable {
+    Send(widget, WM_SETREDRAW, FALSE);
+    shown.Mirror(list, remove, set);
+    Send(widget, of.Widen, WidthOfRows(list, FontOf(widget)) + GetSystemMetrics(of.Bar));
+    Send(widget, WM_SETREDRAW, TRUE);
+    if (Send(widget, of.Index) != list.ListIndex()) Send(widget, of.Select, list.ListIndex());
+  };
 }
 
 ControlWidget Make(ListBox& list, HWND parent) {
   const DWORD style = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
   const HWND widget = MakeWidget(list, parent, WC_LISTBOXW, style, WS_EX_CLIENTEDGE);
-  return {.Shown = &list,
-          .Widget = widget,
-          .Mirror = [&list, widget] { MirrorRows(widget, OfListBox, list); },
-          .Notice =
-              [&list, widget](int code) {
-                const auto row = static_cast<int>(Send(widget, LB_GETCURSEL));
-                if (code == LBN_SELCHANGE) PickRow(list, row);
-                if (code == LBN_DBLCLK) DoubleClick(list, row);
-              },
-          .SetFont = [widget](int dpi) { SetUsualFont(widget, dpi); }};
+  ControlWidget made{&list, widget};
+  made.Mirror = RowMirror(widget, OfListBox, list);
+  made.Notice = [&list, widget](int code) {
+    const auto row = static_cast<int>(Send(widget, LB_GETCURSEL));
+    if (code == LBN_SELCHANGE) PickRow(list, row);
+    if (code == LBN_DBLCLK) DoubleClick(list, row);
+  };
+  return made;
 }
 
-constexpr WPARAM Field = static_cast<WPARAM>(-1);  // the field of a combo box, not a row
-
 // The system derives a combo box's height from that of its field plus its own edges.
-void SetComboFont(HWND combo, int dpi, LONG height) {
+void SetComboFont(const ControlWidget& combo, int dpi) {
+  constexpr auto Field = static_cast<WPARAM>(-1);  // the field of a combo box, not a row
+  const LONG height = ToPixels(combo.Shown->At.Height, dpi);
   const HFONT font = ControlFont(dpi);
-  SetFontOf(combo, font);
-  SendMessageW(combo, CB_SETITEMHEIGHT, 0, MetricsOf(font).tmHeight);
+  SetFontOf(combo.Widget, font);
+  SendMessageW(combo.Widget, CB_SETITEMHEIGHT, 0, MetricsOf(font).tmHeight);
   LONG field = height;
   for (int pass = 0; pass < 2; ++pass) {
-    SendMessageW(combo, CB_SETITEMHEIGHT, Field, field);
-    field += height - SizeOf(combo).cy;
+    SendMessageW(combo.Widget, CB_SETITEMHEIGHT, Field, field);
+    field += height - SizeOf(combo.Widget).cy;
   }
 }
 
@@ -189,26 +183,23 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
   const DWORD style =
       CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP;
   const HWND widget = MakeWidget(combo, parent, WC_COMBOBOXW, style);
-  return {.Shown = &combo,
-          .Widget = widget,
-          .Mirror = [&combo, widget] { MirrorRows(widget, OfComboBox, combo); },
-          .Notice =
-              [&combo, widget](int code) {
-                const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
-                // An arrow key in dropped rows is not yet a choice and can be cancelled.
-                if (code == CBN_SELENDOK) PickRow(combo, row);
-                if (code != CBN_CLOSEUP) return;
-                combo.Redraw();
-                ShowChanges();
-              },
-          .DrawRow = [&combo](const DRAWITEMSTRUCT& row) { DrawRow(combo, row); },
-          .SetFont = [&combo, widget](
-                         int dpi) { SetComboFont(widget, dpi, ToPixels(combo.At.Height, dpi)); },
-          .LineTop =
-              [widget] {
-                const RECT field = PartsOf(widget).rcItem;
-                return static_cast<int>(field.top + LetterTop(field, FontOf(widget)));
-              }};
+  ControlWidget made{&combo, widget};
+  made.Mirror = RowMirror(widget, OfComboBox, combo);
+  made.Notice = [&combo, widget](int code) {
+    const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
+    // An arrow key in dropped rows is not yet a choice and can be cancelled.
+    if (code == CBN_SELENDOK) PickRow(combo, row);
+    if (code != CBN_CLOSEUP) return;
+    combo.Redraw();
+    ShowChanges();
+  };
+  made.DrawRow = [&combo](const DRAWITEMSTRUCT& row) { DrawRow(combo, row); };
+  made.SetFont = SetComboFont;
+  made.LineTop = [widget] {
+    const RECT field = PartsOf(widget).rcItem;
+    return static_cast<int>(field.top + LetterTop(field, FontOf(widget)));
+  };
+  return made;
 }
 
 void PlaceWidget(const ControlWidget& widget, int dpi) {
@@ -217,7 +208,7 @@ void PlaceWidget(const ControlWidget& widget, int dpi) {
   MoveWindow(widget.Widget, ToPixels(frame.Left + control.At.Left, dpi),
              ToPixels(frame.Top + control.At.Top, dpi), ToPixels(control.At.Width, dpi),
              ToPixels(control.At.Height, dpi), TRUE);
-  widget.SetFont(dpi);
+  widget.SetFont(widget, dpi);
 }
 
 // Aligns a label's base line with that of its field.
@@ -247,6 +238,10 @@ void ArrangeLayers(std::span<const ControlWidget> widgets) {
 
 }  // namespace
 
+void SetUsualFont(const ControlWidget& widget, int dpi) {
+  SetFontOf(widget.Widget, ControlFont(dpi));
+}
+
 ControlWidget MakeControlWidget(const AnyControl& any, HWND parent) {
   ControlWidget made = std::visit([&](auto* it) { return Make(*it, parent); }, any);
   const Control& control = *made.Shown;
@@ -263,7 +258,6 @@ void ApplyLayout(std::span<const ControlWidget> widgets, int dpi) {
   ArrangeLayers(widgets);
   for (const ControlWidget& widget : widgets) PlaceWidget(widget, dpi);
   for (const ControlWidget& widget : widgets) AlignLabel(widget, widgets, dpi);
-  for (const ControlWidget& widget : widgets) widget.Mirror();
 }
 
 void ReleaseWidget(const ControlWidget& widget) { ForgetAccessibleText(widget.Widget); }

@@ -13,6 +13,9 @@ namespace corvane {
 
 enum class Layer { Front, Labels, Frames };  // from front to back
 
+struct ControlWidget;
+void SetUsualFont(const ControlWidget& widget, int dpi);
+
 struct ControlWidget {
   Control* Shown;
   HWND Widget;
@@ -22,15 +25,14 @@ struct ControlWidget {
   std::function<void(int code)> Notice = [](int) {};  // handles a notification from the widget
   std::function<void(const DRAWITEMSTRUCT&)> DrawRow = [](const DRAWITEMSTRUCT&) {};
   // Sets the font for a resolution; the widget must already have its place.
-  std::function<void(int dpi)> SetFont = [](int) {};
+  void (*SetFont)(const ControlWidget&, int dpi) = SetUsualFont;
   // Pixels from the widget's top to its line of text; 0 if it has no such line.
   std::function<int()> LineTop = [] { return 0; };
 };
 
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, HWND parent);
 
-/// Sets the places of all widgets of a window in pixels, fonts that fit their captions, and their
-/// states.
+/// Sets the places of all widgets of a window in pixels, and fonts that fit their captions.
 void ApplyLayout(std::span<const ControlWidget> widgets, int dpi);
 
 /// Removes a widget's text for screen readers before it is destroyed.

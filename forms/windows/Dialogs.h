@@ -12,7 +12,6 @@ namespace corvane {
 /// A custom box, which scrolls a text too long for the screen. Esc and the close box answer No.
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons);
 
-enum class FileDialogKind { Open, Save };
-void ShowFileDialog(HWND owner, CommonDialog& settings, FileDialogKind kind);
+void ShowFileDialog(HWND owner, CommonDialog& settings);
 
 }  // namespace corvane

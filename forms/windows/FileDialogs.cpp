@@ -46,8 +46,8 @@ void TellFailure(HWND owner, const std::string& failure) {
 
 }  // namespace
 
-void ShowFileDialog(HWND owner, CommonDialog& settings, FileDialogKind kind) {
-  if (const auto system = LoadDialog(kind)) return RunFileDialog(owner, settings, *system);
+void ShowFileDialog(HWND owner, CommonDialog& settings) {
+  if (const auto system = LoadDialog(settings.Kind)) return RunFileDialog(owner, settings, *system);
   TellFailure(owner,
               "comdlg32.dll could not be loaded: system error " + std::to_string(GetLastError()));
 }

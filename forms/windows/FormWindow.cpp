@@ -19,26 +19,14 @@ constexpr UINT Presses[] = {WM_LBUTTONDOWN,   WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,
 
 bool IsHeld(int key) { return GetKeyState(key) < 0; }
 
-Key KeyOf(WPARAM key) {
-  switch (key) {
-    case VK_TAB:
-      return Key::Tab;
-    case VK_RETURN:
-      return Key::Enter;
-    case VK_ESCAPE:
-      return Key::Escape;
-    case VK_BACK:
-      return Key::Backspace;
-    default:
-      return Key::Other;
-  }
-}
+constexpr NativeKey Keys[] = {{VK_TAB, Key::Tab},
+                              {VK_RETURN, Key::Enter},
+                              {VK_ESCAPE, Key::Escape},
+                              {VK_BACK, Key::Backspace}};
 
 KeyStroke StrokeOf(WPARAM key) {
-  const Modifiers with = {
-      .Ctrl = IsHeld(VK_CONTROL), .Shift = IsHeld(VK_SHIFT), .Alt = IsHeld(VK_MENU)};
-  const bool letter = key >= 'A' && key <= 'Z';  // virtual keys of letters are ASCII
-  return letter ? KeyStroke(static_cast<char>(key), with) : KeyStroke(KeyOf(key), with);
+  const Modifiers with = {IsHeld(VK_CONTROL), IsHeld(VK_SHIFT), IsHeld(VK_MENU)};
+  return StrokeOf(static_cast<int>(key), with, Keys);
 }
 
 // Below the last row, where the system would still select that row.
@@ -53,15 +41,6 @@ SIZE ClientSize(const Form& form, int dpi) {
   return {ToPixels(form.ClientWidth, dpi), ToPixels(form.ClientHeight, dpi)};
 }
 
-WINDOWINFO PlacesOf(HWND window) {
-  WINDOWINFO places{};
-  places.cbSize = sizeof places;
-  GetWindowInfo(window, &places);
-  return places;
-}
-
-SIZE SizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
-
 }  // namespace
 
 FormWindow::FormWindow(Form& form)
@@ -73,6 +52,7 @@ FormWindow::FormWindow(Form& form)
   SetClientSize(ClientSize(Shown, Dpi));
   SetFirstPlace();
   ApplyLayout(Widgets, Dpi);
+  MirrorEverything();
 }
 
 FormWindow::~FormWindow() {
@@ -82,8 +62,8 @@ FormWindow::~FormWindow() {
 
 void FormWindow::MakeControls() {
   for (const AnyControl& any : Shown.Controls) {
-    const ControlWidget& made = Widgets.emplace_back(MakeControlWidget(any, Window));
-    AddView({made.Shown, made.Widget, made.Mirror});
+    ControlWidget& made = Widgets.emplace_back(MakeControlWidget(any, Window));
+    AddView({made.Shown, made.Widget, std::move(made.Mirror)});
   }
 }
 
@@ -123,10 +103,9 @@ HMENU FormWindow::MakeMenuBar() {
 
 void FormWindow::SetClientSize(SIZE client) {
   for (int pass = 0; pass < 2; ++pass) {  // a new width may wrap the menu bar differently
-    const WINDOWINFO now = PlacesOf(Window);
-    const SIZE whole = SizeOf(now.rcWindow), inner = SizeOf(now.rcClient);
-    SetWindowPos(Window, nullptr, 0, 0, client.cx + whole.cx - inner.cx,
-                 client.cy + whole.cy - inner.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const SIZE whole = WholeSize(Window, client);
+    SetWindowPos(Window, nullptr, 0, 0, whole.cx, whole.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
 }
 
@@ -163,6 +142,7 @@ void FormWindow::ApplySettings(int dpi, const RECT* place) {
     if (!EqualRect(&now, &before)) MoveOntoScreen(now);
   }
   ApplyLayout(Widgets, Dpi);
+  MirrorEverything();
   RedrawWindow(Window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 

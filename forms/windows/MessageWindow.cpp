@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -25,13 +24,10 @@ void DisableDialogScaling(HWND box) {
   if (set) set(box, All, All);
 }
 
-LONG WidthOf(const RECT& place) { return place.right - place.left; }
-LONG HeightOf(const RECT& place) { return place.bottom - place.top; }
-
 // One box for all messages: the system's cannot scroll, and its questions ignore Esc.
 class MessageWindow {
  public:
-  MessageWindow(std::wstring text, std::span<const MessageButton> choices)
+  MessageWindow(std::wstring text, MessageButtons choices)
       : Text(std::move(text)), Choices(choices) {}
   MessageWindow(const MessageWindow&) = delete;
   MessageWindow& operator=(const MessageWindow&) = delete;
@@ -64,8 +60,8 @@ class MessageWindow {
   static constexpr int TextId = 100, FirstButton = 101;  // must differ from IDCANCEL, which closes
 
   const std::wstring Text;
-  const std::span<const MessageButton> Choices;  // the first one is the default
-  HWND Box = nullptr, View = nullptr;            // the view shows the text
+  const MessageButtons Choices;
+  HWND Box = nullptr, View = nullptr;  // the view shows the text
   std::vector<HWND> Buttons;
   HFONT Font = nullptr;
   TEXTMETRICW Letter{};
@@ -78,10 +74,8 @@ MessageAnswer MessageWindow::Run(HWND owner) {
   } form{};
   form.Window.style = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
   const INT_PTR pressed = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &form.Window, owner,
-                                                  DialogProc, reinterpret_cast<LPARAM>(this)) -
-                          FirstButton;
-  const bool closed = pressed < 0 || pressed >= std::ssize(Choices);
-  return closed ? Choices.back().Answer : Choices[static_cast<std::size_t>(pressed)].Answer;
+                                                  DialogProc, reinterpret_cast<LPARAM>(this));
+  return AnswerOf(Choices, pressed - FirstButton);
 }
 
 INT_PTR CALLBACK MessageWindow::DialogProc(HWND box, UINT message, WPARAM first, LPARAM second) {
@@ -124,7 +118,7 @@ void MessageWindow::OnOpen() {
   SetWindowTextW(Box, TextToWide(ProgramName).c_str());
   SetAccessibleDescription(Box, Text);
   DisableDialogScaling(Box);
-  for (int id = FirstButton; const MessageButton& choice : Choices) {
+  for (int id = FirstButton; const MessageButton& choice : ButtonsOf(Choices)) {
     const DWORD look = Buttons.empty() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
     Buttons.push_back(
         MakeChild(WC_BUTTONW, TextToWide(choice.Caption).c_str(), look | WS_TABSTOP, id++));
@@ -169,8 +163,7 @@ bool MessageWindow::OnKey(HWND child, WPARAM key) const {
 
 // Copies the selection, or the entire text if there is none.
 void MessageWindow::CopyText() const {
-  DWORD start = 0, end = 0;
-  SendMessageW(View, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+  const auto [start, end] = SelectionOf(View);
   if (start == end) SendMessageW(View, EM_SETSEL, 0, -1);
   SendMessageW(View, WM_COPY, 0, 0);
   SendMessageW(View, EM_SETSEL, start, static_cast<LPARAM>(end));
@@ -180,9 +173,7 @@ void MessageWindow::MakeFont(int dpi) {
   const LOGFONTW message = GetSystemFonts(dpi).Message;
   const HFONT before = std::exchange(Font, CreateFontIndirectW(&message));
   Letter = MetricsOf(Font);
-  for (const HWND button : Buttons) {
-    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(Font), TRUE);
-  }
+  for (const HWND button : Buttons) SetFontOf(button, Font);
   if (View) DestroyWindow(std::exchange(View, nullptr));
   DeleteObject(before);
 }
@@ -202,7 +193,7 @@ SIZE MessageWindow::PlaceText(SIZE room) {
   const int edge = Across(2);  // the view keeps part of its width free
   const auto show = [&](DWORD style, int width) {
     View = MakeChild(WC_EDITW, nullptr, style | ES_MULTILINE | ES_READONLY, TextId);
-    SendMessageW(View, WM_SETFONT, reinterpret_cast<WPARAM>(Font), FALSE);
+    SetFontOf(View, Font);
     SetWindowPos(View, HWND_BOTTOM, 0, 0, width, room.cy, SWP_NOACTIVATE);
     SendMessageW(View, EM_SETLIMITTEXT, 0, 0);
     SetWindowTextW(View, Text.c_str());
@@ -220,28 +211,22 @@ SIZE MessageWindow::PlaceText(SIZE room) {
 }
 
 void MessageWindow::PlaceWindow(SIZE client) {
-  RECT place{0, 0, client.cx, client.cy};
-  WINDOWINFO now{};
-  now.cbSize = sizeof now;
-  GetWindowInfo(Box, &now);
-  place.right += WidthOf(now.rcWindow) - WidthOf(now.rcClient);
-  place.bottom += HeightOf(now.rcWindow) - HeightOf(now.rcClient);
+  const SIZE whole = WholeSize(Box, client);
   const HWND owner = GetWindow(Box, GW_OWNER);
-  RECT over = WorkArea(Box);
-  if (owner) GetWindowRect(owner, &over);
-  OffsetRect(&place, (over.left + over.right - place.right) / 2,
-             (over.top + over.bottom - place.bottom) / 2);
+  const RECT over = owner ? PlacesOf(owner).rcWindow : WorkArea(Box);
+  RECT place{0, 0, whole.cx, whole.cy};
+  OffsetRect(&place, (over.left + over.right - whole.cx) / 2,
+             (over.top + over.bottom - whole.cy) / 2);
   const POINT at = OnScreenOf(owner ? owner : Box, place);
-  MoveWindow(Box, at.x, at.y, WidthOf(place), HeightOf(place), TRUE);
+  MoveWindow(Box, at.x, at.y, whole.cx, whole.cy, TRUE);
 }
 
 void MessageWindow::ApplyLayout(int dpi) {
   MakeFont(dpi);
-  const RECT screen = WorkArea(Box);
+  const SIZE screen = SizeOf(WorkArea(Box));
   const SIZE frame{2 * Across(Margin), Down(3 * Margin + ButtonHeight)};
   const int titleBar = Down(2 * ButtonHeight);  // including the window's edges, generously
-  const SIZE text =
-      PlaceText({WidthOf(screen) - 2 * frame.cx, HeightOf(screen) - frame.cy - titleBar});
+  const SIZE text = PlaceText({screen.cx - 2 * frame.cx, screen.cy - frame.cy - titleBar});
   const auto count = static_cast<int>(Buttons.size());
   const int buttons = count * Across(ButtonWidth) + (count - 1) * Across(Gap);
   const int inner = std::max({static_cast<int>(text.cx), buttons, TitleWidth(dpi)});
@@ -259,7 +244,7 @@ void MessageWindow::ApplyLayout(int dpi) {
 }  // namespace
 
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons) {
-  return MessageWindow(TextToWide(WithLineBreaks(text, "\r\n")), ButtonsOf(buttons)).Run(owner);
+  return MessageWindow(TextToWide(WithLineBreaks(text, "\r\n")), buttons).Run(owner);
 }
 
 }  // namespace corvane

@@ -28,18 +28,12 @@ int RunProgram(int /*argc*/, char** /*argv*/, Form& form) {
   SearchSystemFolderOnly();
   InitCommonControls();  // with the look that the manifest requests
   static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-  TheDisplay = ViewsAsDisplay([](Form& shown) { return std::make_unique<FormWindow>(shown); });
-  TheDisplay.ShowMessage = [](const std::string& text, MessageButtons buttons) {
+  Display boxes;
+  boxes.ShowMessage = [](const std::string& text, MessageButtons buttons) {
     return ShowMessageBox(FormWindow::Top(), text, buttons);
   };
-  TheDisplay.ShowOpenDialog = [](CommonDialog& file) {
-    ShowFileDialog(FormWindow::Top(), file, FileDialogKind::Open);
-  };
-  TheDisplay.ShowSaveDialog = [](CommonDialog& file) {
-    ShowFileDialog(FormWindow::Top(), file, FileDialogKind::Save);
-  };
-  form.ShowModal();
-  TheDisplay = {};
+  boxes.ShowFileDialog = [](CommonDialog& file) { ShowFileDialog(FormWindow::Top(), file); };
+  RunInViews(form, boxes, [](Form& shown) { return std::make_unique<FormWindow>(shown); });
   return 0;
 }
 

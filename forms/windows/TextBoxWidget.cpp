@@ -24,17 +24,6 @@ std::wstring ShownBy(const TextBox& box, int max = INT_MAX) {
   return TextToWide(ShownText(box, "\r\n", max));
 }
 
-struct Range {
-  DWORD Start = 0, End = 0;
-};
-
-Range SelectionOf(HWND edit) {
-  Range range;
-  SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&range.Start),
-               reinterpret_cast<LPARAM>(&range.End));
-  return range;
-}
-
 void MirrorText(HWND edit, TextBox& box) {
   const bool differs = TextOf(edit) != ShownBy(box);
   const LRESULT scrolled = box.MultiLine ? Send(edit, EM_GETFIRSTVISIBLELINE) : 0;
@@ -178,14 +167,11 @@ ControlWidget MakeTextBoxWidget(TextBox& box, HWND parent) {
   const HWND edit = MakeWidget(box, parent, WC_EDITW, style | WS_TABSTOP, WS_EX_CLIENTEDGE);
   SetWindowSubclass(edit, EditProc, 0, reinterpret_cast<DWORD_PTR>(&box));
   Send(edit, EM_SETLIMITTEXT);  // no limit: the form limits typing
-  ControlWidget made = {.Shown = &box,
-                        .Widget = edit,
-                        .Mirror = [&box, edit] { MirrorText(edit, box); },
-                        .Notice =
-                            [&box, edit](int code) {
-                              if (code == EN_CHANGE) OnChange(edit, box);
-                            },
-                        .SetFont = [edit](int dpi) { SetUsualFont(edit, dpi); }};
+  ControlWidget made{&box, edit};
+  made.Mirror = [&box, edit] { MirrorText(edit, box); };
+  made.Notice = [&box, edit](int code) {
+    if (code == EN_CHANGE) OnChange(edit, box);
+  };
   if (!box.MultiLine) made.LineTop = [edit] { return LineTopOf(edit); };
   return made;
 }

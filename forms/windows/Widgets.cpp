@@ -19,16 +19,34 @@ HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD 
                          GetModuleHandleW(nullptr), nullptr);
 }
 
-SIZE SizeOf(HWND widget) {
-  RECT place{};
-  GetWindowRect(widget, &place);
-  return {place.right - place.left, place.bottom - place.top};
+SIZE SizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
+
+SIZE SizeOf(HWND widget) { return SizeOf(PlacesOf(widget).rcWindow); }
+
+WINDOWINFO PlacesOf(HWND window) {
+  WINDOWINFO places{};
+  places.cbSize = sizeof places;
+  GetWindowInfo(window, &places);
+  return places;
+}
+
+SIZE WholeSize(HWND window, SIZE client) {
+  const WINDOWINFO now = PlacesOf(window);
+  const SIZE whole = SizeOf(now.rcWindow), inner = SizeOf(now.rcClient);
+  return {client.cx + whole.cx - inner.cx, client.cy + whole.cy - inner.cy};
+}
+
+Range SelectionOf(HWND edit) {
+  Range range;
+  SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&range.Start),
+               reinterpret_cast<LPARAM>(&range.End));
+  return range;
 }
 
 POINT OnScreenOf(HWND other, const RECT& window) {
   const auto place = [](const RECT& at) {
-    return Place{static_cast<int>(at.left), static_cast<int>(at.top),
-                 static_cast<int>(at.right - at.left), static_cast<int>(at.bottom - at.top)};
+    const SIZE size = SizeOf(at);
+    return Place{int{at.left}, int{at.top}, int{size.cx}, int{size.cy}};
   };
   const Place moved = MoveOnto(place(WorkArea(other)), place(window));
   return {moved.Left, moved.Top};
@@ -43,11 +61,8 @@ void SetFontOf(HWND widget, HFONT font) {
     SendMessageW(widget, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-void SetUsualFont(HWND widget, int dpi) { SetFontOf(widget, ControlFont(dpi)); }
-
 RECT PlaceInParent(HWND widget) {
-  RECT place{};
-  GetWindowRect(widget, &place);
+  RECT place = PlacesOf(widget).rcWindow;
   MapWindowPoints(nullptr, GetParent(widget), reinterpret_cast<POINT*>(&place), 2);
   return place;
 }

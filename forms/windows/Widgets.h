@@ -13,14 +13,25 @@ LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = 
 [[nodiscard]] HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
                               DWORD extended = 0);
 
+[[nodiscard]] SIZE SizeOf(const RECT& place);
 [[nodiscard]] SIZE SizeOf(HWND widget);
 [[nodiscard]] RECT PlaceInParent(HWND widget);
+
+/// The places of a window and of its client area on the screen.
+[[nodiscard]] WINDOWINFO PlacesOf(HWND window);
+/// The size of a window, with its frame and menu as they are, around a client area.
+[[nodiscard]] SIZE WholeSize(HWND window, SIZE client);
+
+struct Range {
+  DWORD Start = 0, End = 0;
+};
+/// The selection of an edit control.
+[[nodiscard]] Range SelectionOf(HWND edit);
 
 /// The upper left corner that keeps a window on the screen that shows another one.
 [[nodiscard]] POINT OnScreenOf(HWND other, const RECT& window);
 
 [[nodiscard]] HFONT FontOf(HWND widget);
 void SetFontOf(HWND widget, HFONT font);
-void SetUsualFont(HWND widget, int dpi);
 
 }  // namespace corvane

@@ -28,7 +28,7 @@ struct Session {
       Messages.push_back(text);
       return buttons == MessageButtons::Ok ? MessageAnswer::Ok : Answer;
     };
-    TheDisplay.ShowOpenDialog = TheDisplay.ShowSaveDialog = [this](CommonDialog& dialog) {
+    TheDisplay.ShowFileDialog = [this](CommonDialog& dialog) {
       Asked = dialog;
       dialog.FileName = Choice;
       dialog.FileTitle = std::filesystem::path(Choice).filename().string();

@@ -105,7 +105,7 @@ TEST_F(Blocked, BehindMessageBoxes) {
 }
 
 TEST_F(Blocked, BehindFileDialogs) {
-  TheDisplay.ShowOpenDialog = TheDisplay.ShowSaveDialog = [&](CommonDialog&) { TryEverything(); };
+  TheDisplay.ShowFileDialog = [&](CommonDialog&) { TryEverything(); };
   CommonDialog dialog;
   dialog.ShowOpen();
   dialog.ShowSave();

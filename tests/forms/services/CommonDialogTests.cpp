@@ -12,8 +12,7 @@ struct Dialogs : testing::Test {
   ~Dialogs() override { TheDisplay = {}; }
   // The result of a dialog in which the user chooses a name in the folder.
   CommonDialog Choose(CommonDialog dialog, void (CommonDialog::*show)(), const std::string& name) {
-    TheDisplay.ShowOpenDialog =
-        TheDisplay.ShowSaveDialog = [&](CommonDialog& shown) { shown.FileName = Folder / name; };
+    TheDisplay.ShowFileDialog = [&](CommonDialog& shown) { shown.FileName = Folder / name; };
     (dialog.*show)();
     return dialog;
   }

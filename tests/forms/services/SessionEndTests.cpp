@@ -52,7 +52,7 @@ TEST_F(SessionEnd, WaitsForABoxAndItsAnswerAndForAFileDialog) {
     EXPECT_EQ(Main.Told(), "");
     return MessageAnswer::Yes;
   };
-  TheDisplay.ShowOpenDialog = [](CommonDialog&) { EndSession(); };
+  TheDisplay.ShowFileDialog = [](CommonDialog&) { EndSession(); };
   Dialog.cmdHelp.Click = [this] {
     CommonDialog().ShowOpen();
     Main.Log += Ask("Save?") ? "saved " : "no ";
@@ -80,7 +80,7 @@ TEST_F(SessionEnd, LeavesRunningHandlersNothingToShow) {
     ADD_FAILURE() << text;
     return MessageAnswer::Yes;
   };
-  TheDisplay.ShowOpenDialog = [](CommonDialog&) { ADD_FAILURE(); };
+  TheDisplay.ShowFileDialog = [](CommonDialog&) { ADD_FAILURE(); };
   TheDisplay.ShowModal = [](Form&) { ADD_FAILURE(); };
   EndProgram();
   Tell("late");

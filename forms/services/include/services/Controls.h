@@ -86,6 +86,7 @@ struct RowControl : Control {
   /// Inserts a row before row `ahead`, ignoring Order; clamps `ahead` to the list. Keeps the
   /// selection.
   void InsertItem(int ahead, std::string_view text);
+  [[nodiscard]] const std::vector<std::string>& AllRows() const { return Rows; }
   [[nodiscard]] int ListCount() const { return static_cast<int>(Rows.size()); }
   [[nodiscard]] const std::string& List(int row) const;  // empty for an invalid row
   void SetList(int row, std::string_view text);          // in place, without raising Click

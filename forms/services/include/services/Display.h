@@ -3,6 +3,7 @@
 // display arrives as gestures.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
@@ -22,16 +23,21 @@ struct MessageButton {
   MessageAnswer Answer;
 };
 
-/// The buttons of a box from left to right. The first is the default button; closing the box
-/// without a button gives the answer of the last.
+/// The buttons of a box from left to right. The first is the default button.
 [[nodiscard]] std::span<const MessageButton> ButtonsOf(MessageButtons buttons);
+/// The answer of the button with this index. Any other index, for a box closed without a button,
+/// gives the answer of the last.
+[[nodiscard]] MessageAnswer AnswerOf(MessageButtons buttons, std::ptrdiff_t pressed);
 
 // Values of CommonDialog::Flags.
 inline constexpr int FileMustExist = 4096;
 inline constexpr int PathMustExist = 2048;
 
+enum class FileDialogKind { Open, Save };
+
 /// Settings and result of an open or save dialog.
 struct CommonDialog {
+  FileDialogKind Kind = FileDialogKind::Open;  // set by ShowOpen and ShowSave
   int Flags = 0;
   std::string DefaultExt = {};  // including the dot
   std::string Filter = {};      // description and pattern pairs, separated by '|'
@@ -57,8 +63,7 @@ struct Display {
   std::function<void(Control&)> Redraw = [](Control&) {};  // the control's state has changed
   std::function<MessageAnswer(const std::string&, MessageButtons)> ShowMessage =
       [](const std::string&, MessageButtons) { return MessageAnswer::No; };
-  std::function<void(CommonDialog&)> ShowOpenDialog = [](CommonDialog&) {};
-  std::function<void(CommonDialog&)> ShowSaveDialog = [](CommonDialog&) {};
+  std::function<void(CommonDialog&)> ShowFileDialog = [](CommonDialog&) {};
   std::function<void()> EndProgram = [] {};  // closes all windows at once
 
   bool HasEnded = false;  // running handlers can open no more windows, boxes or dialogs

@@ -13,12 +13,28 @@
 
 namespace corvane {
 
+/// The rows that a widget shows, to find those that must change.
+class ShownRows {
+ public:
+  using Remove = std::function<void(int from)>;  // removes all rows from this one on
+  using Set = std::function<void(int row, const std::string& text)>;  // may append a row
+
+  /// Makes the rows those of a list and leaves equal rows untouched. True if any changed.
+  bool Mirror(const RowControl& list, const Remove& remove, const Set& set);
+
+ private:
+  std::vector<std::string> Rows;
+};
+
 /// A control and the widget that shows it.
 struct ControlView {
   Control* Shown;
   void* Widget;                  // owned by the display; only compared
   std::function<void()> Mirror;  // shows the control's state; leaves what matches untouched
 };
+
+class FormView;
+using MakeView = std::function<std::unique_ptr<FormView>(Form&)>;
 
 class FormView {
  public:
@@ -36,7 +52,7 @@ class FormView {
   /// Moves the native focus to a widget, or to none (nullptr), as in the form.
   virtual void MirrorFocus(void* widget) = 0;
 
-  void AddView(const ControlView& view);
+  void AddView(ControlView view);
   void MirrorEverything();                                     // e.g. when all widgets are new
   [[nodiscard]] void* WidgetOf(const Control* control) const;  // or nullptr
   [[nodiscard]] Control* ControlOf(const void* widget) const;  // or nullptr
@@ -45,7 +61,7 @@ class FormView {
   FormView* const Below;  // the next window down; nullptr for the main window
 
  private:
-  friend Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show);
+  friend void RunInViews(Form& main, Display display, MakeView make);
   friend void ShowChanges();
   void MirrorChanges();
 
@@ -56,7 +72,8 @@ class FormView {
 /// Updates all windows. Runs at the end of every gesture and before a box, dialog or window opens.
 void ShowChanges();
 
-/// A display that shows forms in these views. The caller fills in the boxes and dialogs.
-[[nodiscard]] Display ViewsAsDisplay(std::function<std::unique_ptr<FormView>(Form&)> show);
+/// Runs the program: shows the main form and those that it opens in these views. Returns when the
+/// main form is unloaded or the program ends. `display` contributes the boxes and dialogs.
+void RunInViews(Form& main, Display display, MakeView make);
 
 }  // namespace corvane

@@ -1,6 +1,9 @@
 // Key strokes as a display reports them.
 #pragma once
 
+#include <algorithm>
+#include <span>
+
 namespace corvane {
 
 enum class Key { Other, Letter, Tab, Enter, Escape, Backspace };
@@ -18,5 +21,18 @@ struct KeyStroke {
   char Letter = '\0';  // of Key::Letter: A to Z, in either case
   Modifiers With;
 };
+
+/// A key by the number that a display gives it.
+struct NativeKey {
+  int Code;
+  Key Means;
+};
+
+/// The stroke of a native key. The numbers of letters are those of 'A' to 'Z' on every display.
+[[nodiscard]] inline KeyStroke StrokeOf(int code, Modifiers with, std::span<const NativeKey> keys) {
+  if (code >= 'A' && code <= 'Z') return {static_cast<char>(code), with};
+  const auto known = std::ranges::find(keys, code, &NativeKey::Code);
+  return {known == keys.end() ? Key::Other : known->Means, with};
+}
 
 }  // namespace corvane
