@@ -16,8 +16,8 @@ std::error_code CheckOrdinary(const FileStatus& found) {
   return found.Type == FileType::Ordinary ? std::error_code() : FileError::NotOrdinary;
 }
 
-/// One save. From the first changed byte to the end of the undo nothing is allocated, so that the
-/// undo cannot fail for want of memory.
+/// One save. Allocates nothing from the first changed byte to the end of the undo, so the undo
+/// cannot fail for lack of memory.
 class Save {
  public:
   Save(const std::string& path, std::span<const WriteRange> ranges) : Path(path), Ranges(ranges) {}
@@ -29,16 +29,16 @@ class Save {
  private:
   std::error_code Open(IfMissing ifMissing);
   std::error_code Create(std::error_code missing);
-  std::error_code LookAtFile();
-  std::error_code RememberOld();
-  std::error_code CheckPlace();
+  std::error_code CheckFile();
+  std::error_code ReadOldBytes();
+  std::error_code CheckPath();
   [[nodiscard]] FileState UndoCreate();
   [[nodiscard]] FileState UndoChange();
-  std::error_code OpenAgain();
-  std::error_code PutBack();
-  std::error_code PutBackLength();
-  std::error_code PutBackRange(std::size_t range);
-  std::error_code ReadNow(std::size_t range, std::span<const std::byte>& now);
+  std::error_code Reopen();
+  std::error_code Restore();
+  std::error_code RestoreLength();
+  std::error_code RestoreRange(std::size_t range);
+  std::error_code ReadCurrent(std::size_t range, std::span<const std::byte>& current);
   [[nodiscard]] FileState Compare();
 
   const std::string& Path;
@@ -46,9 +46,9 @@ class Save {
   RawFile File;
   bool Created = false;
   bool Attempted = false;  // a byte may have changed
-  bool PutAnyBack = false;
+  bool Restored = false;   // the undo has written
   bool FlushFailed = false;
-  bool Gone = false;                             // when its place was checked
+  bool Gone = false;                             // the path named no file after the save
   FileState Unopened = FileState::Untouched;     // the state of a file that could not be opened
   FileStatus Old;                                // of type None until it is known
   std::vector<std::vector<std::byte>> OldBytes;  // of each range, as far as the file reached
@@ -57,8 +57,8 @@ class Save {
 
 std::error_code Save::Prepare(IfMissing ifMissing) {
   if (std::error_code error = Open(ifMissing)) return error;
-  if (std::error_code error = LookAtFile()) return error;
-  return RememberOld();
+  if (std::error_code error = CheckFile()) return error;
+  return ReadOldBytes();
 }
 
 std::error_code Save::Open(IfMissing ifMissing) {
@@ -78,15 +78,15 @@ std::error_code Save::Create(std::error_code missing) {
     return {};
   }
   FileStatus there;
-  const std::error_code untold = File.PathStatus(there);
-  const bool absent = !untold && there.Type == FileType::None;
+  const std::error_code unknown = File.PathStatus(there);
+  const bool absent = !unknown && there.Type == FileType::None;
   const bool exists = error == std::errc::file_exists;
   Unopened = exists ? FileState::Unchanged : FileState::Unknown;
   if (absent) Unopened = FileState::NotCreated;
-  return exists && absent ? missing : error;  // a link that leads nowhere exists by itself
+  return exists && absent ? missing : error;  // the path is a dangling link
 }
 
-std::error_code Save::LookAtFile() {
+std::error_code Save::CheckFile() {
   FileStatus found;
   if (std::error_code error = File.Status(found)) return error;
   if (std::error_code error = CheckOrdinary(found)) return error;
@@ -94,7 +94,7 @@ std::error_code Save::LookAtFile() {
   return {};
 }
 
-std::error_code Save::RememberOld() {
+std::error_code Save::ReadOldBytes() {
   for (const WriteRange& range : Ranges) {
     std::vector<std::byte> old(range.Bytes.size());
     std::size_t read = 0;
@@ -119,12 +119,12 @@ std::error_code Save::Replace() {
     FlushFailed = true;
     return error;
   }
-  if (std::error_code error = CheckPlace()) return error;
+  if (std::error_code error = CheckPath()) return error;
   return File.Close();
 }
 
 // Fails unless the path still names the file that was written.
-std::error_code Save::CheckPlace() {
+std::error_code Save::CheckPath() {
   FileStatus there;
   if (std::error_code error = File.PathStatus(there)) return error;
   Gone = there.Type == FileType::None;
@@ -141,7 +141,7 @@ FileState Save::Undo() {
     state = UndoChange();  // the file may have another name
     if (Gone && !IsTorn(state)) state = FileState::Gone;
   }
-  if (File.IsOpen()) static_cast<void>(File.Close());  // holds what it held before this
+  if (File.IsOpen()) static_cast<void>(File.Close());  // no longer affects the contents
   return state;
 }
 
@@ -149,7 +149,7 @@ FileState Save::UndoCreate() {
   if (File.IsOpen()) static_cast<void>(File.Close());  // the file is removed even if this fails
   FileStatus there;
   if (Old.Type != FileType::None) {
-    // A file that another program has put there must not be removed.
+    // Must not remove a file that another program has put there.
     if (File.PathStatus(there)) return FileState::Unknown;
     if (there.Type == FileType::None) return FileState::Removed;
     if (there.Identity != Old.Identity) return FileState::Unchanged;
@@ -160,64 +160,64 @@ FileState Save::UndoCreate() {
 }
 
 FileState Save::UndoChange() {
-  if (!File.IsOpen() && OpenAgain()) return FileState::Unknown;
-  const std::error_code failed = PutBack();
+  if (!File.IsOpen() && Reopen()) return FileState::Unknown;
+  const std::error_code failed = Restore();
   if (failed) {
     const FileState state = Compare();
     if (state != FileState::Unchanged) return state;
   }
-  // After a failed flush, a second one may falsely succeed, so it proves nothing.
+  // After a failed flush, another one may succeed although data was lost.
   if (FlushFailed) return FileState::Unconfirmed;
-  if (!PutAnyBack) return FileState::Unchanged;
+  if (!Restored) return FileState::Unchanged;
   return File.Flush() || File.Close() ? FileState::Unconfirmed : FileState::Unchanged;
 }
 
-std::error_code Save::OpenAgain() {
+std::error_code Save::Reopen() {
   if (std::error_code error = File.Reopen(OpenMode::Change)) return error;
-  PutAnyBack = true;  // the failed close may have lost written bytes
+  Restored = true;  // the failed close may have lost written bytes
   FileStatus found;
   if (std::error_code error = File.Status(found)) return error;
   return found.Identity == Old.Identity ? std::error_code() : FileError::Replaced;
 }
 
 // Continues after a failure, to restore as much of the old file as possible.
-std::error_code Save::PutBack() {
-  std::error_code failed = PutBackLength();
+std::error_code Save::Restore() {
+  std::error_code failed = RestoreLength();
   for (std::size_t range = 0; range < Ranges.size(); ++range) {
-    if (std::error_code error = PutBackRange(range)) failed = error;
+    if (std::error_code error = RestoreRange(range)) failed = error;
   }
   return failed;
 }
 
-std::error_code Save::PutBackLength() {
+std::error_code Save::RestoreLength() {
   FileStatus now;
   if (std::error_code error = File.Status(now)) return error;
   if (now.Length <= Old.Length) return {};
-  PutAnyBack = true;
+  Restored = true;
   return File.SetLength(Old.Length);
 }
 
 // Reads the bytes of a range up to the end of the old file.
-std::error_code Save::ReadNow(std::size_t range, std::span<const std::byte>& now) {
+std::error_code Save::ReadCurrent(std::size_t range, std::span<const std::byte>& current) {
   const auto bytes = std::span(Buffer).first(OldBytes[range].size());
   std::size_t read = 0;
   if (std::error_code error = File.ReadAt(Ranges[range].Offset, bytes, read)) return error;
-  now = bytes.first(read);
+  current = bytes.first(read);
   return {};
 }
 
 // Writes only the differing bytes: a write that failed in the save would probably fail again.
-std::error_code Save::PutBackRange(std::size_t range) {
+std::error_code Save::RestoreRange(std::size_t range) {
   const std::vector<std::byte>& old = OldBytes[range];
-  std::span<const std::byte> now;
-  if (std::error_code error = ReadNow(range, now)) return error;
-  const auto first = std::ranges::mismatch(old, now).in1;
+  std::span<const std::byte> current;
+  if (std::error_code error = ReadCurrent(range, current)) return error;
+  const auto first = std::ranges::mismatch(old, current).in1;
   if (first == old.end()) return {};
   auto last = old.end();
-  if (now.size() == old.size()) {
-    while (*(last - 1) == now[static_cast<std::size_t>(last - 1 - old.begin())]) --last;
+  if (current.size() == old.size()) {
+    while (*(last - 1) == current[static_cast<std::size_t>(last - 1 - old.begin())]) --last;
   }
-  PutAnyBack = true;
+  Restored = true;
   const auto start = static_cast<std::size_t>(first - old.begin());
   return File.WriteAt(Ranges[range].Offset + start, std::span(first, last));
 }
@@ -228,7 +228,7 @@ FileState Save::Compare() {
   if (now.Length != Old.Length) return FileState::Damaged;
   for (std::size_t range = 0; range < Ranges.size(); ++range) {
     std::span<const std::byte> bytes;
-    if (ReadNow(range, bytes)) return FileState::Unknown;
+    if (ReadCurrent(range, bytes)) return FileState::Unknown;
     if (!std::ranges::equal(bytes, OldBytes[range])) return FileState::Damaged;
   }
   return FileState::Unchanged;

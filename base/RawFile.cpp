@@ -1,5 +1,5 @@
-// What RawFile does on every system: refuse offsets that a signed 64-bit number cannot hold, and
-// carry on after short transfers.
+// What RawFile does on every system: refuses offsets that a signed 64-bit number cannot hold, and
+// continues after short transfers.
 #include "base/RawFile.h"
 
 #include <limits>
@@ -57,7 +57,7 @@ std::error_code RawFile::WriteAt(std::uint64_t offset, std::span<const std::byte
     std::size_t step = 0;
     if (const auto error = SystemWrite(Handle, offset + written, bytes.subspan(written), step))
       return error;
-    // Without this, a write that moves nothing and reports no error would loop endlessly.
+    // A write that moves nothing and reports no error would loop forever.
     if (step == 0) return std::make_error_code(std::errc::io_error);
     written += step;
   }

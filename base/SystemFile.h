@@ -1,5 +1,5 @@
 // Single file operations of the system. RawFile builds on them and adds what all systems share:
-// loops over short transfers and range checks. The tests inject faults into these operations.
+// range checks and loops over short transfers. The tests inject faults into these operations.
 #pragma once
 
 #include <cstddef>

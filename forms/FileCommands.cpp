@@ -24,7 +24,7 @@ bool TablesAreSound() {
 
 void Save(const std::string& path, FileKind kind) {
   const auto save = [&](OthersChanges others) { return SaveTables(path, kind, others); };
-  if (SaveAndTell(path, save)) TablesDirty = false;
+  if (SaveAndReport(path, save)) TablesDirty = false;
 }
 
 }  // namespace

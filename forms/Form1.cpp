@@ -68,7 +68,7 @@ void Form1::WireMenu() {
 }
 
 void Form1::ShowCatalogue() {
-  const std::string complaint = CatalogueMessage(LoadMapCatalogue());
+  const std::string message = CatalogueMessage(LoadMapCatalogue());
   lstConnections.Clear();
   lstMaps.Clear();
   ShowMapRows();
@@ -80,7 +80,7 @@ void Form1::ShowCatalogue() {
   } else {
     ShowNoMap();
   }
-  if (!complaint.empty()) Tell(complaint);
+  if (!message.empty()) Tell(message);
 }
 
 // Updates rows in place to keep the selection. Appends new rows regardless of the list's order,

@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-bool SaveAndTell(const std::string& path, const std::function<Result<>(OthersChanges)>& save) {
+bool SaveAndReport(const std::string& path, const std::function<Result<>(OthersChanges)>& save) {
   auto saved = save(OthersChanges::Keep);
   if (!saved.Done() && saved.Error().Reason == FileError::ChangedByAnother) {
     if (!Ask("The file " + path +

@@ -10,7 +10,7 @@ namespace corvane {
 
 /// Runs `save` for the file at `path`. If another program has changed the file, asks, and on Yes
 /// overwrites those changes. True if the file was saved. Shows any failure to the user.
-[[nodiscard]] bool SaveAndTell(const std::string& path,
-                               const std::function<Result<>(OthersChanges)>& save);
+[[nodiscard]] bool SaveAndReport(const std::string& path,
+                                 const std::function<Result<>(OthersChanges)>& save);
 
 }  // namespace corvane

@@ -152,15 +152,15 @@ void dlgEditBTD::OKButton_Click() {
   if (!path.Done()) return Tell("Error: " + FailureMessage(path.Error()));
   if (BtdExists(*path) && !Ask("Replace existing " + *path + "?")) return;
   const BtdText text = TextOfBoxes();
-  const bool isTheOneRead = AsRead && IsSameFile(*path, ReadPath);
+  const bool isReadFile = AsRead && IsSameFile(*path, ReadPath);
   const auto save = [&](OthersChanges others) {
-    const BtdFile* known = isTheOneRead && others == OthersChanges::Keep ? &*AsRead : nullptr;
+    const BtdFile* known = isReadFile && others == OthersChanges::Keep ? &*AsRead : nullptr;
     auto saved = WriteBtd(*path, static_cast<std::uint8_t>(Map), VLTable, text, known);
     // After a torn save, differences from the file as read are this program's own.
-    if (isTheOneRead && !saved.Done() && IsTorn(saved.Error().State)) AsRead.reset();
+    if (isReadFile && !saved.Done() && IsTorn(saved.Error().State)) AsRead.reset();
     return saved;
   };
-  if (!SaveAndTell(*path, save)) return;
+  if (!SaveAndReport(*path, save)) return;
   VLText = text;
   SetDestinations(Map, VLTable);
   Unload();
@@ -174,7 +174,7 @@ BtdText dlgEditBTD::TextOfBoxes() const {
   return text;
 }
 
-// The close box drops edits by intent; the end of a session may come unintended.
+// Closing the dialog discards edits on purpose; a session may end by accident.
 bool dlgEditBTD::Form_QueryEndSession() const {
   const bool edited = VLTable != OpenedVLs || TextOfBoxes() != OpenedText ||
                       txtVLX.Text() != std::to_string(SelectedVL().TileX) ||  // being typed

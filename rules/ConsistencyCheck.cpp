@@ -25,7 +25,7 @@ void Add(std::string& text, std::int32_t number) {
   text.append(digits, std::to_chars(digits, std::end(digits), number).ptr);
 }
 
-/// Where the findings go. Their places are kept only for those who ask.
+/// Collects the findings, and their places only if `Lines` is set.
 struct Report {
   std::string Text{};
   std::vector<Finding>* Lines = nullptr;
@@ -64,7 +64,7 @@ bool HasExitTo(int map, int destination) {
   return false;
 }
 
-// A destination that names no map slot reads as a connection that is missing.
+// A destination that names no map slot reads as a missing connection.
 void CheckExit(Report& report, int map, int vl) {
   const std::int32_t to = VLDest(map, vl);
   if (to == OffMap || to == NotAnExit) return;
@@ -116,7 +116,7 @@ std::string CheckTables() {
   return std::move(report.Text);
 }
 
-Findings CheckPlaces() {
+Findings LocateFindings() {
   Findings findings;
   Report report{.Lines = &findings.Lines};
   Check(report);

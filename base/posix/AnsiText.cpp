@@ -1,4 +1,4 @@
-// Windows-1252, which replaces the ANSI code page where the system has none.
+// Windows-1252, which stands in for the ANSI code page where the system has none.
 #include "base/AnsiText.h"
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 namespace corvane {
 namespace {
 
-// Every other byte maps to the character of its own number, and so do the five bytes of this range
-// that the code page leaves undefined: 81 8D 8F 90 9D.
+// Bytes outside this range map to the character of the same number, as do the five bytes that the
+// code page leaves undefined: 81 8D 8F 90 9D.
 constexpr unsigned RangeFirst = 0x80;
 constexpr char32_t Range[] = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80

@@ -1,6 +1,6 @@
-// Folders through the calls of Linux. No file is hidden or a system file here: a dot is no mark.
+// Folders through Linux system calls. No file counts as hidden or as a system file, whatever its
+// name begins with.
 #include "base/FolderScan.h"
-#include "base/LetterCase.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <climits>
 
+#include "base/LetterCase.h"
 #include "posix/Utf8.h"
 
 namespace corvane {
@@ -17,8 +18,8 @@ namespace {
 
 std::error_code LastError() { return {errno, std::system_category()}; }
 
-/// The entries of a folder, fetched a few at a time. The C library would fetch a thousand from a
-/// large folder before it gives the first, and a file system may have to sort them all.
+/// The entries of a folder, read in small batches. The C library would read a thousand entries of a
+/// large folder before it returns the first, and the file system may have to sort them all.
 class Folder {
  public:
   explicit Folder(const std::string& path)
@@ -31,7 +32,7 @@ class Folder {
 
   [[nodiscard]] bool IsOpen() const { return Descriptor >= 0; }
 
-  /// Nothing behind the last entry, or with an error.
+  /// The next entry; null at the end, or if `error` is set.
   const dirent64* Next(std::error_code& error) {
     if (Fetched == 0) {
       ssize_t got = 0;
@@ -62,7 +63,7 @@ class Folder {
   std::size_t Fetched = 0;  // bytes from At on
 };
 
-bool IsThere(const std::string& path) {
+bool PathExists(const std::string& path) {
   struct stat status {};
   return ::lstat(path.c_str(), &status) == 0;
 }
@@ -111,8 +112,9 @@ std::error_code ScanFolder(const std::string& folder, std::string_view extension
 
 std::string NameInFolder(const std::string& folder, const std::string& name,
                          const std::string& preferred) {
-  if (IsThere(JoinPath(folder, name))) return name;
-  if (EqualIgnoringCase(preferred, name) && IsThere(JoinPath(folder, preferred))) return preferred;
+  if (PathExists(JoinPath(folder, name))) return name;
+  if (EqualIgnoringCase(preferred, name) && PathExists(JoinPath(folder, preferred)))
+    return preferred;
   const std::string match = FirstMatch(JoinPath(folder, ""), name);
   return match.empty() ? name : match;
 }

@@ -17,8 +17,8 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint64_t MaxRegistrySize = std::uint64_t{16}
-                                          << 20;  // bytes; real ones have a few MB
+// In bytes. Real registry files have a few megabytes.
+constexpr std::uint64_t MaxRegistrySize = std::uint64_t{16} << 20;
 
 std::string HomeFolder() {
   const char* home = std::getenv("HOME");
@@ -50,9 +50,9 @@ bool IsLetter(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-/// Converts a Windows path with a drive to a path of this system. Folders that exist are matched
-/// case-insensitively. Keeps repeated separators, and a text without a drive.
-std::string FolderOfThisSystem(const std::string& prefix, std::string_view path) {
+/// Converts a Windows path with a drive to a path of this system, matching existing folders
+/// case-insensitively. Keeps repeated separators. Returns a path without a drive unchanged.
+std::string ToNativeFolder(const std::string& prefix, std::string_view path) {
   if (path.size() < 2 || !IsLetter(path[0]) || path[1] != ':') return std::string(path);
   std::string folder = prefix + "/dosdevices";
   std::string name = {static_cast<char>(path[0] | 0x20), ':'};
@@ -76,7 +76,7 @@ std::optional<std::string> ReadRegistryFolder(const std::string& key, const std:
     const auto value = FindRegistryValue(registry, view, name);
     if (!value) continue;
     if (TextToAnsi(*value).size() > limit) return std::nullopt;
-    return FolderOfThisSystem(prefix, std::string_view(*value).substr(0, value->find('\0')));
+    return ToNativeFolder(prefix, std::string_view(*value).substr(0, value->find('\0')));
   }
   return std::nullopt;
 }

@@ -1,4 +1,5 @@
-// Signals are kept by a handler and raised again, since a mask would hold for one thread only.
+// A handler records the signals, and they are raised again later: a signal mask would cover only
+// one thread.
 #include "base/Signals.h"
 
 #include <csignal>
@@ -16,23 +17,23 @@ struct sigaction OldActions[EndSignalCount];
 struct sigaction OldFileSizeAction;
 int Guards = 0;
 
-void Keep(int signal) {
+void Record(int signal) {
   for (std::size_t i = 0; i < EndSignalCount; ++i) {
     if (EndSignals[i] == signal) Arrived[i] = 1;
   }
 }
 
 void HoldBack(std::size_t i) {
-  struct sigaction keep {};
-  keep.sa_handler = Keep;
-  keep.sa_flags = SA_RESTART;
-  ::sigemptyset(&keep.sa_mask);
+  struct sigaction record {};
+  record.sa_handler = Record;
+  record.sa_flags = SA_RESTART;
+  ::sigemptyset(&record.sa_mask);
   Arrived[i] = 0;
   ::sigaction(EndSignals[i], nullptr, &OldActions[i]);
-  if (OldActions[i].sa_handler != SIG_IGN) ::sigaction(EndSignals[i], &keep, nullptr);
+  if (OldActions[i].sa_handler != SIG_IGN) ::sigaction(EndSignals[i], &record, nullptr);
 }
 
-void LetGo(std::size_t i) {
+void Release(std::size_t i) {
   ::sigaction(EndSignals[i], &OldActions[i], nullptr);
   if (Arrived[i] != 0) ::raise(EndSignals[i]);
 }
@@ -57,7 +58,7 @@ EndSignalGuard::EndSignalGuard() {
 EndSignalGuard::~EndSignalGuard() {
   if (--Guards > 0) return;
   ::sigaction(SIGXFSZ, &OldFileSizeAction, nullptr);
-  for (std::size_t i = 0; i < EndSignalCount; ++i) LetGo(i);
+  for (std::size_t i = 0; i < EndSignalCount; ++i) Release(i);
 }
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// Single steps on a file through POSIX calls. A call that a signal broke off is made again, but
-// for the flush and the close: a second try of these can succeed although the data is lost.
+// Single file operations through POSIX calls. Interrupted calls are repeated, except flush and
+// close, where a second call can succeed although data was lost.
 #include "SystemFile.h"
 
 #include <fcntl.h>
@@ -11,7 +11,7 @@
 namespace corvane {
 namespace {
 
-static_assert(sizeof(off_t) == sizeof(std::int64_t), "offsets have to reach beyond 2 GB");
+static_assert(sizeof(off_t) == sizeof(std::int64_t), "offsets must reach beyond 2 GB");
 
 std::error_code LastError() { return {errno, std::system_category()}; }
 
@@ -31,7 +31,7 @@ std::error_code MovedOrError(ssize_t result, std::size_t& moved) {
 }
 
 int FlagsFor(OpenMode mode) {
-  // Without O_NONBLOCK the open of a pipe waits for its other end.
+  // Without O_NONBLOCK, opening a pipe waits for its other end.
   constexpr int Always = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
   switch (mode) {
     case OpenMode::Read:
@@ -66,9 +66,9 @@ FileStatus StatusOf(const struct stat& found) {
 NativePath ToNativePath(const std::string& path) { return path; }
 
 std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& handle) {
-  constexpr mode_t LeaveToMask = 0666;
+  constexpr mode_t Permissions = 0666;  // the umask reduces them
   const int descriptor =
-      Uninterrupted([&] { return ::open(path.c_str(), FlagsFor(mode), LeaveToMask); });
+      Uninterrupted([&] { return ::open(path.c_str(), FlagsFor(mode), Permissions); });
   if (descriptor < 0) return LastError();
   handle = descriptor;
   return {};

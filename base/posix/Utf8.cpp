@@ -5,13 +5,13 @@
 namespace corvane {
 namespace {
 
-// The value to compare: the capital of a character or, for a byte that is not UTF-8, a number that
-// no character has.
-char32_t TakeMatch(std::string_view& text) {
-  constexpr char32_t BehindCharacters = 0x110000;
+// Removes the first character and returns the value to compare: its capital or, for a byte that is
+// not UTF-8, a number above all characters.
+char32_t TakeUpper(std::string_view& text) {
+  constexpr char32_t AboveCharacters = 0x110000;
   const auto byte = static_cast<unsigned char>(text.front());
   const char32_t character = TakeCharacter(text);
-  if (character == NotUtf8) return BehindCharacters + byte;
+  if (character == NotUtf8) return AboveCharacters + byte;
   return static_cast<char32_t>(::utf8proc_toupper(static_cast<utf8proc_int32_t>(character)));
 }
 
@@ -34,7 +34,7 @@ void AppendUtf8(char32_t character, std::string& text) {
 
 bool EqualIgnoringCase(std::string_view left, std::string_view right) {
   while (!left.empty() && !right.empty()) {
-    if (TakeMatch(left) != TakeMatch(right)) return false;
+    if (TakeUpper(left) != TakeUpper(right)) return false;
   }
   return left.empty() && right.empty();
 }

@@ -79,8 +79,8 @@ char32_t TakeRawCharacter(std::string_view& text) {
   return character == NotUtf8 ? U'?' : character;
 }
 
-/// The part of an escape after its backslash: digits, a letter with a meaning, or any other
-/// character, which means itself.
+/// The part of an escape after its backslash: digits, a letter with a special meaning, or any other
+/// character, which stands for itself.
 char32_t TakeEscape(std::string_view& text) {
   constexpr std::string_view Letters = "abefnrtv";
   constexpr std::string_view Meanings = "\a\b\033\f\n\r\t\v";
@@ -149,10 +149,10 @@ std::string TextOfBytes(std::uint32_t type, const std::string& bytes) {
   return TextOfUnits(units);
 }
 
-/// The number in "(2):"; `without` if there is only a colon.
-std::optional<std::uint32_t> TakeType(std::string_view& line, std::uint32_t without) {
+/// The number in "(2):"; `otherwise` if there is only a colon.
+std::optional<std::uint32_t> TakeType(std::string_view& line, std::uint32_t otherwise) {
   const bool given = Take(line, "(");
-  const auto type = given ? TakeNumber(line, 16, 8) : without;
+  const auto type = given ? TakeNumber(line, 16, 8) : otherwise;
   return Take(line, given ? "):" : ":") ? type : std::nullopt;
 }
 

@@ -1,4 +1,4 @@
-// The system's ANSI code page, without best-fit mapping, which replaces letters by look-alikes.
+// The system's ANSI code page, without best-fit mapping, which replaces letters with look-alikes.
 #include "base/AnsiText.h"
 
 #include <windows.h>

@@ -1,7 +1,6 @@
-// Folders through the Windows API. Lists with the wildcard "*" only, since others match the short
-// names, too.
+// Folders through the Windows API. Lists with the wildcard "*" only, since other wildcards also
+// match short names (8.3).
 #include "base/FolderScan.h"
-#include "base/LetterCase.h"
 
 #include <windows.h>
 
@@ -9,6 +8,7 @@
 #include <iterator>
 #include <memory>
 
+#include "base/LetterCase.h"
 #include "base/WideText.h"
 
 namespace corvane {

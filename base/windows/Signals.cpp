@@ -1,3 +1,4 @@
+// A console handler records Ctrl+C and Ctrl+Break, and they are raised again later.
 #include "base/Signals.h"
 
 #include <windows.h>
@@ -8,7 +9,7 @@ namespace {
 int Guards = 0;
 bool Arrived = false;
 
-BOOL WINAPI Keep(DWORD event) {
+BOOL WINAPI Record(DWORD event) {
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) return FALSE;
   Arrived = true;
   return TRUE;
@@ -19,12 +20,12 @@ BOOL WINAPI Keep(DWORD event) {
 void IgnoreFileSizeSignal() {}  // no such signal here
 
 EndSignalGuard::EndSignalGuard() {
-  if (Guards++ == 0) ::SetConsoleCtrlHandler(Keep, TRUE);
+  if (Guards++ == 0) ::SetConsoleCtrlHandler(Record, TRUE);
 }
 
 EndSignalGuard::~EndSignalGuard() {
   if (--Guards > 0) return;
-  ::SetConsoleCtrlHandler(Keep, FALSE);
+  ::SetConsoleCtrlHandler(Record, FALSE);
   if (Arrived) ::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
   Arrived = false;
 }

@@ -1,4 +1,4 @@
-// Single steps on a file through the calls of Windows.
+// Single file operations through the Windows API.
 #include "SystemFile.h"
 
 #include <windows.h>
@@ -16,7 +16,7 @@ std::error_code LastError() { return {static_cast<int>(::GetLastError()), std::s
 
 HANDLE Native(SystemHandle handle) { return reinterpret_cast<HANDLE>(handle); }
 
-/// Makes a transfer start at an offset, whatever the handle's own place is.
+/// Starts a transfer at an offset, regardless of the handle's file pointer.
 OVERLAPPED At(std::uint64_t offset) {
   constexpr unsigned HighHalf = 32;
   OVERLAPPED place{};
@@ -25,9 +25,10 @@ OVERLAPPED At(std::uint64_t offset) {
   return place;
 }
 
-DWORD OneTransfer(std::size_t size) {
-  constexpr std::size_t Largest = std::size_t{1} << 30;
-  return static_cast<DWORD>(std::min(size, Largest));
+/// The number of bytes to transfer in one call.
+DWORD TransferSize(std::size_t size) {
+  constexpr std::size_t Max = std::size_t{1} << 30;
+  return static_cast<DWORD>(std::min(size, Max));
 }
 
 HANDLE OpenNative(const std::wstring& path, OpenMode mode) {
@@ -39,7 +40,7 @@ HANDLE OpenNative(const std::wstring& path, OpenMode mode) {
                        nullptr);
 }
 
-/// The reason of an open that failed. Of a folder the system only says that access is denied.
+/// The reason for a failed open. For a folder, the system reports only that access is denied.
 std::error_code OpenError(const std::wstring& path) {
   const std::error_code error = LastError();
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
@@ -48,7 +49,7 @@ std::error_code OpenError(const std::wstring& path) {
   return folder ? std::make_error_code(std::errc::is_a_directory) : error;
 }
 
-/// True if a colon after that of the drive names an alternate data stream.
+/// True if a colon after the drive's own names an alternate data stream.
 bool NamesAStream(const std::wstring& path) {
   constexpr std::wstring_view Verbatim = LR"(\\?\)";
   const std::size_t start = path.starts_with(Verbatim) ? Verbatim.size() : 0;
@@ -105,7 +106,7 @@ std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& 
   if (NamesAStream(path)) return {ERROR_INVALID_NAME, std::system_category()};
   const HANDLE opened = OpenNative(path, mode);
   if (opened == INVALID_HANDLE_VALUE) return OpenError(path);
-  // A read from a device could block. None is created, so nothing stays behind.
+  // A read from a device could block. Devices are never created, so there is nothing to remove.
   if (::GetFileType(opened) != FILE_TYPE_DISK) {
     ::CloseHandle(opened);
     return FileError::NotOrdinary;
@@ -119,9 +120,9 @@ std::error_code SystemStatus(SystemHandle handle, FileStatus& status) {
 }
 
 std::error_code SystemPathStatus(const NativePath& path, FileStatus& status) {
-  constexpr DWORD Anyone = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   status = {};
-  const HANDLE file = ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, Anyone, nullptr,
+  const HANDLE file = ::CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     const std::error_code error = LastError();
@@ -137,7 +138,7 @@ std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<
   OVERLAPPED place = At(offset);
   DWORD count = 0;
   const BOOL done =
-      ::ReadFile(Native(handle), buffer.data(), OneTransfer(buffer.size()), &count, &place);
+      ::ReadFile(Native(handle), buffer.data(), TransferSize(buffer.size()), &count, &place);
   if (done == 0 && ::GetLastError() != ERROR_HANDLE_EOF) return LastError();
   moved = count;
   return {};
@@ -148,7 +149,7 @@ std::error_code SystemWrite(SystemHandle handle, std::uint64_t offset,
   OVERLAPPED place = At(offset);
   DWORD count = 0;
   const BOOL done =
-      ::WriteFile(Native(handle), bytes.data(), OneTransfer(bytes.size()), &count, &place);
+      ::WriteFile(Native(handle), bytes.data(), TransferSize(bytes.size()), &count, &place);
   if (done == 0) return LastError();
   moved = count;
   return {};
@@ -176,15 +177,15 @@ std::error_code SystemRemove(const NativePath& path) {
 
 std::string SystemMessage(std::error_code error) {
   if (error.category() != std::system_category()) return error.message();
-  // The mask leaves out the line breaks.
-  constexpr DWORD Form =
+  // The width mask removes the line breaks.
+  constexpr DWORD Flags =
       FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK;
   wchar_t buffer[512];
-  const DWORD size = ::FormatMessageW(Form, nullptr, static_cast<DWORD>(error.value()), 0, buffer,
+  const DWORD size = ::FormatMessageW(Flags, nullptr, static_cast<DWORD>(error.value()), 0, buffer,
                                       static_cast<DWORD>(std::size(buffer)), nullptr);
   if (size == 0) return "error " + std::to_string(error.value());
-  const std::string words = WideToText({buffer, size});
-  return words.substr(0, words.find_last_not_of(" .") + 1);
+  const std::string message = WideToText({buffer, size});
+  return message.substr(0, message.find_last_not_of(" .") + 1);
 }
 
 std::string SystemHint(std::error_code error, const std::string& path) {

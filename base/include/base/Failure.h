@@ -19,7 +19,7 @@ enum class FileState {
   Damaged,      // the old bytes could not be put back
   NotRemoved,   // the unfinished file that the save had created is still there
   Unknown,      // the contents of the file, or whether it exists, could not be determined
-  Untouched,    // the save did not look for a file
+  Untouched,    // the save failed before it looked for the file
 };
 
 /// True if a failed save left some of its own bytes in the file.
@@ -35,7 +35,7 @@ struct Failure {
   std::string LinkTarget = {};  // the target of Path, if a save failed on a link
 };
 
-/// Reasons that no error of the system expresses.
+/// Reasons for which the system has no error code.
 enum class FileError {
   ChangedByAnother = 1,  // the bytes to be replaced differ from those last read or written
   Replaced,              // the path of the open file now names another file

@@ -1,4 +1,4 @@
-// Letter case, which only the letters a to z have, on every system.
+// Letter case of the letters a to z only, independent of the locale.
 #pragma once
 
 #include <string>

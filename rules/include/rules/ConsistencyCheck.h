@@ -24,7 +24,7 @@ struct Findings {
 /// The findings, each preceded by a line break (CR LF); empty if there are none. Changes nothing.
 [[nodiscard]] std::string CheckTables();
 
-/// The same with the place of each finding.
-[[nodiscard]] Findings CheckPlaces();
+/// The same, with the place of each finding.
+[[nodiscard]] Findings LocateFindings();
 
 }  // namespace corvane
