@@ -3,14 +3,14 @@
 _corvane_tool()
 {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local verb='' options word name
+    local command='' options word name
 
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
-            check | show | diff | copy | draw) verb=$word && break ;;
+            check | show | diff | copy | draw) command=$word && break ;;
         esac
     done
-    case $verb in
+    case $command in
         check) options='--strict --game --help' ;;
         show) options='--json --game --help' ;;
         diff) options='--game --help' ;;
@@ -24,7 +24,7 @@ _corvane_tool()
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
         return
     fi
-    [[ $verb ]] || mapfile -t COMPREPLY < <(compgen -W 'check show diff copy draw' -- "$current")
+    [[ $command ]] || mapfile -t COMPREPLY < <(compgen -W 'check show diff copy draw' -- "$current")
 
     # Folders, and what the program reads or writes, in any letter case.
     compopt -o filenames 2>/dev/null
@@ -32,7 +32,7 @@ _corvane_tool()
         name=${word##*/}
         case ${name,,} in
             cc4.exe | *.crv | *.btd | *.json) [[ $previous != --game ]] || continue ;;
-            *.svg | *.html) [[ $verb == draw && $previous != --game ]] || continue ;;
+            *.svg | *.html) [[ $command == draw && $previous != --game ]] || continue ;;
             *) [[ -d $word ]] || continue ;;
         esac
         COMPREPLY+=("$word")

@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include "tool/Commands.h"
 #include "tool/Printable.h"
 #include "tool/Sources.h"
-#include "tool/Verbs.h"
 #include "tool/Warnings.h"
 
 namespace corvane {
@@ -26,7 +26,7 @@ int CheckSource(const std::string& path, const CheckOptions& options, const Cons
                     std::back_inserter(marks));
   const std::string prefix = options.Sources.size() > 1 ? Printable(path) + ": " : "";
   for (const Mark& mark : marks) PrintMark(mark, prefix, console);
-  for (const std::string& fault : source->Faults) ComplainOf(console, fault);
+  for (const std::string& fault : source->Faults) Report(console, fault);
   if (!source->Faults.empty()) return StatusFailed;
   const auto counts = [&](const Mark& mark) {
     return mark.Kind == MarkKind::Finding || options.Strict;

@@ -6,12 +6,12 @@
 
 namespace corvane {
 
-void ComplainOf(const Console& console, std::string_view reason) {
-  console.Complain("corvane-tool: " + Printable(reason) + "\n");
+void Report(const Console& console, std::string_view message) {
+  console.PrintError("corvane-tool: " + Printable(message) + "\n");
 }
 
-int Fail(const Console& console, std::string_view reason) {
-  ComplainOf(console, reason);
+int Fail(const Console& console, std::string_view message) {
+  Report(console, message);
   return StatusFailed;
 }
 

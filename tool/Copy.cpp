@@ -6,11 +6,11 @@
 #include "base/FileRanges.h"
 #include "base/FolderScan.h"
 #include "data/TableImages.h"
+#include "tool/Commands.h"
 #include "tool/Json.h"
 #include "tool/Printable.h"
 #include "tool/Sources.h"
 #include "tool/Text.h"
-#include "tool/Verbs.h"
 #include "tool/Warnings.h"
 #include "tool/WholeFile.h"
 
@@ -35,11 +35,11 @@ Target TargetAt(const std::string& path) {
 std::string Mismatch(const Source& from, const Target& to) {
   if (to.Kind == SourceKind::Other) return NotASource(to.Path);
   if (to.Kind == SourceKind::Json || from.IsBtd == (to.Kind == SourceKind::Btd)) return {};
-  return from.IsBtd ? from.Path + " is a BTD file and holds no tables for " + to.Path + "."
-                    : from.Path + " holds tables and no BTD record for " + to.Path + ".";
+  return from.IsBtd ? from.Path + " is a BTD file and has no tables for " + to.Path + "."
+                    : from.Path + " has tables but no BTD record for " + to.Path + ".";
 }
 
-// The folder of the maps to check the tables against: that of the game that receives them.
+// The game folder whose maps the tables are checked against: that of the game that receives them.
 std::string GameToCheck(const CopyOptions& options, const Target& to) {
   if (options.Game.empty() && to.Kind == SourceKind::GameExe) return FolderOf(to.Path);
   return options.Game;
@@ -49,13 +49,13 @@ std::string GameToCheck(const CopyOptions& options, const Target& to) {
 std::optional<int> Refusal(const CopyOptions& options, const Target& to, const Console& console) {
   const auto checked = ReadSource(options.From, GameToCheck(options, to), MapsWanted::Yes);
   if (!checked.Done()) return Fail(console, checked.Error());
-  for (const std::string& fault : checked->Faults) ComplainOf(console, fault);
+  for (const std::string& fault : checked->Faults) Report(console, fault);
   if (!checked->Faults.empty()) return StatusFailed;
   if (checked->IsBtd) return std::nullopt;
   const Marks findings = FindingMarks();
-  for (const Mark& finding : findings) ComplainOf(console, finding.Text);
+  for (const Mark& finding : findings) Report(console, finding.Text);
   if (findings.empty()) return std::nullopt;
-  ComplainOf(console, "Nothing was copied: the tables do not pass the check.");
+  Report(console, "Nothing was copied: the tables do not pass the check.");
   return StatusNegative;
 }
 
@@ -97,15 +97,14 @@ int Write(const Source& from, const Target& to, const std::optional<Source>& old
   }
   const Result<> saved = Save(from, to, old);
   if (saved.Done()) return StatusDone;
-  ComplainOf(console, FailureMessage(saved.Error()));
+  Report(console, FailureMessage(saved.Error()));
   return saved.Error().Reason == FileError::ChangedByAnother ? StatusNegative : StatusFailed;
 }
 
 // True also for a folder, a pipe or a broken link.
 bool PathExists(const std::string& path) {
   std::error_code error;
-  const std::filesystem::path name(std::u8string(path.begin(), path.end()));
-  const auto type = std::filesystem::symlink_status(name, error).type();
+  const auto type = std::filesystem::symlink_status(ToSystemPath(path), error).type();
   return type != std::filesystem::file_type::not_found;
 }
 
@@ -130,7 +129,7 @@ int Copy(const CopyOptions& options, const Console& console) {
   if (const std::string mismatch = Mismatch(*from, to); !mismatch.empty())
     return Fail(console, mismatch);
   if (NeedsForce(to) && !options.Force) {
-    ComplainOf(console, to.Path + " exists already. --force replaces it.");
+    Report(console, to.Path + " already exists. Use --force to replace it.");
     return StatusNegative;
   }
   if (!options.Unchecked) {

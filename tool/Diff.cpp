@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include "tool/Commands.h"
 #include "tool/Sources.h"
 #include "tool/Text.h"
-#include "tool/Verbs.h"
 
 namespace corvane {
 namespace {
@@ -29,12 +29,12 @@ int Diff(const DiffOptions& options, const Console& console) {
   const auto after = ReadSource(options.After, options.Game, MapsWanted::IfThere);
   if (!after.Done()) return Fail(console, after.Error());
   if (before->IsBtd != after->IsBtd)
-    return Fail(console, "A BTD file can be compared with another BTD file only.");
+    return Fail(console, "A BTD file can only be compared with another BTD file.");
   const Lines lines = AllDifferences(*before, *after);
   for (const std::string& line : lines) console.Print(line + "\n");
   bool complete = true;
   for (const Source* source : {&*before, &*after}) {
-    for (const std::string& fault : source->Faults) ComplainOf(console, fault);
+    for (const std::string& fault : source->Faults) Report(console, fault);
     complete = complete && source->Faults.empty();
   }
   if (!complete) return StatusFailed;

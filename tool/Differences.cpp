@@ -45,7 +45,7 @@ class Changes {
   std::string Name;
 };
 
-// The name of a map, of which only one layer may have a row.
+// The name of a map that may have a row in one layer only.
 std::string NameInEither(const Layer& before, const Layer& after, int map) {
   const bool known = static_cast<std::size_t>(map) < before.Rows.size();
   return MapName(known ? before : after, map);
@@ -64,9 +64,8 @@ void CompareConnections(Changes& changes, const Layer& before, const Layer& afte
 void CompareVLs(Lines& found, const std::string& name, const VictoryLocation& before,
                 const VictoryLocation& after) {
   Changes changes(found, name);
-  const auto oldKind = static_cast<std::int32_t>(before.Kind);
-  const auto newKind = static_cast<std::int32_t>(after.Kind);
-  if (oldKind != newKind) changes.Add(Change("Kind", KindName(oldKind), KindName(newKind)));
+  if (before.Kind != after.Kind)
+    changes.Add(Change("Kind", KindName(before.Kind), KindName(after.Kind)));
   for (const ByteField& field : VLByteFields)
     changes.Compare(field.Label, before.*field.Byte, after.*field.Byte);
   for (const BytePairField& field : VLPairFields) {
@@ -76,7 +75,7 @@ void CompareVLs(Lines& found, const std::string& name, const VictoryLocation& be
   changes.CompareField("Name", before.Name, after.Name);
 }
 
-// The length of the longest common subsequence of two texts, from each pair of lines on.
+// The length of the longest common subsequence of two texts, starting at each pair of lines.
 class CommonLines {
  public:
   CommonLines(const Lines& before, const Lines& after)

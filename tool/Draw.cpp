@@ -27,10 +27,6 @@ struct Drawing {
   std::vector<std::string> Folders{};
 };
 
-std::filesystem::path SystemPath(const std::string& text) {
-  return std::u8string(text.begin(), text.end());
-}
-
 Form FormOf(const std::string& path) {
   const std::string title = ToUpper(FileTitle(path));
   if (title.ends_with(".SVG")) return Form::Svg;
@@ -43,13 +39,13 @@ std::string TextOf(const std::filesystem::path& path) {
 }
 
 // Resolves links, so that a link is kept and its target replaced.
-std::filesystem::path BehindLinks(const std::string& path) {
+std::filesystem::path ResolveLinks(const std::string& path) {
   std::error_code error;
-  const std::filesystem::path file = std::filesystem::canonical(SystemPath(path), error);
-  return error ? SystemPath(path) : file;
+  const std::filesystem::path file = std::filesystem::canonical(ToSystemPath(path), error);
+  return error ? ToSystemPath(path) : file;
 }
 
-// An unused name, different for every program that draws the same picture.
+// An unused path beside `file`. Random, since another process may draw the same picture.
 std::string FreshName(const std::filesystem::path& file) {
   std::random_device random;
   std::filesystem::path fresh;
@@ -60,36 +56,36 @@ std::string FreshName(const std::filesystem::path& file) {
   return TextOf(fresh);
 }
 
-// The failure to write a fresh file as a failure of the picture: its path and its state.
+// Restates a failure to write the fresh file as one to save the picture at `path`.
 Failure NotPublished(const std::string& path, const Failure& fresh) {
   if (fresh.State == FileState::NotRemoved || fresh.State == FileState::Unknown) return fresh;
-  const bool stands = OrdinaryFileExists(path);
+  const bool exists = OrdinaryFileExists(path);
   return {FileAction::Save, path, fresh.Reason,
-          stands ? FileState::Unchanged : FileState::NotCreated};
+          exists ? FileState::Unchanged : FileState::NotCreated};
 }
 
 // Replaces the file in one step, so that a browser never reads half a page.
 std::string Publish(const std::string& path, std::string_view text) {
   const EndSignalGuard guard;  // a signal would leave the fresh file behind
-  const std::filesystem::path file = BehindLinks(path);
+  const std::filesystem::path file = ResolveLinks(path);
   const std::string fresh = FreshName(file);
   const WriteRange whole{0, std::as_bytes(std::span(text))};
   const Result<> saved = SaveInPlace(fresh, {&whole, 1}, IfMissing::Create);
   if (!saved.Done()) return FailureMessage(NotPublished(path, saved.Error()));
   std::error_code error;
-  std::filesystem::rename(SystemPath(fresh), file, error);
+  std::filesystem::rename(ToSystemPath(fresh), file, error);
   if (!error) return {};
   static_cast<void>(RemoveFile(fresh));  // the first failure is the one to report
   return FailureMessage({FileAction::Save, path, error});
 }
 
-// Empty for a source that cannot be drawn; complains of the reason.
+// Reports why a source cannot be drawn, and is then empty.
 std::optional<Source> ReadLayer(const std::string& path, const std::string& game,
                                 const Console& console, Drawing& drawing) {
   auto source = ReadSource(path, game, MapsWanted::IfThere);
   std::string failure = source.Done() ? std::string() : source.Error();
   if (source.Done() && source->IsBtd)
-    failure = path + " holds one map. A picture takes the tables that join the maps.";
+    failure = path + " holds a single map. A picture needs the tables.";
   if (!failure.empty()) {
     drawing.Status = Fail(console, failure);
     return std::nullopt;
@@ -136,12 +132,12 @@ Drawing DrawOnce(const DrawOptions& options, Reload reload, const Console& conso
   return drawing;
 }
 
-int RefuseOut(const DrawOptions& options, const Console& console) {
+int FailForOut(const DrawOptions& options, const Console& console) {
   return Fail(console, options.Out + " does not end in .svg or .html.");
 }
 
-// A text that changes whenever the file changes. The standard library knows times in whole seconds
-// only on some systems, and a table saved again is as long as before.
+// A text that changes whenever the file changes. Uses no file time of the standard library, which
+// has whole seconds only on some systems.
 std::string StampOf(const std::string& file) {
   const FileStatus status = StatusAt(file);
   std::string stamp = file;
@@ -180,32 +176,32 @@ std::string NewTemporaryFolder(std::error_code& error) {
 }  // namespace
 
 int Draw(const DrawOptions& options, const Console& console) {
-  if (FormOf(options.Out) == Form::Neither) return RefuseOut(options, console);
+  if (FormOf(options.Out) == Form::Neither) return FailForOut(options, console);
   return DrawOnce(options, Reload::Never, console).Status;
 }
 
 int WatchAndDraw(const DrawOptions& options, const Console& console,
                  const std::function<bool()>& pause) {
-  if (FormOf(options.Out) == Form::Neither) return RefuseOut(options, console);
+  if (FormOf(options.Out) == Form::Neither) return FailForOut(options, console);
   constexpr int PausesAfterFailure = 10;
   std::vector<std::string> folders;
-  std::string drawn, complaints, told;
-  const Console collecting{console.Print, [&](std::string_view text) { complaints += text; }};
+  std::string drawn, errors, printed;
+  const Console collecting{console.Print, [&](std::string_view text) { errors += text; }};
   int status = StatusDone;
   int pausesLeft = 0;
   do {
     // Taken before the drawing, so that a change during the drawing causes another one.
     const std::string stamp = StampOf(options, folders);
-    // What failed may succeed although no file changes: a disk is full no more.
+    // A retry may succeed although no file has changed: the disk is no longer full.
     if (stamp == drawn && (status == StatusDone || --pausesLeft > 0)) continue;
-    complaints.clear();
-    const Drawing drawing = DrawOnce(options, Reload::Steadily, collecting);
+    errors.clear();
+    const Drawing drawing = DrawOnce(options, Reload::Periodically, collecting);
     if (!drawing.Folders.empty()) folders = drawing.Folders;
     status = drawing.Status;
     pausesLeft = PausesAfterFailure;
     drawn = stamp;
-    if (complaints != told && !complaints.empty()) console.Complain(complaints);
-    told = complaints;
+    if (errors != printed && !errors.empty()) console.PrintError(errors);
+    printed = errors;
   } while (pause());
   return status;
 }
@@ -213,17 +209,18 @@ int WatchAndDraw(const DrawOptions& options, const Console& console,
 int ShowInBrowser(const std::string& source, const std::string& game, const Console& console) {
   std::error_code error;
   const std::string folder = NewTemporaryFolder(error);
-  if (error) return Fail(console, "No temporary folder could be made: " + ReasonText(error) + ".");
+  if (error)
+    return Fail(console, "A temporary folder could not be created: " + ReasonText(error) + ".");
   const std::string page = folder + Separator + "corvane.html";
   const int status = Draw({source, page, {}, game}, console);
   if (!OrdinaryFileExists(page)) {
-    std::filesystem::remove(SystemPath(folder), error);  // empty and of no use
+    std::filesystem::remove(ToSystemPath(folder), error);  // it is empty
     return status;
   }
   console.Print(page + "\n");
   error = OpenInBrowser(page);
   if (!error) return status;
-  return Fail(console, "No browser could be started for " + page + ": " + ReasonText(error) + ".");
+  return Fail(console, page + " could not be opened in a browser: " + ReasonText(error) + ".");
 }
 
 }  // namespace corvane

@@ -29,8 +29,8 @@ struct Place {
   }
 };
 
-// Converts values to fields. At the first value that does not fit, an operation sets Fault and
-// returns False.
+// Converts values to fields. An operation that meets an invalid value returns False; the first sets
+// Fault.
 class Decoder {
  public:
   std::string Fault;
@@ -61,14 +61,12 @@ class Decoder {
 
   template <typename Number>
   bool Integer(const Json& node, const Place& at, Number& number,
-               std::int64_t least = std::numeric_limits<Number>::min(),
-               std::int64_t most = std::numeric_limits<Number>::max()) {
-    if (!node.is_number_integer()) return Refuse(at, "must be a whole number");
+               std::int64_t min = std::numeric_limits<Number>::min(),
+               std::int64_t max = std::numeric_limits<Number>::max()) {
+    if (!node.is_number_integer()) return Refuse(at, "must be an integer");
     const bool huge = node.is_number_unsigned() && node.get<std::uint64_t>() > Limits32::max();
     const auto value = node.get<std::int64_t>();
-    if (huge || value < least || value > most)
-      return Refuse(at,
-                    "must lie between " + std::to_string(least) + " and " + std::to_string(most));
+    if (huge || value < min || value > max) return Refuse(at, "must be " + RangeText(min, max));
     number = static_cast<Number>(value);
     return true;
   }
@@ -91,27 +89,32 @@ class Decoder {
 
   bool Text(const Json& node, const Place& at, std::span<char> field) {
     if (node.is_object()) return Hex(node, at, field);
-    if (!node.is_string()) return Refuse(at, "must be a text, or an object with the key Hex");
+    if (!node.is_string()) return Refuse(at, "must be a string, or an object with the key Hex");
     return Fill(node.get_ref<const std::string&>(), at, field);
   }
 
   bool Lines(const Json& node, const Place& at, std::span<char> field) {
     if (node.is_object()) return Hex(node, at, field);
     if (!node.is_array())
-      return Refuse(at, "must be an array of texts, or an object with the key Hex");
+      return Refuse(at, "must be an array of strings, or an object with the key Hex");
     std::string text;
     for (std::size_t line = 0; line < node.size(); ++line) {
-      if (!node[line].is_string()) return Refuse(at / line, "must be a text");
+      if (!node[line].is_string()) return Refuse(at / line, "must be a string");
       text += node[line].get_ref<const std::string&>();
     }
     return Fill(text, at, field);
   }
 
  private:
+  static std::string RangeText(std::int64_t min, std::int64_t max) {
+    if (min == max) return std::to_string(min);
+    return "between " + std::to_string(min) + " and " + std::to_string(max);
+  }
+
   bool Fill(const std::string& text, const Place& at, std::span<char> field) {
     const std::string bytes = TextToAnsi(text);
     if (AnsiToText(bytes) != text)
-      return Refuse(at, "has a character that the system's code page lacks");
+      return Refuse(at, "contains a character that is not in the system's code page");
     return Put(bytes, at, field);
   }
 
@@ -126,7 +129,7 @@ class Decoder {
 
   bool Hex(const Json& node, const Place& at, std::span<char> field) {
     if (!Object(node, at, std::array{"Hex"})) return false;
-    if (!node["Hex"].is_string()) return Refuse(at / "Hex", "must be a text");
+    if (!node["Hex"].is_string()) return Refuse(at / "Hex", "must be a string");
     const auto& digits = node["Hex"].get_ref<const std::string&>();
     constexpr std::string_view Known = "0123456789ABCDEF";
     if (digits.size() % 2 != 0 || digits.find_first_not_of(Known) != digits.npos)
@@ -163,7 +166,7 @@ bool ReadConnection(Decoder& decoder, const Json& node, const Place& at, Connect
     return false;
   }
   if (arrow == NoConnection) return decoder.Refuse(at / "Arrow", "-1 means no connection");
-  if (table(from, to) != NoConnection) return decoder.Refuse(at, "the connection occurs twice");
+  if (table(from, to) != NoConnection) return decoder.Refuse(at, "duplicate connection");
   table(from, to) = arrow;
   return true;
 }

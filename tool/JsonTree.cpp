@@ -37,11 +37,11 @@ class TreeBuilder : public nlohmann::json_sax<Json> {
   bool key(string_t& name) override {
     Open.back().Key = name;
     if (!Open.back().Node->contains(name)) return true;
-    return Refuse("the key occurs twice");
+    return Refuse("duplicate key");
   }
 
   bool parse_error(std::size_t bytesRead, const std::string&, const Json::exception&) override {
-    return Refuse("not JSON at " + LineAndColumn(Text, bytesRead));
+    return Refuse("invalid JSON at " + LineAndColumn(Text, bytesRead));
   }
 
   Json Root;
@@ -110,9 +110,9 @@ std::string PointerPart(std::string_view key) {
 
 Result<Json, std::string> ParseTree(std::string_view text) {
   TreeBuilder builder(text);
-  // The parser takes a NUL for the end of the text, and would not look at what follows it.
+  // The parser stops at a NUL and would ignore what follows it.
   if (const std::size_t nul = text.find('\0'); nul != text.npos)
-    return "/: not JSON at " + LineAndColumn(text, nul + 1);
+    return "/: invalid JSON at " + LineAndColumn(text, nul + 1);
   if (Json::sax_parse(text, &builder)) return std::move(builder.Root);
   return builder.Fault;
 }

@@ -45,7 +45,7 @@ std::string HexObject(std::string_view bytes) {
   return json + "\"}";
 }
 
-std::string_view WithoutFill(std::string_view field) {
+std::string_view WithoutPadding(std::string_view field) {
   return field.substr(0, field.find_last_not_of('\0') + 1);
 }
 
@@ -56,13 +56,13 @@ bool IsText(std::string_view bytes, std::string& text) {
 }
 
 std::string TextValue(std::span<const char> field) {
-  const std::string_view bytes = WithoutFill({field.data(), field.size()});
+  const std::string_view bytes = WithoutPadding({field.data(), field.size()});
   std::string text;
   return IsText(bytes, text) ? JsonString(text) : HexObject(bytes);
 }
 
 std::string LinesValue(std::span<const char> field) {
-  const std::string_view bytes = WithoutFill({field.data(), field.size()});
+  const std::string_view bytes = WithoutPadding({field.data(), field.size()});
   std::string text;
   if (!IsText(bytes, text)) return HexObject(bytes);
   std::string json = "[";

@@ -1,5 +1,5 @@
 // Places labels so that none overlap: a label takes the first of its places that is free. A label
-// without a free place is left out, since a tooltip contains its text, too.
+// without a free place is left out; a tooltip contains its text as well.
 #pragma once
 
 #include <array>
@@ -38,8 +38,8 @@ class LabelSheet {
   std::array<std::vector<Box>, std::size_t{Across} * Down> Taken;
 };
 
-/// The estimated width of `text` (UTF-8) in a sans-serif font of this size, in pixels; rather too
-/// large than too small.
+/// The estimated width of `text` (UTF-8) in a sans-serif font of this size, in pixels. Errs on the
+/// large side.
 [[nodiscard]] int TextWidth(std::string_view text, int size);
 
 /// Truncates `text` to `width` and appends an ellipsis if it is longer; empty if fewer than two

@@ -12,7 +12,7 @@ namespace {
 
 std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
 
-// Moves the file that each row names to the index of the row, by swaps: a map file is 8 KiB.
+// Moves the file that each row names to the index of the row. Swaps, since a map file is 8 KiB.
 void ArrangeByRow(std::vector<MapFile>& files) {
   for (std::size_t row = 0; row < std::min(MapRows.size(), files.size()); ++row) {
     const auto place = files.begin() + static_cast<std::ptrdiff_t>(row);

@@ -45,9 +45,8 @@ std::string DestinationFact(const VictoryLocation& vl) {
 }
 
 std::string VLFact(const VictoryLocation& vl) {
-  const auto kind = static_cast<std::int32_t>(vl.Kind);
   const bool isExit = vl.Kind == VLKind::Exit;
-  std::string fact = KindName(kind) + (isExit ? DestinationFact(vl) : "") + ", X " +
+  std::string fact = KindName(vl.Kind) + (isExit ? DestinationFact(vl) : "") + ", X " +
                      std::to_string(vl.TileX) + ", Y " + std::to_string(vl.TileY) + ", " +
                      QuotedField(vl.Name) + ", opaque bytes " + HexBytes(vl.Opaque0) + ' ' +
                      HexBytes({&vl.Opaque1, 1}) + ' ' + HexBytes(vl.Opaque2);

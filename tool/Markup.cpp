@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// True for a character that needs no escape, as nearly all of a picture.
+// True for a character that needs no escape, which nearly all are.
 bool IsPlain(char c) {
   return c >= ' ' && c <= '~' && c != '&' && c != '<' && c != '>' && c != '"' && c != '\'';
 }
@@ -87,7 +87,7 @@ void Markup::Escape(std::string_view line) {
   }
 }
 
-std::string InHalves(std::int64_t halves) {
+std::string FormatHalves(std::int64_t halves) {
   const std::int64_t size = halves < 0 ? -halves : halves;
   return (halves < 0 ? "-" : "") + std::to_string(size / 2) + (size % 2 == 0 ? "" : ".5");
 }

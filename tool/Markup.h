@@ -43,7 +43,7 @@ class Markup {
   std::vector<std::string_view> Opened;  // names are literals
 };
 
-/// Half-units as a decimal number: 7 is "3.5".
-[[nodiscard]] std::string InHalves(std::int64_t halves);
+/// A number of halves in decimal: 7 is "3.5".
+[[nodiscard]] std::string FormatHalves(std::int64_t halves);
 
 }  // namespace corvane

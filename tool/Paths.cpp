@@ -1,7 +1,5 @@
 #include "Paths.h"
 
-#include <filesystem>
-
 #include "base/FolderScan.h"
 
 namespace corvane {
@@ -10,6 +8,10 @@ namespace {
 constexpr std::string_view Separators = Separator == '\\' ? "/\\:" : "/";
 
 }  // namespace
+
+std::filesystem::path ToSystemPath(const std::string& path) {
+  return std::u8string(path.begin(), path.end());
+}
 
 std::string_view FileTitle(std::string_view path) {
   return path.substr(path.find_last_of(Separators) + 1);
@@ -23,8 +25,7 @@ std::string FolderOf(std::string_view path) {
 
 std::uint64_t FileLength(const std::string& path) {
   std::error_code error;
-  const std::filesystem::path name(std::u8string(path.begin(), path.end()));
-  const std::uintmax_t length = std::filesystem::file_size(name, error);
+  const std::uintmax_t length = std::filesystem::file_size(ToSystemPath(path), error);
   return error ? 0 : length;
 }
 

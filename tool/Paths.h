@@ -2,16 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace corvane {
 
+/// A path in UTF-8, as the standard library takes it on every system.
+[[nodiscard]] std::filesystem::path ToSystemPath(const std::string& path);
+
 /// The name after the last separator.
 [[nodiscard]] std::string_view FileTitle(std::string_view path);
 
-/// The part before the title, to which a separator can be appended: never empty, since the result
-/// would then be the root.
+/// The part before the title. Never empty: with a separator appended, that would be the root.
 [[nodiscard]] std::string FolderOf(std::string_view path);
 
 /// In bytes; 0 if unknown.

@@ -20,7 +20,7 @@ constexpr std::array RoadKinds = {RoadKind::Missing, RoadKind::NoExit, RoadKind:
 
 std::string HeadName(RoadKind kind) { return "head-" + std::string(KindClass(kind)); }
 
-// The tips of the arrowheads do not touch the hotspot at the end of the road.
+// The arrowheads end before the hotspot at the end of the road.
 void DrawHeads(Markup& out) {
   out.Open("defs");
   for (const RoadKind kind : RoadKinds) {
@@ -37,13 +37,6 @@ void DrawHeads(Markup& out) {
     out.Close();
   }
   out.Close();
-}
-
-void DrawBox(Markup& out, const Box& box) {
-  out.Leaf("rect", {{"x", box.Left},
-                    {"y", box.Top},
-                    {"width", box.Right - box.Left},
-                    {"height", box.Bottom - box.Top}});
 }
 
 std::string Numbers(const StrRect& rect) {
@@ -131,17 +124,17 @@ Point Bend(Point from, Point to, Point middle) {
   return {2 * middle.X - from.X - to.X, 2 * middle.Y - from.Y - to.Y};
 }
 
-std::string PointInHalves(Point point) { return InHalves(point.X) + " " + InHalves(point.Y); }
-
-std::string Place(Point point) { return std::to_string(point.X) + " " + std::to_string(point.Y); }
+std::string FormatHalfPoint(Point halves) {
+  return FormatHalves(halves.X) + " " + FormatHalves(halves.Y);
+}
 
 // A loop from a map to itself. Its far end, three quarters of the way to the two control points, is
 // `middle` (in half pixels).
 std::string LoopPath(Point spot, Point middle) {
   constexpr int Wide = 40;
   const Point far{(middle.X - 2 * spot.X) * 4 / 3, (middle.Y - 2 * spot.Y) * 4 / 3};
-  return "M" + Place(spot) + "c" + PointInHalves({far.X - Wide, far.Y}) + " " +
-         PointInHalves({far.X + Wide, far.Y}) + " 0 0";
+  return "M" + FormatPoint(spot) + "c" + FormatHalfPoint({far.X - Wide, far.Y}) + " " +
+         FormatHalfPoint({far.X + Wide, far.Y}) + " 0 0";
 }
 
 bool IsOnSheet(Point halves) {
@@ -196,10 +189,11 @@ std::string OffMapPath(const Box& tile, int place) {
   const int y = (tile.Top + tile.Bottom) / 2;
   const int nearest = std::min({x, ScreenWidth - x, y, ScreenHeight - y});
   const int aside = 11 * place;
-  if (nearest == x) return "M" + Place({tile.Left, y - 5 + aside}) + "v10l-9-5z";
-  if (nearest == ScreenWidth - x) return "M" + Place({tile.Right, y - 5 + aside}) + "v10l9-5z";
-  if (nearest == y) return "M" + Place({x - 5 + aside, tile.Top}) + "h10l-5-9z";
-  return "M" + Place({x - 5 + aside, tile.Bottom}) + "h10l-5 9z";
+  if (nearest == x) return "M" + FormatPoint({tile.Left, y - 5 + aside}) + "v10l-9-5z";
+  if (nearest == ScreenWidth - x)
+    return "M" + FormatPoint({tile.Right, y - 5 + aside}) + "v10l9-5z";
+  if (nearest == y) return "M" + FormatPoint({x - 5 + aside, tile.Top}) + "h10l-5-9z";
+  return "M" + FormatPoint({x - 5 + aside, tile.Bottom}) + "h10l-5 9z";
 }
 
 void DrawOffMapExits(Sheet& sheet) {
@@ -276,16 +270,11 @@ void DrawLabels(Sheet& sheet) {
   sheet.Out.Close();
 }
 
-std::string Title(const Picture& picture) {
-  const std::string title = "Strategic layer of " + Printable(picture.Name);
-  return picture.Before ? title + ", against " + Printable(picture.BeforeName) : title;
-}
-
 void DrawHeading(Sheet& sheet) {
   constexpr int Size = 16;
   sheet.Out.Open("g", {{"class", "heading"}});
   sheet.Out.Leaf("text", {{"x", -SheetMargin}, {"y", HeadingTop + Size}, {"class", "title"}},
-                 Shortened(Title(sheet.Of), Size, ScreenWidth));
+                 Shortened(PictureTitle(sheet.Of), Size, ScreenWidth));
   sheet.Out.Leaf("text", {{"x", -SheetMargin}, {"y", HeadingTop + 2 * Size}, {"class", "summary"}},
                  Summary(sheet.Of, sheet.Now));
   sheet.Out.Close();
@@ -295,9 +284,9 @@ void OpenPicture(Sheet& sheet, Point end) {
   const int left = -SheetMargin - 8;
   const int width = end.X - left;
   const int height = end.Y - HeadingTop;
-  const std::string whole = Place({left, HeadingTop}) + " " + Place({width, height});
-  const std::string home = Place({left, -SheetMargin}) + " " +
-                           Place({ScreenWidth - 2 * left, LegendBottom + SheetMargin});
+  const std::string whole = FormatPoint({left, HeadingTop}) + " " + FormatPoint({width, height});
+  const std::string home = FormatPoint({left, -SheetMargin}) + " " +
+                           FormatPoint({ScreenWidth - 2 * left, LegendBottom + SheetMargin});
   sheet.Out.Open("svg", {{"xmlns", "http://www.w3.org/2000/svg"},
                          {"class", "layer"},
                          {"viewBox", whole},
@@ -307,7 +296,7 @@ void OpenPicture(Sheet& sheet, Point end) {
                          {"height", height},
                          {"role", "graphics-document document"},
                          {"aria-labelledby", "picture-title picture-text"}});
-  sheet.Out.Leaf("title", {{"id", "picture-title"}}, Title(sheet.Of));
+  sheet.Out.Leaf("title", {{"id", "picture-title"}}, PictureTitle(sheet.Of));
   sheet.Out.Leaf("desc", {{"id", "picture-text"}}, Summary(sheet.Of, sheet.Now) + ".");
   sheet.Out.Raw("<style>");
   sheet.Out.Raw(picture_css);
@@ -322,6 +311,11 @@ void OpenPicture(Sheet& sheet, Point end) {
 }
 
 }  // namespace
+
+std::string PictureTitle(const Picture& picture) {
+  const std::string title = "Strategic layer of " + Printable(picture.Name);
+  return picture.Before ? title + ", compared with " + Printable(picture.BeforeName) : title;
+}
 
 std::string MapTitle(const Scene& scene, int map) {
   const std::string number = std::to_string(map);
@@ -340,12 +334,23 @@ std::string RoadPath(const Scene& scene, const Road& road) {
     middle = {place.Left + place.Right, place.Top + place.Bottom};
   }
   if (road.From == road.To) return LoopPath(from, middle);
-  const std::string start = "M" + Place(from);
-  if (!hasArrow) return start + "L" + Place(to);
+  const std::string start = "M" + FormatPoint(from);
+  if (!hasArrow) return start + "L" + FormatPoint(to);
   const Point bend = Bend(from, to, middle);
   // Instead of a curve that leaves the sheet, two lines meet at the arrow.
-  if (!IsOnSheet(bend)) return start + "L" + PointInHalves(middle) + "L" + Place(to);
-  return start + "Q" + PointInHalves(bend) + " " + Place(to);
+  if (!IsOnSheet(bend)) return start + "L" + FormatHalfPoint(middle) + "L" + FormatPoint(to);
+  return start + "Q" + FormatHalfPoint(bend) + " " + FormatPoint(to);
+}
+
+std::string FormatPoint(Point point) {
+  return std::to_string(point.X) + " " + std::to_string(point.Y);
+}
+
+void DrawBox(Markup& out, const Box& box) {
+  out.Leaf("rect", {{"x", box.Left},
+                    {"y", box.Top},
+                    {"width", box.Right - box.Left},
+                    {"height", box.Bottom - box.Top}});
 }
 
 std::string DrawSvg(const Picture& picture) {

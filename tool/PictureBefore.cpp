@@ -8,20 +8,12 @@ namespace {
 
 Point Middle(const Box& box) { return {(box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2}; }
 
-std::string Trail(Point from, Point to) {
-  return "M" + std::to_string(from.X) + " " + std::to_string(from.Y) + "L" + std::to_string(to.X) +
-         " " + std::to_string(to.Y);
-}
-
 void DrawOldBox(Markup& out, const StrRect& was, const StrRect& is, const std::string& what) {
   const Box box = BoxOf(was);
   out.Open("g", {});
-  out.Leaf("title", {}, what + ", where it was");
-  out.Leaf("rect", {{"x", box.Left},
-                    {"y", box.Top},
-                    {"width", box.Right - box.Left},
-                    {"height", box.Bottom - box.Top}});
-  out.Leaf("path", {{"d", Trail(Middle(box), Middle(BoxOf(is)))}});
+  out.Leaf("title", {}, what + ", previous position");
+  DrawBox(out, box);
+  out.Leaf("path", {{"d", "M" + FormatPoint(Middle(box)) + "L" + FormatPoint(Middle(BoxOf(is)))}});
   out.Close();
 }
 
@@ -31,7 +23,7 @@ bool SamePlace(const StrRect& a, const StrRect& b) {
 
 void DrawOldSpot(Markup& out, Point was, const std::string& title) {
   out.Open("circle", {{"cx", was.X}, {"cy", was.Y}, {"r", 4}});
-  out.Leaf("title", {}, "Hotspot of " + title + ", where it was");
+  out.Leaf("title", {}, "Hotspot of " + title + ", previous position");
   out.Close();
 }
 

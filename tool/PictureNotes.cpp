@@ -50,7 +50,7 @@ void DrawBadge(Markup& out, const Box& box, MarkKind kind, std::size_t number) {
                     {"width", box.Right - box.Left},
                     {"height", BadgeHeight},
                     {"rx", kind == MarkKind::Finding ? BadgeHeight / 2 : 0}});
-  out.Leaf("text", {{"x", InHalves(box.Left + box.Right)}, {"y", box.Bottom - 2}},
+  out.Leaf("text", {{"x", FormatHalves(box.Left + box.Right)}, {"y", box.Bottom - 2}},
            number == 0 ? "!" : std::to_string(number));
 }
 
@@ -214,7 +214,7 @@ void DrawLegend(Sheet& sheet) {
     const Point at{-SheetMargin, LegendTop + 32};
     DrawSymbol(sheet.Out, "old", at);
     sheet.Out.Leaf("text", {{"x", at.X + 38}, {"y", at.Y + 9}},
-                   "as it is in " + Shortened(Printable(sheet.Of.BeforeName), 10, 400));
+                   "as in " + Shortened(Printable(sheet.Of.BeforeName), 10, 400));
   }
   sheet.Out.Close();
 }

@@ -4,6 +4,7 @@
 
 #include "PageParts.h"
 #include "PictureParts.h"
+#include "Words.h"
 #include "data/MapCatalogue.h"
 #include "tool/Printable.h"
 
@@ -18,17 +19,12 @@ std::string Policy() {
          "'; base-uri 'none'; form-action 'none'";
 }
 
-std::string Title(const Picture& picture) {
-  const std::string title = "Strategic layer of " + Printable(picture.Name);
-  return picture.Before ? title + ", against " + Printable(picture.BeforeName) : title;
-}
-
 void WriteHead(Markup& out, const Picture& picture) {
   out.Open("head");
   out.Leaf("meta", {{"charset", "utf-8"}});
   out.Leaf("meta", {{"http-equiv", "Content-Security-Policy"}, {"content", Policy()}});
   out.Leaf("meta", {{"name", "viewport"}, {"content", "width=device-width"}});
-  out.Leaf("title", {}, Title(picture));
+  out.Leaf("title", {}, PictureTitle(picture));
   out.Raw("<style>");
   out.Raw(page_css);
   out.Raw("</style>\n");
@@ -111,23 +107,10 @@ void WriteRoads(Markup& out, const Scene& scene, int map) {
   out.Close();
 }
 
-std::string KindText(const VictoryLocation& vl) {
-  switch (vl.Kind) {
-    case VLKind::Exit:
-      return "exit";
-    case VLKind::MinorObjective:
-      return "minor objective";
-    case VLKind::MajorObjective:
-      return "major objective";
-    default:
-      return "kind " + std::to_string(static_cast<std::int32_t>(vl.Kind));
-  }
-}
-
 std::string LeadsTo(const Scene& scene, const VictoryLocation& vl) {
   if (vl.Kind != VLKind::Exit) return {};
   if (vl.Destination == OffMap) return "off the map";
-  if (!IsMapSlot(vl.Destination)) return "nowhere: " + std::to_string(vl.Destination);
+  if (!IsMapSlot(vl.Destination)) return "not a map: " + std::to_string(vl.Destination);
   return MapTitle(scene, vl.Destination);
 }
 
@@ -137,7 +120,7 @@ void WriteLocations(Markup& out, const Scene& scene, const MapFile& file) {
     const VictoryLocation& vl = file.VLs[slot];
     if (vl.Kind == VLKind::Unused) continue;
     WriteRow(out, "td",
-             {std::to_string(slot), Printable(FieldText(vl.Name)), KindText(vl),
+             {std::to_string(slot), Printable(FieldText(vl.Name)), KindName(vl.Kind),
               std::to_string(vl.TileX) + ", " + std::to_string(vl.TileY), LeadsTo(scene, vl)});
   }
   out.Close();
@@ -146,7 +129,7 @@ void WriteLocations(Markup& out, const Scene& scene, const MapFile& file) {
 void WriteData(Markup& out, const Picture& picture, const Scene& scene) {
   const Layer& layer = *picture.Now;
   out.Open("section", {{"id", "data"}, {"aria-live", "polite"}});
-  out.Leaf("p", {{"class", "hint"}}, "Point at a map to see its data; click to keep it in view.");
+  out.Leaf("p", {{"class", "hint"}}, "Point at a map to see its data; click to pin it.");
   for (const SceneTile& tile : scene.Tiles) {
     out.Open("article", {{"data-map", tile.Map}});
     out.Leaf("h2", {}, tile.Row.empty() ? "Map " + std::to_string(tile.Map) : tile.Row);
@@ -191,7 +174,7 @@ void WriteFound(Markup& out, const Marks& marks) {
 
 std::string DrawPage(const Picture& picture, Reload reload) {
   const Scene scene = MakeScene(*picture.Now);
-  const int pause = reload == Reload::Steadily ? ReloadPause : 0;
+  const int pause = reload == Reload::Periodically ? ReloadPause : 0;
   Markup out;
   out.Raw("<!DOCTYPE html>\n");
   out.Open("html", {{"lang", "en"}, {"data-reload", pause}});
@@ -199,7 +182,7 @@ std::string DrawPage(const Picture& picture, Reload reload) {
   out.Open("body");
   WriteView(out, picture);
   out.Open("aside");
-  out.Leaf("h1", {}, Title(picture));
+  out.Leaf("h1", {}, PictureTitle(picture));
   out.Leaf("p", {}, Summary(picture, scene) + ".");
   WriteMapList(out, scene);
   WriteData(out, picture, scene);

@@ -23,6 +23,9 @@ constexpr int LegendTop = ScreenHeight + SheetMargin + 8;
 constexpr int LegendBottom = LegendTop + 52;
 constexpr int HeadingTop = -SheetMargin - 38;
 
+/// The title of the picture and of its page.
+[[nodiscard]] std::string PictureTitle(const Picture& picture);
+
 /// "7 Havrune", or "7" for a slot without a name.
 [[nodiscard]] std::string MapTitle(const Scene& scene, int map);
 
@@ -33,6 +36,11 @@ constexpr int HeadingTop = -SheetMargin - 38;
 /// The `d` attribute of a path from hotspot to hotspot through the arrow.
 [[nodiscard]] std::string RoadPath(const Scene& scene, const Road& road);
 
+/// The coordinates of a point in a path: "3 4".
+[[nodiscard]] std::string FormatPoint(Point point);
+
+void DrawBox(Markup& out, const Box& box);
+
 /// Draws the number of each finding and warning at its tile or arrow.
 void DrawBadges(Sheet& sheet);
 void DrawLegend(Sheet& sheet);
@@ -41,7 +49,7 @@ void DrawLegend(Sheet& sheet);
 [[nodiscard]] Point ListEnd(const Marks& marks);
 void DrawList(Sheet& sheet);
 
-/// Draws the differences from the earlier layer in outline.
+/// Draws what differs in the earlier layer, in outline.
 void DrawBefore(Sheet& sheet);
 
 /// The counts in a line: "43 maps, 90 connections, 1 finding, no warnings".

@@ -6,13 +6,13 @@
 namespace corvane {
 namespace {
 
-struct Form {  // the UTF-8 encoding of a character
+struct Encoding {  // of a character in UTF-8
   std::size_t Length;
   std::uint32_t First;  // bits from the first byte
-  std::uint32_t Least;  // smaller codes have a shorter form
+  std::uint32_t Min;    // smaller codes have a shorter encoding
 };
 
-Form FormOf(std::uint8_t first) {
+Encoding EncodingOf(std::uint8_t first) {
   if (first < 0x80) return {1, first, 0};
   if (first >= 0xC2 && first < 0xE0) return {2, first & 0x1FU, 0x80};
   if (first >= 0xE0 && first < 0xF0) return {3, first & 0xFU, 0x800};
@@ -20,8 +20,8 @@ Form FormOf(std::uint8_t first) {
   return {0, 0, 0};
 }
 
-bool IsCharacter(std::uint32_t code, std::uint32_t least) {
-  return code >= least && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+bool IsCharacter(std::uint32_t code, std::uint32_t min) {
+  return code >= min && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
 }
 
 struct Codes {
@@ -53,14 +53,14 @@ void AppendEscape(std::string& text, const Character& character) {
 
 Character NextCharacter(std::string_view& text) {
   const auto first = static_cast<std::uint8_t>(text[0]);
-  auto [length, code, least] = FormOf(first);
+  auto [length, code, min] = EncodingOf(first);
   bool valid = length > 0 && length <= text.size();
   for (std::size_t at = 1; valid && at < length; ++at) {
     const auto byte = static_cast<std::uint8_t>(text[at]);
     valid = (byte & 0xC0) == 0x80;
     code = code << 6 | (byte & 0x3F);
   }
-  valid = valid && IsCharacter(code, least);
+  valid = valid && IsCharacter(code, min);
   Character taken{valid ? code : first, text.substr(0, valid ? length : 1), valid};
   text.remove_prefix(taken.Bytes.size());
   return taken;

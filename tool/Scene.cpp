@@ -15,15 +15,15 @@ int OnSheet(std::int64_t place, int length) {
 
 // Clamps an interval to the sheet and widens it to a visible minimum.
 void Span(std::int64_t start, std::int64_t size, int length, int& first, int& last) {
-  constexpr int Least = 4;
+  constexpr int Min = 4;
   first = OnSheet(start, length);
   last = OnSheet(start + std::max<std::int64_t>(size, 0), length);
-  if (last - first >= Least) return;
-  last = std::max(first, 2 - SheetMargin + Least);
-  first = last - Least;
+  if (last - first >= Min) return;
+  last = std::max(first, 2 - SheetMargin + Min);
+  first = last - Min;
 }
 
-// A slot that no file has filled has no exits, although its zeros read as ten exits to map 0.
+// A slot without a file has no exits, although its zeros read as ten exits to map 0.
 bool HasFile(const Layer& layer, int map) {
   return static_cast<std::size_t>(map) < layer.Rows.size() ||
          std::ranges::any_of(layer.Files,

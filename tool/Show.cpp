@@ -1,7 +1,7 @@
+#include "tool/Commands.h"
 #include "tool/Json.h"
 #include "tool/Sources.h"
 #include "tool/Text.h"
-#include "tool/Verbs.h"
 
 namespace corvane {
 
@@ -14,7 +14,7 @@ int Show(const ShowOptions& options, const Console& console) {
   } else {
     console.Print(options.Json ? TablesToJson(source->Tables) : ListTables(source->Tables));
   }
-  for (const std::string& fault : source->Faults) ComplainOf(console, fault);
+  for (const std::string& fault : source->Faults) Report(console, fault);
   return source->Faults.empty() ? StatusDone : StatusFailed;
 }
 

@@ -18,7 +18,7 @@ namespace corvane {
 namespace {
 
 constexpr char NoGame[] =
-    "The game is not installed on this machine, so its maps are not known. Name its folder with "
+    "The game is not installed on this machine, so its maps are unknown. Name its folder with "
     "--game.";
 
 // The message of a failure; empty on success.
@@ -27,8 +27,8 @@ std::string Reason(const Result<Value>& result) {
   return result.Done() ? std::string() : FailureMessage(result.Error());
 }
 
-// Restores the state at program start.
-void ForgetTables() {
+// Resets the tables and the catalogue to their state at program start.
+void ResetTables() {
   Tables = {};
   VLDest = {};
   GamePath.clear();
@@ -36,7 +36,7 @@ void ForgetTables() {
   MapRows.clear();
 }
 
-std::string TakeTables(const Result<GameTables>& read) {
+std::string SetTables(const Result<GameTables>& read) {
   if (read.Done()) Tables = *read;
   return Reason(read);
 }
@@ -70,9 +70,9 @@ std::string ReadBtdSource(Source& source) {
 std::string ReadContents(Source& source) {
   switch (source.Kind) {
     case SourceKind::GameExe:
-      return TakeTables(ReadGameTables(source.Path));
+      return SetTables(ReadGameTables(source.Path));
     case SourceKind::Patch:
-      return TakeTables(ReadPatchTables(source.Path));
+      return SetTables(ReadPatchTables(source.Path));
     case SourceKind::Json:
       return ReadJsonFile(source);
     case SourceKind::Btd:
@@ -155,7 +155,7 @@ std::string SourceFault(const std::string& path) {
 Result<Source, std::string> ReadSource(const std::string& path, const std::string& game,
                                        MapsWanted maps) {
   Source source{.Path = path, .Kind = KindOfSource(path)};
-  ForgetTables();
+  ResetTables();
   if (std::string failure = ReadContents(source); !failure.empty()) return failure;
   if (source.IsBtd) return source;
   std::vector<MapFile> files;

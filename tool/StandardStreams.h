@@ -14,10 +14,10 @@ enum class Stream { Output, Errors };
 [[nodiscard]] std::error_code WriteStream(Stream stream, std::string_view bytes);
 
 /// True if the stream is a terminal that supports colours. Enables them if necessary.
-[[nodiscard]] bool KnowsColour(Stream stream);
+[[nodiscard]] bool SupportsColour(Stream stream);
 
-/// The arguments after the program's name, in UTF-8. On Windows, where the shell does not do it,
-/// expands wildcards in file names; a pattern without a match is kept.
+/// The arguments after the program's name, in UTF-8. On Windows, where the shell does not, expands
+/// wildcards in file names; keeps a pattern that matches nothing.
 [[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** arguments);
 
 }  // namespace corvane

@@ -7,15 +7,13 @@
 #include <utility>
 
 #include "Paths.h"
+#include "Scene.h"
 #include "base/LetterCase.h"
 #include "data/MapCatalogue.h"
 #include "rules/ConsistencyCheck.h"
 
 namespace corvane {
 namespace {
-
-constexpr std::int64_t ScreenWidth = 800;
-constexpr std::int64_t ScreenHeight = 600;
 
 // The edges of a rectangle, in 64 bits, since the numbers in a file can overflow 32.
 struct Edges {
@@ -39,7 +37,7 @@ struct Edges {
 // A warning for each text field of a BTD file that lacks its NUL.
 void AppendUnended(std::vector<std::string>& texts, const MapFile& file) {
   const auto check = [&](const std::string& name, std::string_view field) {
-    if (field.find('\0') == field.npos) texts.push_back("no NUL ends " + name);
+    if (field.find('\0') == field.npos) texts.push_back(name + " has no terminating NUL");
   };
   const auto view = [](const auto& field) { return std::string_view(field.data(), field.size()); };
   check("the base name", view(file.Text.BaseName));
@@ -58,11 +56,11 @@ void AppendVLWarnings(std::vector<std::string>& texts, const VictoryLocation& vl
                       std::size_t slot) {
   const std::string name = "VL" + std::to_string(slot);
   if (!IsKnownKind(vl.Kind))
-    texts.push_back(name + " is of the unknown kind " +
+    texts.push_back(name + " has the unknown kind " +
                     std::to_string(static_cast<std::int32_t>(vl.Kind)));
   if (vl.Kind == VLKind::Exit && !IsMapSlot(vl.Destination) && vl.Destination != OffMap)
     texts.push_back("the exit " + name + " leads to " + std::to_string(vl.Destination) +
-                    ", which is no map");
+                    ", which is not a map");
 }
 
 bool IsNamedAsItsFile(const MapFile& file) {
@@ -80,48 +78,48 @@ std::vector<std::string> FileWarnings(const MapFile& file) {
                     std::to_string(BtdMagic));
   if (!IsMapSlot(file.Header.MapIndex))
     texts.push_back("the map number is " + std::to_string(file.Header.MapIndex) +
-                    ", which is no map slot");
+                    ", which is not a map slot");
   if (!file.Name.empty() && !IsNamedAsItsFile(file))
-    texts.push_back("the base name inside is " + FieldText(file.Text.BaseName));
+    texts.push_back("the base name is " + FieldText(file.Text.BaseName) + ", not the file's name");
   for (std::size_t vl = 0; vl < file.VLs.size(); ++vl) AppendVLWarnings(texts, file.VLs[vl], vl);
   AppendUnended(texts, file);
   return texts;
 }
 
-class Judge {
+class LayerCheck {
  public:
-  explicit Judge(const Layer& layer) : TheLayer(layer) {}
+  explicit LayerCheck(const Layer& layer) : TheLayer(layer) {}
 
   Marks Found;
 
-  void JudgeMap(int map) {
+  void CheckMap(int map) {
     if (IsInUse(map)) {
-      JudgeTile(map);
-      JudgeHotspot(map);
-      JudgeOverlaps(map);
+      CheckTile(map);
+      CheckHotspot(map);
+      CheckOverlaps(map);
     }
-    for (int to = 0; to < MapSlotCount; ++to) JudgeConnection(map, to);
+    for (int to = 0; to < MapSlotCount; ++to) CheckConnection(map, to);
     if (HasRow(map)) {
-      JudgeExits(map);
-      JudgeNumber(map);
+      CheckExits(map);
+      CheckNumber(map);
       const MapFile& file = TheLayer.Files[static_cast<std::size_t>(map)];
       for (const std::string& text : FileWarnings(file)) Warn(map, text);
     }
     if (IsInUse(map) && !IsReached(map)) Warn(map, "no other map leads to it");
   }
 
-  void JudgeArrow(int arrow) {
+  void CheckArrow(int arrow) {
     const Edges edges(TheLayer.Arrows[arrow]);
     if (!edges.IsEmpty() && !edges.FitsOnScreen())
-      WarnOfArrow(arrow, "it reaches beyond 800 x 600");
+      WarnOfArrow(arrow, "it extends beyond 800 x 600");
     const auto& users = Users[arrow];
     if (users.empty()) WarnOfArrow(arrow, "no connection uses it");
     if (users.size() > 1) WarnOfArrow(arrow, "unrelated connections use it: " + Names(users));
   }
 
-  void JudgeFolder() {
+  void CheckFolder() {
     if (TheLayer.FilesLeftOut)
-      Add({MarkKind::Warning, "the Maps folder holds more than 43 BTD files; some are left out"});
+      Add({MarkKind::Warning, "the Maps folder contains more than 43 BTD files; some are ignored"});
     int last = -1;
     for (const MapFile& file : TheLayer.Files) last = std::max<int>(last, file.Header.MapIndex);
     for (int number = 0; number < std::min(last, MapSlotCount); ++number) {
@@ -162,24 +160,24 @@ class Judge {
     return false;
   }
 
-  // An empty tile is already a finding of the check.
-  void JudgeTile(int map) {
+  // The check already reports an empty tile.
+  void CheckTile(int map) {
     const StrRect& tile = TheLayer.Tiles[map];
     const Edges edges(tile);
-    if (!edges.IsEmpty() && !edges.FitsOnScreen()) Warn(map, "its tile reaches beyond 800 x 600");
+    if (!edges.IsEmpty() && !edges.FitsOnScreen()) Warn(map, "its tile extends beyond 800 x 600");
   }
 
-  void JudgeHotspot(int map) {
+  void CheckHotspot(int map) {
     const Hotspot& spot = TheLayer.Hotspots[map];
     if (spot.CenterX < 0 || spot.CenterX >= ScreenWidth || spot.CenterY < 0 ||
         spot.CenterY >= ScreenHeight) {
-      Warn(map, "its hotspot lies beyond 800 x 600");
+      Warn(map, "its hotspot is outside 800 x 600");
     } else if (!Edges(TheLayer.Tiles[map]).Holds(spot)) {
-      Warn(map, "its hotspot lies outside its tile");
+      Warn(map, "its hotspot is outside its tile");
     }
   }
 
-  void JudgeOverlaps(int map) {
+  void CheckOverlaps(int map) {
     const Edges edges(TheLayer.Tiles[map]);
     for (int other = map + 1; other < MapSlotCount; ++other) {
       if (IsInUse(other) && edges.Overlaps(Edges(TheLayer.Tiles[other])))
@@ -187,21 +185,21 @@ class Judge {
     }
   }
 
-  void JudgeConnection(int from, int to) {
+  void CheckConnection(int from, int to) {
     if (!Connects(from, to)) return;
     const std::string name = "the connection to map " + MapLabel(TheLayer, to);
     const std::int32_t arrow = TheLayer.Connections(from, to);
     if (arrow < 0 || arrow >= ArrowSlotCount) {
-      Warn(from, name + " has the number " + std::to_string(arrow) + ", which is no arrow");
+      Warn(from, name + " has the number " + std::to_string(arrow) + ", which is not an arrow");
     } else {
       AddUser(arrow, {std::min(from, to), std::max(from, to)});
     }
-    if (from == to) Warn(from, "it is joined to itself");
-    if (!Connects(to, from)) Warn(from, name + " has no way back");
-    if (HasRow(from) && !HasExitTo(from, to)) Warn(from, "no exit leads along " + name);
+    if (from == to) Warn(from, "it is connected to itself");
+    if (!Connects(to, from)) Warn(from, name + " has no connection back");
+    if (HasRow(from) && !HasExitTo(from, to)) Warn(from, name + " has no exit");
   }
 
-  void JudgeExits(int map) {
+  void CheckExits(int map) {
     for (int vl = 0; vl < VLSlotCount; ++vl) {
       const std::int32_t to = TheLayer.Destinations(map, vl);
       if (!IsMapSlot(to)) continue;
@@ -210,19 +208,19 @@ class Judge {
       if (!TheLayer.Rows.empty() && !HasRow(to))
         Warn(map, name + " leads to map " + ThreeDigits(to) + ", which has no BTD file");
       if (Connects(map, to) && !Connects(to, map))
-        Warn(map, name + " leads to map " + MapLabel(TheLayer, to) +
-                      ", from where no connection leads back");
+        Warn(map,
+             name + " leads to map " + MapLabel(TheLayer, to) + ", which has no connection back");
     }
   }
 
-  void JudgeNumber(int map) {
+  void CheckNumber(int map) {
     const int number = TheLayer.Files[static_cast<std::size_t>(map)].Header.MapIndex;
     if (number != map)
-      Warn(map, "its file has the map number " + std::to_string(number) + ", but stands in row " +
+      Warn(map, "its file has the map number " + std::to_string(number) + ", but is in row " +
                     std::to_string(map));
     const auto next = static_cast<std::size_t>(map) + 1;
     if (next < TheLayer.Files.size() && TheLayer.Files[next].Header.MapIndex == number)
-      Warn(map, "its map number is also that of " + TheLayer.Files[next].Name);
+      Warn(map, TheLayer.Files[next].Name + " has the same map number");
   }
 
   void AddUser(int arrow, Pair maps) {
@@ -231,14 +229,14 @@ class Judge {
   }
 
   static std::string Names(const std::vector<Pair>& users) {
-    constexpr std::size_t MostNames = 4;
+    constexpr std::size_t MaxNames = 4;
     std::string names;
-    for (const auto& [from, to] : std::span(users).first(std::min(MostNames, users.size()))) {
+    for (const auto& [from, to] : std::span(users).first(std::min(MaxNames, users.size()))) {
       if (!names.empty()) names += ", ";
       names += ThreeDigits(from) + " - " + ThreeDigits(to);
     }
-    if (users.size() > MostNames)
-      names += " and " + std::to_string(users.size() - MostNames) + " more";
+    if (users.size() > MaxNames)
+      names += " and " + std::to_string(users.size() - MaxNames) + " more";
     return names;
   }
 
@@ -249,7 +247,7 @@ class Judge {
 }  // namespace
 
 Marks FindingMarks() {
-  const Findings findings = CheckPlaces();
+  const Findings findings = LocateFindings();
   Marks marks;
   for (const Finding& found : findings.Lines)
     marks.push_back({MarkKind::Finding, findings.Text.substr(found.Start, found.Length), found.Map,
@@ -258,11 +256,11 @@ Marks FindingMarks() {
 }
 
 Marks WarningsOf(const Layer& layer) {
-  Judge judge(layer);
-  for (int map = 0; map < MapSlotCount; ++map) judge.JudgeMap(map);
-  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) judge.JudgeArrow(arrow);
-  judge.JudgeFolder();
-  return std::move(judge.Found);
+  LayerCheck check(layer);
+  for (int map = 0; map < MapSlotCount; ++map) check.CheckMap(map);
+  for (int arrow = 0; arrow < ArrowSlotCount; ++arrow) check.CheckArrow(arrow);
+  check.CheckFolder();
+  return std::move(check.Found);
 }
 
 Marks WarningsOf(const MapFile& file) {

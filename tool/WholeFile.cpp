@@ -27,7 +27,7 @@ std::string WriteWhole(const std::string& path, std::string_view text) {
   const std::uint64_t oldLength = FileLength(path);
   if (oldLength > MaxLength)
     return FailureMessage({FileAction::Save, path, make_error_code(std::errc::file_too_large)});
-  // First pads the text with blank lines to the old length: if truncating fails, it is complete.
+  // Pads the text with blank lines to the old length: if truncating fails, the text is complete.
   std::string bytes(text);
   bytes.resize(std::max(bytes.size(), static_cast<std::size_t>(oldLength)), '\n');
   const WriteRange whole{0, std::as_bytes(std::span(bytes))};
@@ -37,7 +37,7 @@ std::string WriteWhole(const std::string& path, std::string_view text) {
   const std::error_code error = Truncate(path, text.size());
   if (!error) return {};
   return path + " could not be truncated: " + ReasonText(error) +
-         ". It holds the new contents, perhaps with blank lines behind them.";
+         ". It holds the new contents, possibly followed by blank lines.";
 }
 
 }  // namespace corvane

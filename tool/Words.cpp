@@ -16,10 +16,10 @@ std::string ArrowNumber(std::int32_t arrow) {
   return arrow < 0 ? std::to_string(arrow) : ThreeDigits(arrow);
 }
 
-std::string KindName(std::int32_t kind) {
-  switch (VLKind{kind}) {
+std::string KindName(VLKind kind) {
+  switch (kind) {
     case VLKind::Unused:
-      return "not in use";
+      return "unused";
     case VLKind::Exit:
       return "exit";
     case VLKind::MinorObjective:
@@ -27,7 +27,7 @@ std::string KindName(std::int32_t kind) {
     case VLKind::MajorObjective:
       return "major objective";
   }
-  return "kind " + std::to_string(kind);
+  return "kind " + std::to_string(static_cast<std::int32_t>(kind));
 }
 
 std::string HexBytes(std::span<const std::uint8_t> bytes) {
@@ -45,7 +45,7 @@ std::string HexBytes(std::span<const char> bytes) {
   return HexBytes(numbers);
 }
 
-std::string_view BehindNul(std::span<const char> field) {
+std::string_view BytesAfterText(std::span<const char> field) {
   const std::string_view bytes(field.data(), field.size());
   const std::size_t nul = bytes.find('\0');
   const std::size_t end = bytes.find_last_not_of('\0') + 1;
@@ -53,9 +53,9 @@ std::string_view BehindNul(std::span<const char> field) {
 }
 
 std::string QuotedField(std::span<const char> field) {
-  const std::string_view behind = BehindNul(field);
+  const std::string_view rest = BytesAfterText(field);
   const std::string text = Quoted(FieldText(field));
-  return behind.empty() ? text : text + " and the bytes " + HexBytes(behind);
+  return rest.empty() ? text : text + " and the bytes " + HexBytes(rest);
 }
 
 Lines BriefLines(std::span<const char> field) {
@@ -68,8 +68,8 @@ Lines BriefLines(std::span<const char> field) {
     lines.push_back(Quoted(rest.substr(0, end)) + (ended ? "" : " without a line end"));
     rest.remove_prefix(ended ? end + LineEnd.size() : rest.size());
   }
-  if (const std::string_view behind = BehindNul(field); !behind.empty())
-    lines.push_back("bytes behind the text: " + HexBytes(behind));
+  if (const std::string_view bytes = BytesAfterText(field); !bytes.empty())
+    lines.push_back("bytes after the text: " + HexBytes(bytes));
   return lines;
 }
 

@@ -17,16 +17,16 @@ namespace corvane {
 [[nodiscard]] std::string ArrowNumber(std::int32_t arrow);
 
 /// "minor objective", or "kind 7".
-[[nodiscard]] std::string KindName(std::int32_t kind);
+[[nodiscard]] std::string KindName(VLKind kind);
 
 /// "01 DC"
 [[nodiscard]] std::string HexBytes(std::span<const char> bytes);
 [[nodiscard]] std::string HexBytes(std::span<const std::uint8_t> bytes);
 
 /// The bytes of a text field from its first NUL up to the trailing NULs; empty if there are none.
-[[nodiscard]] std::string_view BehindNul(std::span<const char> field);
+[[nodiscard]] std::string_view BytesAfterText(std::span<const char> field);
 
-/// The text of a field in quotes, with any bytes after its NUL in hexadecimal.
+/// The text of a field in quotes, and any bytes after it in hexadecimal.
 [[nodiscard]] std::string QuotedField(std::span<const char> field);
 
 /// The lines of a briefing, in quotes. Lines end in CR LF; a CR or LF alone is part of a line.

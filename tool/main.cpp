@@ -26,7 +26,7 @@ void Print(std::string_view text) {
 }
 
 // Flushes the results first, so that a terminal shows both in order.
-void Complain(std::string_view text) {
+void PrintError(std::string_view text) {
   Flush();
   static_cast<void>(WriteStream(Stream::Errors, text));  // nowhere left to report it
 }
@@ -39,14 +39,14 @@ bool IsSet(const char* name) {
 bool WantsColour() {
   const char* terminal = std::getenv("TERM");
   const bool dumb = terminal != nullptr && std::string_view(terminal) == "dumb";
-  return !IsSet("NO_COLOR") && !dumb && KnowsColour(Stream::Output);
+  return !IsSet("NO_COLOR") && !dumb && SupportsColour(Stream::Output);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
   IgnoreFileSizeSignal();
-  const Console console{Print, Complain, WantsColour()};
+  const Console console{Print, PrintError, WantsColour()};
   const int status = RunTool(ProgramArguments(count, arguments), console);
   Flush();
   if (!OutputError) return status;

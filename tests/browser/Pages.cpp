@@ -96,7 +96,7 @@ bool WritePages(const std::filesystem::path& folder) {
   return WriteBoth(folder, "sample", plain) &&
          WriteBoth(folder, "faulty", {"<i>harm</i>.crv", &faulty, nullptr, {}, MarksOf(faulty)}) &&
          WriteBoth(folder, "moved", {"CC4.EXE", &moved, &sample, "before.crv", MarksOf(moved)}) &&
-         Write(folder / "watched.html", DrawPage(plain, Reload::Steadily));
+         Write(folder / "watched.html", DrawPage(plain, Reload::Periodically));
 }
 
 }  // namespace

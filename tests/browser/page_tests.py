@@ -88,8 +88,8 @@ def the_filter_leaves_what_fits(browser):
     left = """return [...document.querySelectorAll('#maps li:not([hidden])')].map(
         (item) => item.textContent.trim()).join()"""
     browser.wait(left + " === '3 Havrune'")
-    equal(browser.run("return document.querySelectorAll('.tile.sifted').length"), 42)
-    equal(browser.run("return document.querySelector('#map-3').matches('.sifted')"), False)
+    equal(browser.run("return document.querySelectorAll('.tile.filtered-out').length"), 42)
+    equal(browser.run("return document.querySelector('#map-3').matches('.filtered-out')"), False)
 
 
 def findings_jump_to_their_place(browser):

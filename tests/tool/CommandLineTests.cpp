@@ -32,7 +32,16 @@ TEST_F(CommandLine, RefusesWrongUsage) {
   }
 }
 
-TEST_F(CommandLine, RefusesAMisspeltVerbBeforeItDrawsAFile) {
+TEST_F(CommandLine, SuggestsTwoHyphensBeforeAFileThatBeginsWithOne) {
+  EXPECT_EQ(Run({"show", "-x.crv"}), 2);
+  EXPECT_EQ(Errors,
+            "corvane-tool: SOURCE is required (if -x.crv is a file, put -- before it)\n"
+            "corvane-tool: Try corvane-tool --help.\n");
+  EXPECT_EQ(Run({"show", "--", "-x.crv"}), 2);
+  EXPECT_TRUE(Errors.starts_with("corvane-tool: -x.crv could not be read: ")) << Errors;
+}
+
+TEST_F(CommandLine, RefusesAMisspeltCommandBeforeItDrawsAFile) {
   EXPECT_EQ(Run({"chekc", "/CC4.EXE"}), 2);
   EXPECT_EQ(Out, "");
   EXPECT_EQ(Errors,
@@ -41,10 +50,10 @@ TEST_F(CommandLine, RefusesAMisspeltVerbBeforeItDrawsAFile) {
             "corvane-tool: Try corvane-tool --help.\n");
 }
 
-TEST_F(CommandLine, HelpsWithExamplesOfEachVerb) {
-  for (const std::string verb : {"check", "show", "diff", "copy", "draw"}) {
-    EXPECT_EQ(Run({verb, "--help"}), 0) << Errors;
-    EXPECT_NE(Out.find("Examples:\n  corvane-tool " + verb), Out.npos) << Out;
+TEST_F(CommandLine, HelpsWithExamplesOfEachCommand) {
+  for (const std::string command : {"check", "show", "diff", "copy", "draw"}) {
+    EXPECT_EQ(Run({command, "--help"}), 0) << Errors;
+    EXPECT_NE(Out.find("Examples:\n  corvane-tool " + command), Out.npos) << Out;
   }
 }
 
@@ -58,14 +67,14 @@ TEST_F(CommandLine, EscapesNamesInMessages) {
   EXPECT_EQ(std::ranges::count(Errors, '\n'), 1) << Errors;
 }
 
-struct CheckVerb : ToolRun {};
+struct CheckCommand : ToolRun {};
 
-TEST_F(CheckVerb, IsSilentOnASoundGame) {
+TEST_F(CheckCommand, IsSilentOnASoundGame) {
   EXPECT_EQ(Run({"check", "--strict", "/CC4.EXE"}), 0);
   EXPECT_EQ(Out + Errors, "");
 }
 
-TEST_F(CheckVerb, PrintsFindingsThenWarnings) {
+TEST_F(CheckCommand, PrintsFindingsThenWarnings) {
   Game.Tables.Tiles[3].Left = 801;
   Game.Tables.Arrows[80].Height = 0;
   Game.Tables.Hotspots[5] = {799, 599};
@@ -74,29 +83,29 @@ TEST_F(CheckVerb, PrintsFindingsThenWarnings) {
   EXPECT_EQ(Out,
             "Invalid tile coordinates for STRMAP 3\n"
             "Invalid size for STRARROW 80\n"
-            "warning: map 003 Havrune.btd: its tile reaches beyond 800 x 600\n"
-            "warning: map 003 Havrune.btd: its hotspot lies outside its tile\n"
-            "warning: map 005 BRENVAU.Btd: its hotspot lies outside its tile\n");
+            "warning: map 003 Havrune.btd: its tile extends beyond 800 x 600\n"
+            "warning: map 003 Havrune.btd: its hotspot is outside its tile\n"
+            "warning: map 005 BRENVAU.Btd: its hotspot is outside its tile\n");
   EXPECT_EQ(Errors, "");
 }
 
-TEST_F(CheckVerb, CountsWarningsWhenStrict) {
+TEST_F(CheckCommand, CountsWarningsWhenStrict) {
   Game.Tables.Hotspots[5] = {799, 599};
   Folder.Put("p.crv", PatchBytes(Game.Tables));
   EXPECT_EQ(Run({"check", "--game", "/", "/p.crv"}), 0) << Errors;
   EXPECT_EQ(Run({"check", "--strict", "--game", "/", "/p.crv"}), 1) << Errors;
 }
 
-TEST_F(CheckVerb, NamesEachOfSeveralSources) {
+TEST_F(CheckCommand, NamesEachOfSeveralSources) {
   Folder.Put("Maps/Short.btd", Folder.Get("Maps/Merlaut.btd").substr(0, 8000));
   EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd", "/Maps/Short.btd", "/no.btd"}), 2);
   EXPECT_EQ(Plain(Out),
             "/Maps/Short.btd: warning: only 8000 bytes long, not 8526\n"
-            "/Maps/Short.btd: warning: the base name inside is Merlaut\n");
+            "/Maps/Short.btd: warning: the base name is Merlaut, not the file's name\n");
   EXPECT_TRUE(Plain(Errors).starts_with("corvane-tool: /no.btd could not be read: ")) << Errors;
 }
 
-TEST_F(CheckVerb, ColoursOnlyATerminal) {
+TEST_F(CheckCommand, ColoursOnlyATerminal) {
   Folder.Put("Maps/Merlaut.btd", Folder.Get("Maps/Merlaut.btd").substr(0, 8000));
   EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd"}), 0);
   EXPECT_EQ(Out, "warning: only 8000 bytes long, not 8526\n");
@@ -105,7 +114,7 @@ TEST_F(CheckVerb, ColoursOnlyATerminal) {
   EXPECT_EQ(Out, "\x1B[33mwarning: only 8000 bytes long, not 8526\x1B[0m\n");
 }
 
-TEST_F(CheckVerb, FailsWithoutTheMaps) {
+TEST_F(CheckCommand, FailsWithoutTheMaps) {
   std::filesystem::remove_all(Folder / "Maps");
   EXPECT_EQ(Run({"check", "/CC4.EXE"}), 2);
   EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
@@ -118,11 +127,12 @@ TEST_F(CheckVerb, FailsWithoutTheMaps) {
   EXPECT_TRUE(Plain(Errors).starts_with(reason)) << Errors;
 }
 
-TEST_F(CheckVerb, WarnsOfMoreFilesThanMapSlots) {
+TEST_F(CheckCommand, WarnsOfMoreFilesThanMapSlots) {
   Folder.Put("Maps/Zz.btd", Folder.Get("Maps/Merlaut.btd"));
   Run({"check", "/CC4.EXE"});
-  EXPECT_NE(Out.find("warning: the Maps folder holds more than 43 BTD files; some are left out\n"),
-            Out.npos)
+  EXPECT_NE(
+      Out.find("warning: the Maps folder contains more than 43 BTD files; some are ignored\n"),
+      Out.npos)
       << Out;
 }
 

@@ -3,8 +3,8 @@
 
 using namespace corvane;
 
-struct CopyVerb : ToolRun {
-  CopyVerb() { Folder.Put("p.crv", Patch); }
+struct CopyCommand : ToolRun {
+  CopyCommand() { Folder.Put("p.crv", Patch); }
   void PutChangedPatch(int left) {
     GameTables tables = Game.Tables;
     tables.Tiles[3].Left = left;
@@ -14,7 +14,7 @@ struct CopyVerb : ToolRun {
   const std::string Exe = GameExeBytes(Game.Tables);
 };
 
-TEST_F(CopyVerb, PreservesTablesThroughEveryKindOfFile) {
+TEST_F(CopyCommand, PreservesTablesThroughEveryKindOfFile) {
   const std::string patch = Noise(11).Bytes(11212);
   Folder.Put("p.crv", patch);
   for (const auto& [from, to] :
@@ -27,7 +27,7 @@ TEST_F(CopyVerb, PreservesTablesThroughEveryKindOfFile) {
   EXPECT_TRUE(exe.substr(1201312) == Exe.substr(1201312));
 }
 
-TEST_F(CopyVerb, PreservesBtdFilesThroughJson) {
+TEST_F(CopyCommand, PreservesBtdFilesThroughJson) {
   const std::string image = Noise(12).Bytes(8526);
   Folder.Put("a.btd", image + "rest");
   Folder.Put("long.btd", std::string(8526, 'x') + "tail");
@@ -39,7 +39,7 @@ TEST_F(CopyVerb, PreservesBtdFilesThroughJson) {
   EXPECT_TRUE(Folder.Get("short.btd") == image);
 }
 
-TEST_F(CopyVerb, PrintsWhatChanges) {
+TEST_F(CopyCommand, PrintsWhatChanges) {
   PutChangedPatch(300);
   const std::string left = std::to_string(Game.Tables.Tiles[3].Left);
   EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0) << Errors;
@@ -50,7 +50,7 @@ TEST_F(CopyVerb, PrintsWhatChanges) {
   EXPECT_EQ(Plain(Out), "/new.crv: new file\n");
 }
 
-TEST_F(CopyVerb, WritesNothingOnADryRun) {
+TEST_F(CopyCommand, WritesNothingOnADryRun) {
   PutChangedPatch(300);
   EXPECT_EQ(Run({"copy", "--dry-run", "/p.crv", "/CC4.EXE"}), 0) << Errors;
   EXPECT_TRUE(Out.ends_with(" -> 300\n")) << Out;
@@ -59,7 +59,7 @@ TEST_F(CopyVerb, WritesNothingOnADryRun) {
   EXPECT_FALSE(std::filesystem::exists(Folder / "new.json"));
 }
 
-TEST_F(CopyVerb, RefusesTablesThatDoNotPassTheCheck) {
+TEST_F(CopyCommand, RefusesTablesThatDoNotPassTheCheck) {
   PutChangedPatch(801);
   EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
   EXPECT_EQ(Errors,
@@ -68,17 +68,18 @@ TEST_F(CopyVerb, RefusesTablesThatDoNotPassTheCheck) {
   EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
 }
 
-TEST_F(CopyVerb, ChecksAgainstTheMapsOfTheGameThatIsWritten) {
+TEST_F(CopyCommand, ChecksAgainstTheMapsOfTheGameThatIsWritten) {
   std::filesystem::remove(Folder / "Maps/Merlaut.btd");
   EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 1);
   EXPECT_NE(Errors.find("No STRARROW defined for BTD link"), std::string::npos) << Errors;
 }
 
-TEST_F(CopyVerb, ReplacesAPatchOrJsonFileOnlyWithForce) {
+TEST_F(CopyCommand, ReplacesAPatchOrJsonFileOnlyWithForce) {
   for (const std::string name : {"/old.crv", "/old.json"}) {
     Folder.Put(name.substr(1), std::string(300000, 'x'));
     EXPECT_EQ(Run({"copy", "/CC4.EXE", name}), 1) << name;
-    EXPECT_EQ(Plain(Errors), "corvane-tool: " + name + " exists already. --force replaces it.\n");
+    EXPECT_EQ(Plain(Errors),
+              "corvane-tool: " + name + " already exists. Use --force to replace it.\n");
     EXPECT_EQ(Folder.Get(name.substr(1)), std::string(300000, 'x'));
     EXPECT_EQ(Run({"copy", "--force", "/CC4.EXE", name}), 0) << name;
   }
@@ -87,7 +88,7 @@ TEST_F(CopyVerb, ReplacesAPatchOrJsonFileOnlyWithForce) {
   EXPECT_TRUE(Folder.Get("old.json").ends_with("]\n}\n"));
 }
 
-TEST_F(CopyVerb, KeepsChangesByAnotherProgram) {
+TEST_F(CopyCommand, KeepsChangesByAnotherProgram) {
   PutChangedPatch(300);
   GameTables others = Game.Tables;
   others.Arrows[7].Top = 77;
@@ -100,11 +101,11 @@ TEST_F(CopyVerb, KeepsChangesByAnotherProgram) {
   EXPECT_TRUE(Folder.Get("CC4.EXE") == GameExeBytes(others));
 }
 
-TEST_F(CopyVerb, RefusesSourcesThatDoNotMatchTheTarget) {
+TEST_F(CopyCommand, RefusesSourcesThatDoNotMatchTheTarget) {
   Folder.Put("bad.json", "{}");
   const std::tuple<const char*, const char*, const char*> rows[] = {
-      {"/p.crv", "/Maps/Merlaut.btd", "/p.crv holds tables and no BTD record for "},
-      {"/Maps/Merlaut.btd", "/new.crv", "/Maps/Merlaut.btd is a BTD file and holds no tables for "},
+      {"/p.crv", "/Maps/Merlaut.btd", "/p.crv has tables but no BTD record for "},
+      {"/Maps/Merlaut.btd", "/new.crv", "/Maps/Merlaut.btd is a BTD file and has no tables for "},
       {"/p.crv", "/new.txt", "/new.txt is not a CC4.EXE, patch file (.crv), BTD file (.btd) or "},
       {"/no.crv", "/CC4.EXE", "/no.crv could not be read: "},
       {"/bad.json", "/CC4.EXE", "/bad.json could not be read: /Format: is missing."},
@@ -117,7 +118,7 @@ TEST_F(CopyVerb, RefusesSourcesThatDoNotMatchTheTarget) {
   EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
 }
 
-TEST_F(CopyVerb, RefusesAFolderAsTarget) {
+TEST_F(CopyCommand, RefusesAFolderAsTarget) {
   for (const char* name : {"/folder.crv", "/folder.json"}) {
     std::filesystem::create_directory(Folder / (name + 1));
     EXPECT_EQ(Run({"copy", "--dry-run", "--unchecked", "--force", "/p.crv", name}), 2) << name;
@@ -127,7 +128,7 @@ TEST_F(CopyVerb, RefusesAFolderAsTarget) {
   }
 }
 
-TEST_F(CopyVerb, ReportsTheStateOfAFileThatCouldNotBeSaved) {
+TEST_F(CopyCommand, ReportsTheStateOfAFileThatCouldNotBeSaved) {
   std::filesystem::remove(Folder / "CC4.EXE");
   EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/CC4.EXE"}), 2);
   EXPECT_EQ(Run({"copy", "--unchecked", "/p.crv", "/no/new.crv"}), 2);

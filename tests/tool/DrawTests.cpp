@@ -59,7 +59,7 @@ TEST_F(DrawFiles, ShowsAPatchFileWithTheMapsOfItsGame) {
   EXPECT_EQ(status, 0) << Errors;
   EXPECT_NE(Drawn("a.svg", 3).find("Left 411"), std::string::npos);
   const Xml picture(Folder.Get("a.svg"));
-  EXPECT_EQ(picture.Id("picture-title").Text, "Strategic layer of new.crv, against CC4.EXE");
+  EXPECT_EQ(picture.Id("picture-title").Text, "Strategic layer of new.crv, compared with CC4.EXE");
   EXPECT_EQ(picture.All("g", "old").size(), 2U);
 }
 

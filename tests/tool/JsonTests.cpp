@@ -100,15 +100,15 @@ static void ExpectRefused(const std::string& sample, const Fault& fault) {
   EXPECT_FALSE(FitsSchema(json.dump())) << fault.Place << " " << fault.Value;
 }
 
-constexpr char TooLarge[] = ": must lie between -2147483648 and 2147483647";
-constexpr char NoNumber[] = ": must be a whole number";
+constexpr char TooLarge[] = ": must be between -2147483648 and 2147483647";
+constexpr char NoNumber[] = ": must be an integer";
 
 TEST(Json, RefusesFaultyTables) {
   const Fault rows[] = {
       {"/Format", R"("Corvane")", R"(: must be "Corvane tables" or "Corvane BTD")"},
       {"/Format", "", ": is missing"},
       {"/Version", "", ": is missing"},
-      {"/Version", "2", ": must lie between 1 and 1"},
+      {"/Version", "2", ": must be 1"},
       {"/Extra", "1", ": unknown key"},
       {"/a~1b~0", "1", ": unknown key"},
       {"/StrMap/3/left", "1", ": unknown key"},
@@ -125,8 +125,8 @@ TEST(Json, RefusesFaultyTables) {
       {"/StrArrow", "{}", ": must be an array"},
       {"/StrArrow/80", "[]", ": must be an object"},
       {"/MapConnections", "null", ": must be an array"},
-      {"/MapConnections/0/From", "43", ": must lie between 0 and 42"},
-      {"/MapConnections/0/To", "-1", ": must lie between 0 and 42"},
+      {"/MapConnections/0/From", "43", ": must be between 0 and 42"},
+      {"/MapConnections/0/To", "-1", ": must be between 0 and 42"},
       {"/MapConnections/0/Arrow", "-1", ": -1 means no connection"},
       {"/MapHotspots/0/CenterY", "", ": is missing"},
   };
@@ -135,20 +135,20 @@ TEST(Json, RefusesFaultyTables) {
 
 TEST(Json, RefusesFaultyBtdFiles) {
   const Fault rows[] = {
-      {"/MapIndex", "256", ": must lie between 0 and 255"},
+      {"/MapIndex", "256", ": must be between 0 and 255"},
       {"/Magic", "{}", NoNumber},
       {"/VictoryLocations/9", "", ": must have 10 elements, not 9", "/VictoryLocations"},
-      {"/VictoryLocations/0/TileX", "-1", ": must lie between 0 and 255"},
-      {"/VictoryLocations/0/Opaque0/1", "256", ": must lie between 0 and 255"},
+      {"/VictoryLocations/0/TileX", "-1", ": must be between 0 and 255"},
+      {"/VictoryLocations/0/Opaque0/1", "256", ": must be between 0 and 255"},
       {"/VictoryLocations/0/Opaque2", "[1]", ": must have 2 elements, not 1"},
       {"/VictoryLocations/0/Kind", "5e1", NoNumber},
-      {"/BaseName", "5", ": must be a text, or an object with the key Hex"},
+      {"/BaseName", "5", ": must be a string, or an object with the key Hex"},
       {"/BaseName", R"({"Hex": "4"})", "/Hex: must be pairs of hexadecimal digits"},
       {"/BaseName", R"({"Hex": "4g"})", "/Hex: must be pairs of hexadecimal digits"},
-      {"/BaseName", R"({"Hex": 46})", "/Hex: must be a text"},
+      {"/BaseName", R"({"Hex": 46})", "/Hex: must be a string"},
       {"/BaseName", R"({"Hex": "46", "x": 1})", "/x: unknown key"},
-      {"/AlliedBrief", "\"text\"", ": must be an array of texts, or an object with the key Hex"},
-      {"/AxisBrief", "[\"a\", 1]", "/1: must be a text"},
+      {"/AlliedBrief", "\"text\"", ": must be an array of strings, or an object with the key Hex"},
+      {"/AxisBrief", "[\"a\", 1]", "/1: must be a string"},
   };
   for (const Fault& fault : rows) ExpectRefused(SampleBtd, fault);
 }
@@ -160,13 +160,13 @@ TEST(Json, RefusesWhatASchemaCannotExpress) {
     std::string Text;
     std::string Reason;
   } rows[] = {
-      {"", "/: not JSON at line 1, column 1"},
-      {"{\n  \"a\": 1,\n  b", "/a: not JSON at line 3, column 3"},
-      {start + "\"StrMap\": [1, 2, }", "/StrMap/2: not JSON at line 1, column 47"},
-      {start + "\"Format\": 1}", "/Format: the key occurs twice"},
+      {"", "/: invalid JSON at line 1, column 1"},
+      {"{\n  \"a\": 1,\n  b", "/a: invalid JSON at line 3, column 3"},
+      {start + "\"StrMap\": [1, 2, }", "/StrMap/2: invalid JSON at line 1, column 47"},
+      {start + "\"Format\": 1}", "/Format: duplicate key"},
       {"[]", "/: must be an object"},
-      {std::string(SampleTables) + '\0' + "{", "/: not JSON at line 270, column 1"},
-      {"\"\xFF\"", "/: not JSON at line 1, column 2"},
+      {std::string(SampleTables) + '\0' + "{", "/: invalid JSON at line 270, column 1"},
+      {"\"\xFF\"", "/: invalid JSON at line 1, column 2"},
       {deep, "/0/0/0/0/0/0/0/0: nested too deeply"},
       {"{\"" + std::string(MaxJsonSize, ' ') + "\": 1}", "/: longer than 1048576 bytes"},
   };
@@ -181,11 +181,12 @@ TEST(Json, RefusesATextThatCannotBeStored) {
   };
   EXPECT_EQ(named("123456789").substr(325, 9), "123456789");
   EXPECT_EQ(named("1234567890"), "/BaseName: has 10 bytes; the field holds 9");
-  EXPECT_EQ(named("\u4E2D"), "/BaseName: has a character that the system's code page lacks");
+  EXPECT_EQ(named("\u4E2D"),
+            "/BaseName: contains a character that is not in the system's code page");
 }
 
 TEST(Json, RefusesAConnectionGivenTwice) {
   Json json = Json::parse(SampleTables);
   json["MapConnections"].push_back(json["MapConnections"][0]);
-  EXPECT_EQ(ReadBack(json.dump()), "/MapConnections/90: the connection occurs twice");
+  EXPECT_EQ(ReadBack(json.dump()), "/MapConnections/90: duplicate connection");
 }

@@ -65,9 +65,9 @@ TEST_F(Warnings, CoverUnusedArrows) {
 }
 
 TEST_F(Warnings, CoverTilesAndHotspotsOutOfPlace) {
-  const std::string tile = "map 000 A.btd: its tile reaches beyond 800 x 600\n";
-  const std::string spot = "map 000 A.btd: its hotspot lies outside its tile\n";
-  const std::string both = tile + "map 000 A.btd: its hotspot lies beyond 800 x 600\n";
+  const std::string tile = "map 000 A.btd: its tile extends beyond 800 x 600\n";
+  const std::string spot = "map 000 A.btd: its hotspot is outside its tile\n";
+  const std::string both = tile + "map 000 A.btd: its hotspot is outside 800 x 600\n";
   const struct {
     int Left, Top, Width, Height;
     Hotspot Spot;
@@ -90,7 +90,7 @@ TEST_F(Warnings, CoverTilesThatOverlap) {
   Of.Tiles[0].Width = 101;
   EXPECT_EQ(Told(), "map 000 A.btd: its tile overlaps that of map 001 B.btd\n");
   Of.Tiles[0].Height = 0;
-  EXPECT_EQ(Told(), "map 000 A.btd: its hotspot lies outside its tile\n");
+  EXPECT_EQ(Told(), "map 000 A.btd: its hotspot is outside its tile\n");
 }
 
 TEST_F(Warnings, CoverConnections) {
@@ -99,20 +99,20 @@ TEST_F(Warnings, CoverConnections) {
     const char* Expected;
   } rows[] = {
       {0, 1, 81,
-       "map 000 A.btd: the connection to map 001 B.btd has the number 81, which is no arrow\n"},
+       "map 000 A.btd: the connection to map 001 B.btd has the number 81, which is not an arrow\n"},
       {0, 1, -2,
-       "map 000 A.btd: the connection to map 001 B.btd has the number -2, which is no arrow\n"},
+       "map 000 A.btd: the connection to map 001 B.btd has the number -2, which is not an arrow\n"},
       {1, 0, NoConnection,
-       "map 000 A.btd: the connection to map 001 B.btd has no way back\n"
-       "map 000 A.btd: the exit VL0 leads to map 001 B.btd, from where no connection leads back\n"
+       "map 000 A.btd: the connection to map 001 B.btd has no connection back\n"
+       "map 000 A.btd: the exit VL0 leads to map 001 B.btd, which has no connection back\n"
        "map 000 A.btd: no other map leads to it\n"},
       {0, 2, 0,
-       "map 000 A.btd: the connection to map 002 C.btd has no way back\n"
-       "map 000 A.btd: no exit leads along the connection to map 002 C.btd\n"
+       "map 000 A.btd: the connection to map 002 C.btd has no connection back\n"
+       "map 000 A.btd: the connection to map 002 C.btd has no exit\n"
        "arrow 000: unrelated connections use it: 000 - 001, 000 - 002\n"},
       {1, 1, 1,
-       "map 001 B.btd: it is joined to itself\n"
-       "map 001 B.btd: no exit leads along the connection to map 001 B.btd\n"
+       "map 001 B.btd: it is connected to itself\n"
+       "map 001 B.btd: the connection to map 001 B.btd has no exit\n"
        "arrow 001: unrelated connections use it: 001 - 001, 001 - 002\n"},
   };
   for (const auto& [from, to, arrow, expected] : rows) {
@@ -136,14 +136,14 @@ TEST_F(Warnings, TellOfExitsAndArrows) {
   EXPECT_EQ(Told(),
             "map 002 C.btd: the exit VL5 leads to the map itself\n"
             "map 002 C.btd: the exit VL6 leads to map 007, which has no BTD file\n"
-            "arrow 001: it reaches beyond 800 x 600\n");
+            "arrow 001: it extends beyond 800 x 600\n");
 }
 
 TEST_F(Warnings, CoverNumbersOutOfOrder) {
   Of.Files[1].Header.MapIndex = 2;
   EXPECT_EQ(Told(),
-            "map 001 B.btd: its file has the map number 2, but stands in row 1\n"
-            "map 001 B.btd: its map number is also that of C.btd\n"
+            "map 001 B.btd: its file has the map number 2, but is in row 1\n"
+            "map 001 B.btd: C.btd has the same map number\n"
             "no BTD file has the map number 1\n");
 }
 
@@ -152,15 +152,18 @@ TEST_F(Warnings, CoverBtdFiles) {
   const std::pair<Change, const char*> rows[] = {
       {[](MapFile& file) { file.Header.Magic = 1; }, "the magic number is 1, not 19990326"},
       {[](MapFile& file) { file.Header.MapIndex = 43; },
-       "the map number is 43, which is no map slot"},
-      {[](MapFile& file) { file.Text.BaseName[0] = 'X'; }, "the base name inside is X"},
+       "the map number is 43, which is not a map slot"},
+      {[](MapFile& file) { file.Text.BaseName[0] = 'X'; },
+       "the base name is X, not the file's name"},
       {[](MapFile& file) { file.Length = 8525; }, "only 8525 bytes long, not 8526"},
-      {[](MapFile& file) { file.VLs[3].Kind = VLKind{306}; }, "VL3 is of the unknown kind 306"},
+      {[](MapFile& file) { file.VLs[3].Kind = VLKind{306}; }, "VL3 has the unknown kind 306"},
       {[](MapFile& file) { file.VLs[3] = {.Kind = VLKind::Exit, .Destination = 43}; },
-       "the exit VL3 leads to 43, which is no map"},
-      {[](MapFile& file) { file.VLs[9].Name.fill('x'); }, "no NUL ends the name of VL9"},
-      {[](MapFile& file) { file.Text.AlliedBrief.fill('x'); }, "no NUL ends the Allied briefing"},
-      {[](MapFile& file) { file.Text.AxisBrief.fill('x'); }, "no NUL ends the Axis briefing"},
+       "the exit VL3 leads to 43, which is not a map"},
+      {[](MapFile& file) { file.VLs[9].Name.fill('x'); }, "the name of VL9 has no terminating NUL"},
+      {[](MapFile& file) { file.Text.AlliedBrief.fill('x'); },
+       "the Allied briefing has no terminating NUL"},
+      {[](MapFile& file) { file.Text.AxisBrief.fill('x'); },
+       "the Axis briefing has no terminating NUL"},
   };
   for (const auto& [change, expected] : rows) {
     MapFile file = Of.Files[0];
@@ -187,7 +190,7 @@ TEST_F(Warnings, NameTheirSlots) {
         marks, [=](const Mark& mark) { return mark.Text.find(part) != std::string::npos; });
   };
   EXPECT_EQ(told("outside its tile").Map, 2);
-  EXPECT_EQ(told("reaches beyond").Arrow, 1);
+  EXPECT_EQ(told("extends beyond").Arrow, 1);
 }
 
 TEST_F(Warnings, FindingsAreMarkedWhereTheyAre) {

@@ -1,7 +1,7 @@
-# embed_page_parts(HEADER FILE...): writes a header that holds the text of each file and the SHA-256
-# of that text in base64, as a content security policy names it.
+# embed_page_parts(HEADER FILE...): writes a header with the text of each file and the SHA-256 of
+# that text in base64, in the form that a content security policy uses.
 
-# Three bytes are four digits; the 32 bytes of the hash end in a group of two.
+# Each group of three bytes gives four digits; the last group of the 32 bytes has two.
 function(hash_in_base64 text result)
   set(digits "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")
   string(SHA256 hash "${text}")
@@ -28,7 +28,7 @@ function(embed_page_parts header)
     string(REPLACE "\r\n" "\n" text "${text}")
     string(LENGTH "${text}" length)
     if(length GREATER 16000)
-      message(FATAL_ERROR "${name} is longer than the string literals of every compiler.")
+      message(FATAL_ERROR "${name} is too long for a string literal of some compilers.")
     endif()
     hash_in_base64("${text}" hash)
     string(REGEX REPLACE "^([a-z]+)\\.([a-z]+)$" "\\1_\\2" symbol ${name})

@@ -110,14 +110,14 @@
     flash(line);
   }
 
-  function sift() {
+  function applyFilter() {
     const wanted = filter.value.trim().toLocaleLowerCase();
     for (const button of buttons) {
       const map = number(button, "map");
       const fits = button.textContent.toLocaleLowerCase().includes(wanted);
       button.parentElement.hidden = !fits;
       for (const element of onMaps) {
-        if (number(element, "map") === map) element.classList.toggle("sifted", !fits);
+        if (number(element, "map") === map) element.classList.toggle("filtered-out", !fits);
       }
     }
     remember();
@@ -137,7 +137,7 @@
   function recall(state) {
     if (!state) return;
     filter.value = state.filter;
-    sift();
+    applyFilter();
     look(state.view);
     pin(state.pinned);
     show(state.shown);
@@ -212,7 +212,7 @@
     }
   });
 
-  filter.addEventListener("input", sift);
+  filter.addEventListener("input", applyFilter);
   document.getElementById("nearer").addEventListener("click", () => zoom(1.25));
   document.getElementById("farther").addEventListener("click", () => zoom(0.8));
   document.getElementById("whole").addEventListener("click", () => look(home));
@@ -224,16 +224,16 @@
   recall(history.state);
 
   // Reloads the page to show a redrawn picture, but never while the user works with it.
-  const steadily = Number(document.documentElement.dataset.reload ?? 0);
-  if (steadily > 0) {
+  const interval = Number(document.documentElement.dataset.reload ?? 0);
+  if (interval > 0) {
     for (const input of ["pointermove", "pointerdown", "keydown", "wheel"]) {
       addEventListener(input, () => { lastInput = performance.now(); }, { passive: true });
     }
     setInterval(() => {
-      const idle = performance.now() - lastInput > steadily;
+      const idle = performance.now() - lastInput > interval;
       if (document.hidden || drag || !idle) return;
       store();
       location.reload();
-    }, steadily);
+    }, interval);
   }
 })();

@@ -20,7 +20,7 @@ std::error_code WriteStream(Stream stream, std::string_view bytes) {
   return {};
 }
 
-bool KnowsColour(Stream stream) { return ::isatty(Descriptor(stream)) == 1; }
+bool SupportsColour(Stream stream) { return ::isatty(Descriptor(stream)) == 1; }
 
 std::vector<std::string> ProgramArguments(int count, char** arguments) {
   return {arguments + (count > 0 ? 1 : 0), arguments + count};

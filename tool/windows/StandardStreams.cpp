@@ -1,7 +1,7 @@
 #include "StandardStreams.h"
 
 #include <windows.h>
-// Needs windows.h first.
+
 #include <shellapi.h>
 
 #include <algorithm>
@@ -67,7 +67,7 @@ std::error_code WriteStream(Stream stream, std::string_view bytes) {
   return {};
 }
 
-bool KnowsColour(Stream stream) {
+bool SupportsColour(Stream stream) {
   const HANDLE handle = HandleOf(stream);
   DWORD mode = 0;
   return ::GetConsoleMode(handle, &mode) &&

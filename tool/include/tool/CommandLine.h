@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// Runs the command in the arguments, which are UTF-8 without the program's name. Returns the exit
-/// status of the program.
+/// Runs the command that the arguments name. They are UTF-8, without the program's name. Returns
+/// the program's exit status.
 [[nodiscard]] int RunTool(const std::vector<std::string>& arguments, const Console& console);
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// The verbs. The command line calls each with its options; each returns the exit status of the
-// program.
+// The commands. The command line calls each with its options; each returns the program's exit
+// status.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The verb draw, and the pages of files that are dropped on the program.
+// The command draw, and pages for files that are dropped on the program.
 #pragma once
 
 #include <functional>
@@ -18,8 +18,8 @@ struct DrawOptions {
 /// Writes a picture or a page, replacing an existing one.
 [[nodiscard]] int Draw(const DrawOptions& options, const Console& console);
 
-/// Draws, and draws again whenever a file in the picture changes. Calls `pause` between two checks
-/// of the files and stops if that returns False. Continues after a failed drawing.
+/// Draws, and redraws whenever a file in the picture changes. Calls `pause` between checks of the
+/// files and stops when it returns False. Continues after a failed drawing.
 [[nodiscard]] int WatchAndDraw(const DrawOptions& options, const Console& console,
                                const std::function<bool()>& pause);
 

@@ -21,7 +21,7 @@ struct JsonDocument {
   MapFile Btd;
 };
 
-/// Reads either form. A failure begins with the place of the fault as a JSON pointer.
+/// Reads either form. A failure begins with its place as a JSON pointer.
 [[nodiscard]] Result<JsonDocument, std::string> ParseJson(std::string_view text);
 
 }  // namespace corvane

@@ -21,10 +21,10 @@ struct Picture {
 /// A self-contained SVG with a legend, a list of findings, and light and dark colours.
 [[nodiscard]] std::string DrawSvg(const Picture& picture);
 
-enum class Reload { Never, Steadily };
+enum class Reload { Never, Periodically };
 
 /// A self-contained HTML page: the SVG, zoom and pan, and the data of each map. With
-/// Reload::Steadily it shows a redrawn picture within a few seconds.
+/// Reload::Periodically it shows a redrawn picture within a few seconds.
 [[nodiscard]] std::string DrawPage(const Picture& picture, Reload reload);
 
 }  // namespace corvane

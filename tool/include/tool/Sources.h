@@ -20,11 +20,11 @@ enum class SourceKind {
 };
 [[nodiscard]] SourceKind KindOfSource(std::string_view path);
 
-/// Says that the name of `path` is not that of a source.
+/// The message that the name of `path` is not that of a source.
 [[nodiscard]] std::string NotASource(const std::string& path);
 
-/// Why `path` is not a source: its name is wrong, or no file opens there. Empty if it is one. Does
-/// not read the contents.
+/// Why `path` is not a source: its name is wrong, or the file cannot be opened. Empty if it is one.
+/// Does not read the contents.
 [[nodiscard]] std::string SourceFault(const std::string& path);
 
 // Whether to read the maps of the game with the tables.
@@ -42,7 +42,7 @@ struct Source {
   MapFile Btd{};                      // if IsBtd is True
   bool HasMaps = false;               // the Maps folder holds map files
   std::string MapsFolder{};           // the folder that was searched for them
-  std::vector<std::string> Faults{};  // messages about map files that could not be read
+  std::vector<std::string> Faults{};  // why map files could not be read
 };
 
 /// Reads tables with their catalogue, or a BTD file. The maps come from `game` or, if it is empty,

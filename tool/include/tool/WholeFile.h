@@ -1,5 +1,4 @@
-// Writes the tool's own text files (JSON, pictures). Unlike the game's files, they are replaced
-// completely and truncated.
+// Writes the tool's JSON files. Unlike the game's files, they are replaced and truncated.
 #pragma once
 
 #include <string>
