@@ -1,6 +1,6 @@
-// The controls of a window as lines of a file. The benchmarks write them from the program's form,
-// and the bare windows build their widgets from them. So a floor shows exactly what the program
-// shows, without sharing its code.
+// The controls of a window as lines of a file. The benchmarks write it from the program's form, and
+// the bare windows build their widgets from it. A floor thus shows exactly what the program shows,
+// without sharing its code.
 #pragma once
 
 #include <string>

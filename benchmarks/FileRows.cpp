@@ -25,7 +25,7 @@ void BareOpen(const std::string& exe, const std::vector<std::string>& maps) {
     got += ::pread(file, bytes, BtdHeadSize, 0);
     ::close(file);
   }
-  Require(got == PatchFileSize + MapSlotCount * BtdHeadSize, "the bare open");
+  Require(got == PatchFileSize + MapSlotCount * BtdHeadSize, "reading the ranges");
 }
 
 void BareSave(const std::string& exe) {
@@ -34,11 +34,11 @@ void BareSave(const std::string& exe) {
   for (const TablePlace& place : TablePlaces)
     put += ::pwrite(file, reinterpret_cast<const char*>(&Tables) + place.PatchOffset, place.Size,
                     static_cast<off_t>(place.GameOffset));
-  Require(put == PatchFileSize && ::fsync(file) == 0 && ::close(file) == 0, "the bare save");
+  Require(put == PatchFileSize && ::fsync(file) == 0 && ::close(file) == 0, "writing the ranges");
 }
 
 // A save right after another does not change the file's time, which makes its flush cheaper.
-double MicrosAlone(const std::function<void()>& save) {
+double MicrosAfterPause(const std::function<void()>& save) {
   std::this_thread::sleep_for(std::chrono::milliseconds(12));
   return Micros(1, save);
 }
@@ -47,22 +47,25 @@ double MicrosAlone(const std::function<void()>& save) {
 
 void AddFileRows(const std::string& folder) {
   const std::string exe = folder + "/CC4.EXE", many = folder + "/Many";
-  Require(WriteSampleGame(many, MakeSampleGame()).Done(), "no sample game");
+  Require(WriteSampleGame(many, MakeSampleGame()).Done(), "writing the sample game");
   Open(folder);
   std::vector<std::string> maps;
   for (const std::string& row : MapRows) maps.push_back(folder + "/Maps/" + RowFileName(row));
-  for (int map = MapSlotCount; map < 10000; ++map)  // links will do: only 43 are opened
+  for (int map = MapSlotCount; map < 10000; ++map)  // links suffice: only 43 are opened
     std::filesystem::create_hard_link(maps[0], many + "/Maps/" + std::to_string(map) + ".btd");
   const Job open = [=] { return Micros(5, [&] { Open(folder); }); };
   const Job openMany = [=] { return Micros(5, [&] { Open(many); }); };
   const Job bareOpen = [=] { return Micros(5, [&] { BareOpen(exe, maps); }); };
   const Job save = [=] {
-    return MicrosAlone([&] { Require(WriteGameTables(exe, Tables).Done(), "the save"); });
+    return MicrosAfterPause([&] { Require(WriteGameTables(exe, Tables).Done(), "the save"); });
   };
-  const Job bareSave = [=] { return MicrosAlone([&] { BareSave(exe); }); };
-  AddRow("Open `CC4.EXE` with 43 maps (us)", open, "bare loop, same ranges", bareOpen, 1.3, 401);
-  AddRow("The same with 10,000 files in `Maps` (us)", openMany, "the open with 43", open, 1.5, 401);
-  AddRow("Save into `CC4.EXE` (us)", save, "bare open, write, flush, close", bareSave, 1.3, 101);
+  const Job bareSave = [=] { return MicrosAfterPause([&] { BareSave(exe); }); };
+  AddRow("Open `CC4.EXE` with 43 maps (us)", open, "a loop that reads the same ranges", bareOpen,
+         1.3, 401);
+  AddRow("Open `CC4.EXE` with 10,000 files in `Maps` (us)", openMany, "the same with 43 maps", open,
+         1.5, 401);
+  AddRow("Save into `CC4.EXE` (us)", save, "open, write, flush and close alone", bareSave, 1.3,
+         101);
 }
 
 }  // namespace corvane

@@ -8,14 +8,14 @@
 namespace corvane {
 namespace {
 
-struct Ended {
+struct ProcessResult {
   double Micros = 0;
   int Status = -1;
   struct rusage Used {};
   std::string Printed;
 };
 
-[[noreturn]] void Become(const std::vector<std::string>& command, int output) {
+[[noreturn]] void Execute(const std::vector<std::string>& command, int output) {
   std::vector<char*> words;
   for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
@@ -32,29 +32,29 @@ std::string ReadAll(int file) {
   return all;
 }
 
-Ended Run(const std::vector<std::string>& command) {
-  Ended ended;
+ProcessResult Run(const std::vector<std::string>& command) {
+  ProcessResult result;
   int ends[2];
-  Require(::pipe2(ends, O_CLOEXEC) == 0, "no pipe");
-  ended.Micros = Micros(1, [&] {
+  Require(::pipe2(ends, O_CLOEXEC) == 0, "creating a pipe");
+  result.Micros = Micros(1, [&] {
     const pid_t child = ::fork();
-    if (child == 0) Become(command, ends[1]);
+    if (child == 0) Execute(command, ends[1]);
     ::close(ends[1]);
-    ended.Printed = ReadAll(ends[0]);
-    ::wait4(child, &ended.Status, 0, &ended.Used);
+    result.Printed = ReadAll(ends[0]);
+    ::wait4(child, &result.Status, 0, &result.Used);
   });
   ::close(ends[0]);
-  return ended;
+  return result;
 }
 
-double CostOf(const Ended& ended, Cost cost) {
+double CostOf(const ProcessResult& result, Cost cost) {
   char* next = nullptr;
-  const double first = std::strtod(ended.Printed.c_str(), &next);
+  const double first = std::strtod(result.Printed.c_str(), &next);
   switch (cost) {
     case Cost::Millis:
-      return ended.Micros / 1000;
+      return result.Micros / 1000;
     case Cost::PeakMiB:
-      return static_cast<double>(ended.Used.ru_maxrss) / 1024;
+      return static_cast<double>(result.Used.ru_maxrss) / 1024;
     case Cost::FirstPrinted:
       return first;
     case Cost::SecondPrinted:
@@ -68,9 +68,9 @@ double CostOf(const Ended& ended, Cost cost) {
 // The child's peak starts at this process's own, which is far smaller: it has no toolkit.
 Job ProcessJob(Cost cost, std::vector<std::string> command) {
   return [cost, command = std::move(command)] {
-    const Ended ended = Run(command);
-    const double costs = CostOf(ended, cost);
-    Require(ended.Status == 0 && costs > 0, command[0].c_str());
+    const ProcessResult result = Run(command);
+    const double costs = CostOf(result, cost);
+    Require(result.Status == 0 && costs > 0, command[0].c_str());
     return costs;
   };
 }

@@ -16,10 +16,10 @@ namespace corvane {
 /// Does its work and returns the cost, in the unit that its row names.
 using Job = std::function<double()>;
 
-/// Exits if the work to be measured failed.
-inline void Require(bool happened, const char* what) {
-  if (happened) return;
-  std::fprintf(stderr, "not measured: %s\n", what);
+/// Exits if a measured job failed.
+inline void Require(bool done, const char* what) {
+  if (done) return;
+  std::fprintf(stderr, "failed: %s\n", what);
   std::exit(2);
 }
 
@@ -38,7 +38,7 @@ inline double Quartile(std::vector<double> values, std::size_t quarter) {
 }
 
 /// Adds a row, which prints itself after `rounds` rounds.
-inline void AddRow(const char* what, const Job& ours, const char* floor, const Job& least,
+inline void AddRow(const char* job, const Job& ours, const char* floor, const Job& least,
                    double maxRatio, int rounds) {
   const auto measure = [=](benchmark::State& state) {
     std::vector<double> costs, floors, ratios;
@@ -51,14 +51,14 @@ inline void AddRow(const char* what, const Job& ours, const char* floor, const J
       if (!first) costs.push_back(ours());
       ratios.push_back(costs.back() / floors.back());
     }
-    // OVER takes three rounds in four above the limit: a median alone can be noise.
+    // OVER requires three rounds in four above the limit: a median alone can be noise.
     const bool over = Quartile(ratios, 1) > maxRatio;
-    const char* verdict = over ? "OVER" : Quartile(ratios, 2) > maxRatio ? "unsure" : "holds";
-    std::printf("| %s | %.1f | %s | %.1f | %.2f | %.2f | %s |\n", what, Quartile(costs, 2), floor,
-                Quartile(floors, 2), Quartile(ratios, 2), maxRatio, verdict);
+    const char* result = over ? "OVER" : Quartile(ratios, 2) > maxRatio ? "unclear" : "ok";
+    std::printf("| %s | %.1f | %s | %.1f | %.2f | %.2f | %s |\n", job, Quartile(costs, 2), floor,
+                Quartile(floors, 2), Quartile(ratios, 2), maxRatio, result);
     std::fflush(stdout);
   };
-  benchmark::RegisterBenchmark(what, measure)->Iterations(rounds);
+  benchmark::RegisterBenchmark(job, measure)->Iterations(rounds);
 }
 
 }  // namespace corvane

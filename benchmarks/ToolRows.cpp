@@ -14,7 +14,7 @@ void AddToolRows(const std::string& folder) {
   AddRow("`corvane-tool check` of 43 maps (ms)", ProcessJob(Cost::Millis, {TOOL, "check", exe}),
          "a process that reads the same bytes", ProcessJob(Cost::Millis, {BARE_READER, folder}),
          1.5, 401);
-  AddRow("`corvane-tool draw` of 43 maps as SVG (ms)", draw, "the same, and a flushed file",
+  AddRow("`corvane-tool draw` of 43 maps as SVG (ms)", draw, "the same, plus a flushed file",
          ProcessJob(Cost::Millis, {BARE_READER, folder, picture, size}), 2, 401);
 }
 

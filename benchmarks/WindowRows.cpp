@@ -23,7 +23,7 @@ Lists ListMainWindow(const std::string& folder) {
   WriteControls(lists.Empty, ListControls(form));
   OpenMenu(form.mnuFile);
   Choose(form.mnuFileOpen);
-  Require(form.lstMaps.ListCount() == 43, "no map in the list");
+  Require(form.lstMaps.ListCount() == 43, "opening the game in the window");
   WriteControls(lists.Opened, ListControls(form));
   TheDisplay = {};
   return lists;
@@ -38,13 +38,13 @@ void AddWindowRows(const std::string& folder) {
   ::setenv("QT_LOGGING_RULES", "*=false", 1);
   AddRow("Select a map in the real window (us)",
          ProcessJob(Cost::FirstPrinted, {PROGRAM_WINDOW, exe, "select"}),
-         "the least calls, bare widgets",
+         "the fewest calls on bare widgets",
          ProcessJob(Cost::FirstPrinted, {BARE_WINDOW, opened, "select"}), 1.5, 41);
-  AddRow("Process start to first window (ms)", ProcessJob(Cost::Millis, {PROGRAM_WINDOW}),
-         "the same controls, bare widgets", ProcessJob(Cost::Millis, {BARE_WINDOW, empty}), 1.1,
+  AddRow("Start to first window (ms)", ProcessJob(Cost::Millis, {PROGRAM_WINDOW}),
+         "the same controls as bare widgets", ProcessJob(Cost::Millis, {BARE_WINDOW, empty}), 1.1,
          101);
   AddRow("Peak memory with a game open (MiB)", ProcessJob(Cost::PeakMiB, {PROGRAM_WINDOW, exe}),
-         "the same controls and rows, bare widgets",
+         "the same controls and rows as bare widgets",
          ProcessJob(Cost::PeakMiB, {BARE_WINDOW, opened}), 1.1, 9);
 }
 
@@ -53,11 +53,11 @@ void AddWindowsRows(const std::string& folder, const std::string& programs) {
                     bare = programs + "/corvane_bare_window.exe";
   const auto [empty, opened] = ListMainWindow(folder);
   AddRow("Windows program: start to first window (ms)",
-         ProcessJob(Cost::FirstPrinted, {"wine", program}), "the same controls, bare",
+         ProcessJob(Cost::FirstPrinted, {"wine", program}), "the same controls as bare windows",
          ProcessJob(Cost::FirstPrinted, {"wine", bare, empty}), 1.1, 41);
   AddRow("Windows program: peak memory with a game open (MiB)",
          ProcessJob(Cost::SecondPrinted, {"wine", program, exe}),
-         "the same controls and rows, bare",
+         "the same controls and rows as bare windows",
          ProcessJob(Cost::SecondPrinted, {"wine", bare, opened}), 1.1, 9);
 }
 

@@ -21,8 +21,8 @@ struct Silent : benchmark::BenchmarkReporter {  // the rows print themselves
 }  // namespace
 
 void Open(const std::string& folder) {
-  Require(OpenTables(folder + "/CC4.EXE", "CC4.EXE").Done(), "the open");
-  Require(LoadMapCatalogue().Failures.empty(), "the catalogue");
+  Require(OpenTables(folder + "/CC4.EXE", "CC4.EXE").Done(), "opening the game");
+  Require(LoadMapCatalogue().Failures.empty(), "loading the catalogue");
 }
 
 }  // namespace corvane
@@ -30,10 +30,10 @@ void Open(const std::string& folder) {
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   static std::string folder = (std::filesystem::temp_directory_path() / "corvane-XXXXXX").string();
-  corvane::Require(::mkdtemp(folder.data()) != nullptr, "no folder for the sample game");
+  corvane::Require(::mkdtemp(folder.data()) != nullptr, "creating a folder");
   std::atexit([] { std::filesystem::remove_all(folder); });
   corvane::Require(corvane::WriteSampleGame(folder, corvane::MakeSampleGame()).Done(),
-                   "no sample game");
+                   "writing the sample game");
   if (argc > 1) {
     corvane::AddWindowsRows(folder, argv[1]);
   } else {
@@ -42,7 +42,8 @@ int main(int argc, char** argv) {
     corvane::AddWindowRows(folder);
     corvane::AddToolRows(folder);
   }
-  std::puts("| What | Cost | Floor | Cost | Ratio | At most | |\n|---|--:|---|--:|--:|--:|---|");
+  std::puts(
+      "| Job | Cost | Floor | Cost | Ratio | Limit | Result |\n|---|--:|---|--:|--:|--:|---|");
   corvane::Silent reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
 }

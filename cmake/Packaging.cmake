@@ -31,7 +31,7 @@ if(UNIX)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   file(GLOB pages CONFIGURE_DEPENDS packaging/*.1)
   install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  if(TARGET corvane-tool AND EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/packaging/corvane-tool.bash)
+  if(TARGET corvane-tool)
     install(FILES packaging/corvane-tool.bash RENAME corvane-tool
             DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   endif()

@@ -1,4 +1,4 @@
-// Shared by the fuzz drivers. A broken promise aborts the run.
+// Shared by the fuzz drivers. A violated property aborts the run.
 #pragma once
 
 #include <cstdio>
@@ -12,9 +12,9 @@ namespace corvane {
 
 void Run(const TestFolder& folder, const std::string& input);  // each driver defines its own
 
-inline void Require(bool holds, const char* promise) {
+inline void Require(bool holds, const char* property) {
   if (holds) return;
-  std::fprintf(stderr, "BROKEN PROMISE: %s\n", promise);
+  std::fprintf(stderr, "VIOLATED: %s\n", property);
   std::abort();
 }
 

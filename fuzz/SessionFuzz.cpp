@@ -15,7 +15,7 @@ struct Player : Session {
   std::vector<std::string> Gone;  // files removed behind the program's back
   int Steps = 0, FaultAt = -1;
 
-  auto UpTo(auto most) { return Input.ConsumeIntegralInRange(decltype(most){0}, most); }
+  auto UpTo(auto max) { return Input.ConsumeIntegralInRange(decltype(max){0}, max); }
   auto& Pick(auto& list) { return *std::next(list.begin(), UpTo(std::ssize(list) - 1)); }
 
   explicit Player(const std::string& input)

@@ -12,7 +12,7 @@ using Inputs = std::vector<std::string>;
 
 Inputs TableInputs(const corvane::SampleGame& game) {
   const std::string patch = corvane::PatchBytes(game.Tables);
-  return {patch, patch.substr(0, 5000), patch + "behind it"};
+  return {patch, patch.substr(0, 5000), patch + "more bytes"};
 }
 
 Inputs DrawInputs(const corvane::SampleGame& game) {
@@ -65,7 +65,7 @@ Inputs RegistryInputs() {
   return inputs;
 }
 
-// The driver draws gestures, answers and texts from the bytes, so noise makes a session.
+// The driver takes gestures, answers and texts from the bytes, so noise makes a session.
 Inputs SessionInputs() {
   corvane::Noise noise(1944);
   Inputs inputs;

@@ -189,7 +189,7 @@ VictoryLocation MakeObjective(Noise& noise, std::size_t which) {
 }
 
 // An unused slot that still holds an old name, with bytes after its NUL.
-VictoryLocation MakeLeftOver(Noise& noise) {
+VictoryLocation MakeLeftover(Noise& noise) {
   using namespace std::string_view_literals;
   return MakeLocation(noise, 0, "Ford\0east bank"sv, {}, noise.Byte());
 }
@@ -206,7 +206,7 @@ void FillLocations(SampleMap& map, GameTables& tables, int slot, Noise& noise) {
   if (tile.Left > 680) *next++ = MakeExit(noise, OffMap, {1, 0}, "East edge");
   const auto which = static_cast<std::size_t>(slot);
   for (std::size_t i = 0; i < 2 + which % 3; ++i) *next++ = MakeObjective(noise, which + i);
-  if (which % 4 == 0) *next++ = MakeLeftOver(noise);
+  if (which % 4 == 0) *next++ = MakeLeftover(noise);
   while (next != map.VLs.end()) *next++ = MakeLocation(noise, 0, "");
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-int Refuse(const std::string& reason) {
+int Fail(const std::string& reason) {
   std::cerr << "corvane-sample: " << reason << "\n";
   return 1;
 }
@@ -29,14 +29,14 @@ int main(int argc, char** argv) {
     std::cout << Usage << "\nWrites a sample CC4.EXE and its Maps to FOLDER.\n";
     return 0;
   }
-  if (argument.empty() || argument.starts_with('-')) return Refuse(std::string(Usage));
+  if (argument.empty() || argument.starts_with('-')) return Fail(std::string(Usage));
   const std::filesystem::path folder = argument;
   for (const char* name : {"CC4.EXE", "Maps"}) {
-    if (Has(folder, name)) return Refuse(folder.string() + " already contains a " + name + ".");
+    if (Has(folder, name)) return Fail(folder.string() + " already contains a " + name + ".");
   }
   const corvane::SampleGame game = corvane::MakeSampleGame();
   const auto written = corvane::WriteSampleGame(folder, game);
-  if (!written.Done()) return Refuse(FailureMessage(written.Error()));
+  if (!written.Done()) return Fail(FailureMessage(written.Error()));
   std::cout << "Wrote CC4.EXE and " << game.Maps.size() << " map files in Maps to "
             << folder.string() << ".\n";
   return 0;

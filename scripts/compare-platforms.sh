@@ -12,12 +12,12 @@ build release --target corvane_tour corvane-tool
 build windows --target corvane_tour corvane-tool
 . scripts/wine.sh
 
-folder=build/together
+folder=build/compare-platforms
 rm -rf "$folder"
 mkdir -p "$folder/home"
 ln -s "$WINEPREFIX" "$folder/home/.wine"
 
-# play SYSTEM TOUR [PART]: plays the tour, or a part of it, in build/together/TOUR.
+# play SYSTEM TOUR [PART]: plays the tour, or a part of it, in $folder/TOUR.
 play() {
   local tour=$folder/$2 log=$folder/$2-${3:-whole}-$1.log
   case $1 in

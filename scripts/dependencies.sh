@@ -1,9 +1,9 @@
 # Sourced by the other scripts: installs the system's packages and builds presets.
 #
-#   need build|test|package|check|fuzz|benchmark|outside|browser|windows
+#   need LIST
 #
-# installs missing packages on Debian and Ubuntu, as root or through sudo; elsewhere it lists the
-# packages and stops if CMake, Ninja or a compiler is missing.
+# installs the missing packages of packages_LIST on Debian and Ubuntu, as root or through sudo;
+# elsewhere it lists the packages and stops if CMake, Ninja or a compiler is missing.
 
 packages_build="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-dejavu-core
   libutf8proc-dev libcli11-dev nlohmann-json3-dev"
@@ -12,7 +12,7 @@ packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
 packages_browser="$packages_build chromium chromium-driver python3"
 packages_lint="$packages_test clang clang-tidy g++-mingw-w64-x86-64 googletest"
 packages_fuzz="$packages_test clang libclang-rt-dev"
-packages_outside="$packages_test"
+packages_faults="$packages_test"
 packages_benchmark="$packages_test libbenchmark-dev"
 packages_roots="debootstrap debian-archive-keyring git util-linux"
 packages_package="$packages_build dpkg-dev debhelper file desktop-file-utils appstream lintian"

@@ -4,6 +4,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
-need outside
+need faults
 build release --target corvane_fault_program corvane-sample
 exec tests/faults/faults.py build/release/tests/corvane_fault_program build/release/samples/corvane-sample

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# scripts/fuzz.sh SECONDS: builds the fuzz drivers and runs each for that time. An input that breaks a
-# promise stays in build/fuzz, named after its driver; pass it to the driver to reproduce the fault.
+# scripts/fuzz.sh SECONDS: builds the fuzz drivers and runs each for that time. An input that violates
+# a property stays in build/fuzz, named after its driver; pass it to the driver to reproduce the fault.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -25,19 +25,19 @@ for driver in PatchFuzz GameExeFuzz BtdFuzz RegistryFuzz SessionFuzz DrawFuzz Js
   log=build/fuzz/$driver.log
   longest=16384
   [ "$driver" != SessionFuzz ] || longest=512
-  # A leak check after each run would take longer than the run.
+  # A leak check after each input would take longer than the input.
   if build/fuzz/fuzz/$driver -max_total_time="$seconds" -max_len=$longest -timeout=10 \
     -detect_leaks=0 -print_final_stats=1 -artifact_prefix="build/fuzz/$driver-" \
     "$scratch/corpus/$driver" >"$log" 2>&1; then
-    result="nothing found"
+    result="no failures"
   else
     input=$(sed -n 's/.*Test unit written to //p' "$log")
     result="FAILED, ${input:-stopped without a finding}, see $log"
     failed=1
   fi
-  printf '%-13s%8s runs,%6s a second: %s\n' "$driver" \
+  printf '%-13s%8s runs,%6s per second: %s\n' "$driver" \
     "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" \
     "$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")" "$result"
-  grep 'BROKEN PROMISE' "$log" || true
+  grep '^VIOLATED' "$log" || true
 done
 exit $failed

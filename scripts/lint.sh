@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/lint.sh [linux|windows|msvc]...: runs clang-tidy on all sources, as the compilers of both
-# systems see them. msvc finds what Microsoft's compiler would reject: it runs clang in MSVC mode with
+# systems see them. msvc finds what Microsoft's compiler would reject: it runs clang in MSVC mode on
 # the headers of MinGW-w64.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -3,12 +3,12 @@
 
 version=$(sed -n 's/^project(Corvane VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
-# Four files name the version, and must agree.
-agree_on_version() {
+# The version is in four files, which must agree.
+check_version() {
   local file
   for file in "CHANGELOG.md:^## $version " "debian/changelog:^corvane ($version)" \
     "packaging/org.corvane.Corvane.metainfo.xml.in:<release version=\"@PROJECT_VERSION@\""; do
-    grep -q "${file#*:}" "${file%%:*}" || { echo "${file%%:*} does not name $version" >&2; return 1; }
+    grep -q "${file#*:}" "${file%%:*}" || { echo "${file%%:*} lacks version $version" >&2; return 1; }
   done
 }
 

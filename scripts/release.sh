@@ -12,7 +12,7 @@ cd "$(dirname "$0")/.."
 need package
 need windows
 need release
-agree_on_version
+check_version
 
 out=build/release-$version
 first=$(mktemp -d)

@@ -10,8 +10,8 @@ class Noise {
  public:
   explicit Noise(std::uint32_t seed) : State(seed) {}
 
-  /// A number from 0 to `most`.
-  int UpTo(int most) { return static_cast<int>(Next() % (static_cast<std::uint32_t>(most) + 1)); }
+  /// A number from 0 to `max`.
+  int UpTo(int max) { return static_cast<int>(Next() % (static_cast<std::uint32_t>(max) + 1)); }
 
   /// Never zero, so that a lost byte shows.
   std::uint8_t Byte() { return static_cast<std::uint8_t>(1 + UpTo(254)); }
