@@ -1,6 +1,7 @@
 #include "ControlWidgets.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <algorithm>
 #include <utility>
@@ -179,6 +180,15 @@ void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
     DrawFocusRect(row.hDC, &at);
 }
 
+// Whether the current input is a click on a dropped row or Enter.
+bool PicksInRows(HWND combo) {
+  if (!Send(combo, CB_GETDROPPEDSTATE)) return false;
+  const DWORD at = GetMessagePos();
+  const RECT rows = PlacesOf(PartsOf(combo).hwndList).rcWindow;
+  const bool clicked = PtInRect(&rows, {GET_X_LPARAM(at), GET_Y_LPARAM(at)}) != 0;
+  return IsHeld(VK_RETURN) || (clicked && !IsHeld(VK_F4) && !IsHeld(VK_MENU));
+}
+
 ControlWidget Make(ComboBox& combo, HWND parent) {
   const DWORD style =
       CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP;
@@ -187,8 +197,10 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
   made.Mirror = RowMirror(widget, OfComboBox, combo);
   made.Notice = [&combo, widget](int code) {
     const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
-    // An arrow key in dropped rows is not yet a choice and can be cancelled.
-    if (code == CBN_SELENDOK) PickRow(combo, row);
+    // An arrow key in dropped rows is not yet a choice and can be cancelled. The shown row is a
+    // choice only if picked among them.
+    const bool chosen = row != combo.ListIndex() || PicksInRows(widget);
+    if (code == CBN_SELENDOK && chosen) PickRow(combo, row);
     if (code != CBN_CLOSEUP) return;
     combo.Redraw();
     ShowChanges();

@@ -17,8 +17,6 @@ namespace {
 constexpr UINT Presses[] = {WM_LBUTTONDOWN,   WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,
                             WM_RBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK};
 
-bool IsHeld(int key) { return GetKeyState(key) < 0; }
-
 constexpr NativeKey Keys[] = {{VK_TAB, Key::Tab},
                               {VK_RETURN, Key::Enter},
                               {VK_ESCAPE, Key::Escape},

@@ -148,7 +148,7 @@ LRESULT CALLBACK MessageWindow::ChildProc(HWND child, UINT message, WPARAM first
 
 // Returns true if the key was handled.
 bool MessageWindow::OnKey(HWND child, WPARAM key) const {
-  if (GetKeyState(VK_CONTROL) < 0 && (key == 'C' || key == VK_INSERT)) {
+  if (IsHeld(VK_CONTROL) && (key == 'C' || key == VK_INSERT)) {
     CopyText();
     return true;
   }

@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+bool IsHeld(int key) { return GetKeyState(key) < 0; }
+
 LRESULT Send(HWND widget, UINT message, LRESULT first, const void* second) {
   return SendMessageW(widget, message, static_cast<WPARAM>(first),
                       reinterpret_cast<LPARAM>(second));

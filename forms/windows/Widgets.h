@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+[[nodiscard]] bool IsHeld(int key);  // at the time of the current message
+
 LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = nullptr);
 
 /// A child of a window, without place, font or state.

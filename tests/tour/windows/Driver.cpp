@@ -40,7 +40,7 @@ constexpr DWORD Press = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP;
 
 void Mouse(const RECT& at, std::initializer_list<DWORD> acts, int turn = 0) {
   static int aside = 0;
-  aside = 12 - aside;                            // moved, or two clicks would make a double click
+  aside = (aside + 12) % 36;                     // moved, or two clicks would make a double click
   const auto share = [](LONG twice, int side) {  // of 65536 across the screen
     return static_cast<DWORD>(MulDiv(twice + 1, 32768, GetSystemMetrics(side)));
   };
