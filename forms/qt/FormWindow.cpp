@@ -105,7 +105,11 @@ void FormWindow::MirrorFocus(void* widget) {
   }
 }
 
-bool FormWindow::KeyboardInMenu() const { return menuWidget() && focusWidget() == menuWidget(); }
+// A menu that a box has closed leaves the native focus behind in its bar.
+bool FormWindow::KeyboardInMenu() const {
+  const auto* bar = qobject_cast<const QMenuBar*>(focusWidget());
+  return bar && bar->activeAction();
+}
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form decides whether the window closes

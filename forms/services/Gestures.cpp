@@ -292,7 +292,7 @@ bool QueryEndSession() {
 void EndSession() {
   const bool ends = QueryEndSession();
   SessionEndWaits = BoxStands();
-  if (ends) EndProgram();
+  ends ? EndProgram() : ShowChanges();
 }
 
 }  // namespace corvane

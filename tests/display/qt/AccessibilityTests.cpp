@@ -39,6 +39,19 @@ TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
   });
 }
 
+TEST(Focus, ReturnsFromAMenuThatABoxCloses) {
+  TestForm form;
+  form.QueryUnload = [] { return Ask("?"); };
+  PlayWhole(form, [&] {
+    PressKey("Alt+F");
+    WhenNext([] { PressKey("N"); });
+    EndSessionFromOutside();
+    EXPECT_EQ(SeenFocus(), "lstRows");
+    PressKey("Tab");
+    EXPECT_EQ(SeenFocus(), "lstFew");
+  });
+}
+
 // Selects a row, or takes the selection off it, as a screen reader does.
 void SelectByReader(const ListBox& list, int row, bool select = true) {
   QAccessibleInterface* told = QAccessible::queryAccessibleInterface(WidgetOf(list));
@@ -62,6 +75,18 @@ TEST(ScreenReader, PicksARowOfAList) {
     SelectByReader(form.lstRows, 1);
     EXPECT_EQ(form.Told(), "refuse ");
     EXPECT_EQ(ScreenDifferences(form), "");
+  });
+}
+
+TEST(Lists, PickRowsUnderADrag) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    const auto* list = WidgetOf<QListWidget>(form.lstRows);
+    const auto at = [&](int row) { return list->visualItemRect(list->item(row)).center(); };
+    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at(1));
+    QTest::mouseMove(list->viewport(), at(3));
+    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, at(3));
+    EXPECT_EQ(form.Told(), "rowbee rowdog ");
   });
 }
 
