@@ -95,7 +95,7 @@ void ShowFileDialog(QWidget* owner, CommonDialog& settings) {
   dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFilter(dialog.filter() | QDir::Hidden);  // e.g. .wine
   dialog.setSidebarUrls(dialog.sidebarUrls() + WineDrives());
-  dialog.resize(DialogSize);
+  dialog.resize(DialogSize.boundedTo(dialog.screen()->availableSize() * 0.9));
   LayOutColumns(dialog);
   dialog.setDirectory(folder.isEmpty() ? QDir::currentPath() : folder);
   dialog.setNameFilters(filters);

@@ -82,6 +82,7 @@ TEST_F(FileDialogs, ListHiddenFoldersAndTheDrivesOfTheWinePrefix) {
   settings.InitDir = "";
   Show(&CommonDialog::ShowOpen, settings, [this](QFileDialog& dialog) {
     EXPECT_EQ(dialog.directory(), QDir(Home.path()));
+    EXPECT_TRUE(dialog.screen()->geometry().contains(dialog.frameGeometry()));
     ExpectRows(dialog, {".games", ".wine"});
     const QString drives = Home.filePath(".wine/dosdevices/");
     EXPECT_TRUE(dialog.sidebarUrls().contains(QUrl::fromLocalFile(drives + "c:")));
