@@ -6,8 +6,8 @@ cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
 
 need browser
-build release --target corvane_pages
+build release --target corvane-sample corvane-tool
 rm -rf build/browser
 PYTHONDONTWRITEBYTECODE=1 timeout 600 python3 tests/browser/page_tests.py \
-  build/release/tests/corvane_pages build/browser
+  build/release/samples/corvane-sample build/release/tool/corvane-tool build/browser
 echo "Pictures: build/browser"

@@ -1,4 +1,5 @@
-"""page_tests.py CORVANE_PAGES FOLDER: tries the page in a real browser. Pictures stay in FOLDER."""
+"""page_tests.py CORVANE_SAMPLE CORVANE_TOOL FOLDER: tries the page in a real browser. Pictures stay
+in FOLDER, which must be new."""
 
 import os
 import subprocess
@@ -6,12 +7,14 @@ import sys
 import time
 import traceback
 
+from games import draw_pages
 from webdriver import Browser
 
 ENTER, ESCAPE, TAB = "\ue007", "\ue00c", "\ue004"
 
 VIEW = "return document.querySelector('svg.layer').getAttribute('viewBox')"
 SHOWN = "return document.querySelector('article.shown')?.dataset.map ?? ''"
+WATCHED = None  # a game to change
 PINNED = "return document.querySelector('#maps [aria-pressed=true]')?.dataset.map ?? ''"
 
 
@@ -154,19 +157,23 @@ def a_reload_keeps_zoom_pin_and_filter(browser):
 
 
 def a_watched_page_shows_what_was_redrawn(browser):
-    browser.open("watched.html")
-    browser.click("#map-3 rect")
-    browser.click("#nearer")
-    view = browser.run(VIEW)
-    with open("watched.html", encoding="utf-8") as file:
-        page = file.read()
-    assert "3 Havrune" in page
-    with open("watched.new", "w", encoding="utf-8", newline="") as file:
-        file.write(page.replace("Havrune", "Renamed"))
-    os.replace("watched.new", "watched.html")
-    browser.wait("return document.getElementById('button-3')?.textContent === '3 Renamed'")
-    equal(browser.run(VIEW), view)
-    equal(browser.run(PINNED), "3")
+    watch = subprocess.Popen([WATCHED.tool, "draw", "--watch", WATCHED.exe, "watched.html"],
+                             stdout=subprocess.DEVNULL)
+    try:
+        while not os.path.exists("watched.html"):
+            assert watch.poll() is None, "the program has ended"
+            time.sleep(0.01)
+        browser.open("watched.html")
+        browser.click("#map-3 rect")
+        browser.click("#nearer")
+        view = browser.run(VIEW)
+        WATCHED.rename(3, "Renamed")
+        browser.wait("return document.getElementById('button-3')?.textContent === '3 Renamed'")
+        equal(browser.run(VIEW), view)
+        equal(browser.run(PINNED), "3")
+    finally:
+        watch.terminate()
+        watch.wait()
 
 
 def hostile_names_do_nothing(browser):
@@ -175,7 +182,7 @@ def hostile_names_do_nothing(browser):
         browser.run("document.getElementById('map-' + arguments[0]).focus()", str(number))
     browser.point("#map-1 rect")
     browser.wait(SHOWN + " === '1'")
-    assert "harm</i>" in browser.run("return document.title")
+    assert "<i>harm" in browser.run("return document.title")
     equal(browser.run("return document.querySelectorAll('script').length"), 1)
     equal(browser.run("return document.querySelectorAll('img, i, b, [onmouseover]').length"), 0)
     text = browser.run("return document.body.textContent")
@@ -240,10 +247,11 @@ def keep_pictures():
 
 
 def main():
-    program, folder = os.path.abspath(sys.argv[1]), sys.argv[2]
-    os.makedirs(folder, exist_ok=True)
-    os.chdir(folder)
-    subprocess.run([program, "."], check=True)
+    global WATCHED
+    sample, tool = map(os.path.abspath, sys.argv[1:3])
+    os.makedirs(sys.argv[3])
+    os.chdir(sys.argv[3])
+    WATCHED = draw_pages(sample, tool)
     failed = try_all()
     keep_pictures()
     return 1 if failed else 0
