@@ -7,7 +7,7 @@
 
 packages_build="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-dejavu-core
   libutf8proc-dev libcli11-dev nlohmann-json3-dev"
-packages_test="$packages_build libgtest-dev python3 strace"
+packages_test="$packages_build libgtest-dev python3 python3-jsonschema strace"
 packages_check="$packages_test clang clang-format clang-tidy libclang-rt-dev"
 packages_browser="$packages_build chromium chromium-driver python3"
 packages_lint="$packages_test clang clang-tidy g++-mingw-w64-x86-64 googletest"
@@ -25,9 +25,10 @@ name_packages() {
 This script installs packages on Debian and Ubuntu only. Please install the packages listed here for
 your system, and run it again:
   Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel utf8proc-devel cli11-devel json-devel
-             gtest-devel python3 strace dejavu-sans-fonts
+             gtest-devel python3-jsonschema strace dejavu-sans-fonts
              clang clang-tools-extra (for the checks), google-benchmark-devel (to measure)
-  Arch:      gcc cmake ninja qt6-base libutf8proc cli11 nlohmann-json gtest python strace ttf-dejavu
+  Arch:      gcc cmake ninja qt6-base libutf8proc cli11 nlohmann-json gtest python-jsonschema strace
+             ttf-dejavu
              clang (for the checks), benchmark (to measure)
 END
 }

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <nlohmann/json.hpp>
 
 #include "SampleLayer.h"
-#include "Schema.h"
-#include "SchemaCheck.h"
 
 using namespace corvane;
 using Json = nlohmann::json;
@@ -21,14 +20,6 @@ std::string ReadBack(const std::string& json) {
   return PatchBytes(TablesOf(read->Tables));
 }
 
-bool FitsSchema(const std::string& json) {
-  const Json schema = Json::parse(Schema);
-  SchemaCheck check{schema, {}};
-  const bool fits = check.Accepts(schema, Json::parse(json));
-  EXPECT_EQ(check.Unknown, "");
-  return fits;
-}
-
 const Layer Sample = LayerOf(MakeSampleGame());
 const std::string SampleTables = TablesToJson(Sample);
 const std::string SampleBtd = BtdToJson(Sample.Files[4]);
@@ -37,11 +28,8 @@ const std::string SampleBtd = BtdToJson(Sample.Files[4]);
 
 TEST(Json, PreservesTheSample) {
   EXPECT_TRUE(ReadBack(SampleTables) == PatchBytes(MakeSampleGame().Tables));
-  EXPECT_TRUE(FitsSchema(SampleTables));
   for (const MapFile& file : Sample.Files) {
-    const std::string json = BtdToJson(file);
-    EXPECT_TRUE(ReadBack(json) == BtdImage(file)) << file.Name;
-    EXPECT_TRUE(FitsSchema(json)) << file.Name;
+    EXPECT_TRUE(ReadBack(BtdToJson(file)) == BtdImage(file)) << file.Name;
   }
 }
 
@@ -75,7 +63,6 @@ TEST(Json, TakesHexForAnyText) {
   const std::size_t at = json.find("\"BaseName\": ") + 12;
   json.replace(at, json.find('\n', at) - at - 1, R"({"Hex": "466F72640081"})");
   EXPECT_EQ(ReadBack(json).substr(325, 9), std::string("Ford\0\x81\0\0\0", 9));
-  EXPECT_TRUE(FitsSchema(json));
 }
 
 // A value of a sound document, what takes its place, and what is said of it there.
@@ -97,7 +84,6 @@ static void ExpectRefused(const std::string& sample, const Fault& fault) {
     parent.erase(place.back());
   }
   EXPECT_EQ(ReadBack(json.dump()), std::string(fault.Blamed) + fault.Reason);
-  EXPECT_FALSE(FitsSchema(json.dump())) << fault.Place << " " << fault.Value;
 }
 
 constexpr char TooLarge[] = ": must be between -2147483648 and 2147483647";
@@ -113,10 +99,8 @@ TEST(Json, RefusesFaultyTables) {
       {"/a~1b~0", "1", ": unknown key"},
       {"/StrMap/3/left", "1", ": unknown key"},
       {"/StrMap/3/Left", "", ": is missing"},
-      {"/StrMap/3/Left", "true", NoNumber},
       {"/StrMap/3/Left", "\"1\"", NoNumber},
       {"/StrMap/3/Left", "1.5", NoNumber},
-      {"/StrMap/3/Left", "null", NoNumber},
       {"/StrMap/3/Left", "2147483648", TooLarge},
       {"/StrMap/3/Left", "-2147483649", TooLarge},
       {"/StrMap/3/Left", "18446744073709551615", TooLarge},
@@ -124,21 +108,17 @@ TEST(Json, RefusesFaultyTables) {
       {"/StrArrow/81", "{}", ": must have 81 elements, not 82", "/StrArrow"},
       {"/StrArrow", "{}", ": must be an array"},
       {"/StrArrow/80", "[]", ": must be an object"},
-      {"/MapConnections", "null", ": must be an array"},
       {"/MapConnections/0/From", "43", ": must be between 0 and 42"},
       {"/MapConnections/0/To", "-1", ": must be between 0 and 42"},
       {"/MapConnections/0/Arrow", "-1", ": -1 means no connection"},
-      {"/MapHotspots/0/CenterY", "", ": is missing"},
-  };
+      {"/MapHotspots/0/CenterY", "", ": is missing"}};
   for (const Fault& fault : rows) ExpectRefused(SampleTables, fault);
 }
 
 TEST(Json, RefusesFaultyBtdFiles) {
   const Fault rows[] = {
       {"/MapIndex", "256", ": must be between 0 and 255"},
-      {"/Magic", "{}", NoNumber},
       {"/VictoryLocations/9", "", ": must have 10 elements, not 9", "/VictoryLocations"},
-      {"/VictoryLocations/0/TileX", "-1", ": must be between 0 and 255"},
       {"/VictoryLocations/0/Opaque0/1", "256", ": must be between 0 and 255"},
       {"/VictoryLocations/0/Opaque2", "[1]", ": must have 2 elements, not 1"},
       {"/VictoryLocations/0/Kind", "5e1", NoNumber},
@@ -146,20 +126,15 @@ TEST(Json, RefusesFaultyBtdFiles) {
       {"/BaseName", R"({"Hex": "4"})", "/Hex: must be pairs of hexadecimal digits"},
       {"/BaseName", R"({"Hex": "4g"})", "/Hex: must be pairs of hexadecimal digits"},
       {"/BaseName", R"({"Hex": 46})", "/Hex: must be a string"},
-      {"/BaseName", R"({"Hex": "46", "x": 1})", "/x: unknown key"},
       {"/AlliedBrief", "\"text\"", ": must be an array of strings, or an object with the key Hex"},
-      {"/AxisBrief", "[\"a\", 1]", "/1: must be a string"},
-  };
+      {"/AxisBrief", "[\"a\", 1]", "/1: must be a string"}};
   for (const Fault& fault : rows) ExpectRefused(SampleBtd, fault);
 }
 
-TEST(Json, RefusesWhatASchemaCannotExpress) {
+TEST(Json, RefusesWhatIsNotJsonOrTooLarge) {
   const std::string start = R"({"Format": "Corvane tables", )";
   const std::string deep = std::string(100000, '[');
-  const struct {
-    std::string Text;
-    std::string Reason;
-  } rows[] = {
+  const std::pair<std::string, std::string> rows[] = {
       {"", "/: invalid JSON at line 1, column 1"},
       {"{\n  \"a\": 1,\n  b", "/a: invalid JSON at line 3, column 3"},
       {start + "\"StrMap\": [1, 2, }", "/StrMap/2: invalid JSON at line 1, column 47"},
@@ -168,12 +143,14 @@ TEST(Json, RefusesWhatASchemaCannotExpress) {
       {std::string(SampleTables) + '\0' + "{", "/: invalid JSON at line 270, column 1"},
       {"\"\xFF\"", "/: invalid JSON at line 1, column 2"},
       {deep, "/0/0/0/0/0/0/0/0: nested too deeply"},
-      {"{\"" + std::string(MaxJsonSize, ' ') + "\": 1}", "/: longer than 1048576 bytes"},
-  };
+      {"{\"" + std::string(MaxJsonSize, ' ') + "\": 1}", "/: longer than 1048576 bytes"}};
   for (const auto& [text, reason] : rows) EXPECT_EQ(ReadBack(text), reason) << text.substr(0, 80);
 }
 
-TEST(Json, RefusesATextThatCannotBeStored) {
+TEST(Json, RefusesAConnectionGivenTwiceAndATextThatCannotBeStored) {
+  Json twice = Json::parse(SampleTables);
+  twice["MapConnections"].push_back(twice["MapConnections"][0]);
+  EXPECT_EQ(ReadBack(twice.dump()), "/MapConnections/90: duplicate connection");
   const auto named = [](const std::string& name) {
     Json json = Json::parse(SampleBtd);
     json["BaseName"] = name;
@@ -181,12 +158,5 @@ TEST(Json, RefusesATextThatCannotBeStored) {
   };
   EXPECT_EQ(named("123456789").substr(325, 9), "123456789");
   EXPECT_EQ(named("1234567890"), "/BaseName: has 10 bytes; the field holds 9");
-  EXPECT_EQ(named("\u4E2D"),
-            "/BaseName: contains a character that is not in the system's code page");
-}
-
-TEST(Json, RefusesAConnectionGivenTwice) {
-  Json json = Json::parse(SampleTables);
-  json["MapConnections"].push_back(json["MapConnections"][0]);
-  EXPECT_EQ(ReadBack(json.dump()), "/MapConnections/90: duplicate connection");
+  EXPECT_EQ(named("\u4E2D"), "/BaseName: contains a character that is not in the system's code page");
 }
