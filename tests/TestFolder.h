@@ -4,22 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <random>
-#include <sstream>
 
 #include "Faults.h"
+#include "FileBytes.h"
 #include "ResetTables.h"
-#include "base/Result.h"
+#include "base/FileRanges.h"
 #include "samples/SampleGame.h"
-
-/// The content of a file; empty if it does not exist.
-inline std::string Bytes(const std::filesystem::path& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 struct TestFolder {
   TestFolder() {
@@ -36,14 +27,22 @@ struct TestFolder {
     std::filesystem::create_directories((Path / name).parent_path());
     std::ofstream(Path / name, std::ios::binary) << content;
   }
-  std::string Get(const std::string& name) const { return Bytes(Path / name); }
+  std::string Get(const std::string& name) const { return FileBytes(Path / name); }
   std::filesystem::path Path = std::filesystem::temp_directory_path() /
                                ("corvane-test-" + std::to_string(std::random_device()()));
 };
 
 /// The message that the user would see; empty on success.
-inline std::string Told(const auto& result) {
+inline std::string MessageOf(const auto& result) {
   return result.Done() ? std::string() : FailureMessage(result.Error());
+}
+
+/// Saves bytes into a file, from `offset` on.
+inline corvane::Result<> SaveBytes(const std::string& path, std::string_view bytes,
+                                   corvane::IfMissing missing = corvane::IfMissing::Fail,
+                                   std::uint64_t offset = 0) {
+  const corvane::WriteRange range{offset, std::as_bytes(std::span(bytes))};
+  return corvane::SaveInPlace(path, {&range, 1}, missing);
 }
 
 /// Every file step from this index on, counted from 0, fails.

@@ -44,7 +44,7 @@ struct TestForm : Form {
     };
   }
   // Returns the events since the last call.
-  std::string Told() { return std::exchange(Log, ""); }
+  std::string TakeLog() { return std::exchange(Log, ""); }
 
   // clang-format off
   Button   cmdCancel{*this, {"cmdCancel", "Cancel", {2760, 3360, 1215,  375},  7}};
@@ -56,7 +56,7 @@ struct TestForm : Form {
   ListBox  lstFew   {*this, {"lstFew",    "",       { 120, 1440, 2055,  990},  1, &Holder}, RowOrder::ByText};
   ComboBox cboRows  {*this, {"cboRows",   "",       { 120, 2640,  975,  315},  2, &Holder}};
   TextBox  txtNumber{*this, {"txtNumber", "",       {2760,  360,  615,  285},  3}};
-  TextBox  txtName  {*this, {"txtName",   "",       {2760,  720, 1455,  285},  4}, 5};
+  TextBox  txtName  {*this, {"txtName",   "",       {2760,  720, 1455,  285},  4, nullptr, "Name"}, 5};
   TextBox  txtLines {*this, {"txtLines",  "",       {2760, 1200, 3600, 1335},  5}, 20, TextLines::Several};
   Label    lblNote  {*this, {"lblNote",   "Note",   {4200, 2880, 1215,  255}, 10}, Alignment::Left};
   MenuEntry mnuFile {*this,   "mnuFile", "&File"};

@@ -18,9 +18,9 @@ TEST(BtdFile, ReadsZerosPastTheEndAndKeepsTheRestOfTheFile) {
     map.Rest = known.substr(std::min<std::size_t>(known.size(), 8526));
     known.resize(8526);
     const auto read = ReadBtd(folder / "m");
-    ASSERT_EQ(Told(read), "");
+    ASSERT_EQ(MessageOf(read), "");
     EXPECT_TRUE(BtdBytes({"", read->Header, read->VLs, read->Text, ""}) == known);
-    EXPECT_EQ(Told(WriteBtd(folder / "m", 255, map.VLs, map.Text)), "");
+    EXPECT_EQ(MessageOf(WriteBtd(folder / "m", 255, map.VLs, map.Text)), "");
     EXPECT_TRUE(folder.Get("m") == BtdBytes(map));
   }
 }

@@ -27,9 +27,9 @@ TEST_F(TableImages, AreCopiedByteForByteWithZerosPastTheEndOfAFile) {
       std::string read = Wholes[patch].substr(0, length), written(length, '#'), images;
       Folder.Put(Names[patch], read);
       const auto tables = Read(patch);
-      ASSERT_EQ(Told(tables), "");
+      ASSERT_EQ(MessageOf(tables), "");
       Folder.Put(Names[patch], written);
-      EXPECT_EQ(Told(Write(patch, *tables)), "");
+      EXPECT_EQ(MessageOf(Write(patch, *tables)), "");
       read.resize(hotspots + 344);
       written.resize(std::max(length, read.size()));
       for (int t = 0; t < 4; ++t) {
@@ -43,13 +43,13 @@ TEST_F(TableImages, AreCopiedByteForByteWithZerosPastTheEndOfAFile) {
 }
 
 TEST_F(TableImages, AFailedReadIsReportedAndAMissingGameIsNotCreated) {
-  EXPECT_TRUE(Told(Write(false, Made)).ends_with(" does not exist and was not created."));
+  EXPECT_TRUE(MessageOf(Write(false, Made)).ends_with(" does not exist and was not created."));
   EXPECT_FALSE(std::filesystem::exists(Exe));
   for (const bool patch : {false, true}) {
     InjectedFault = nullptr;
     Folder.Put(Names[patch], Wholes[patch]);
     EXPECT_TRUE(*Read(patch) == Made);
     FailFrom(2);
-    EXPECT_TRUE(Told(Read(patch)).starts_with(Folder / Names[patch] + " could not be read: "));
+    EXPECT_TRUE(MessageOf(Read(patch)).starts_with(Folder / Names[patch] + " could not be read: "));
   }
 }

@@ -76,7 +76,7 @@ TEST_F(EditMapBTD, AnUntouchedSaveChangesOnlyTheseBytes) {
   wanted.replace(325 + 6, 3, 3, '\0');            // after the end of the base name
   wanted.replace(4430 + 1000, 3096, 3096, '\0');  // and of the briefing
   EXPECT_TRUE(File() == wanted);
-  EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf(Spelled("bytes")) + "?"});
+  EXPECT_EQ(session.TakeMessages(), Texts{"Replace existing " + PathOf(Spelled("bytes")) + "?"});
   EXPECT_FALSE(TablesDirty);
 }
 
@@ -157,7 +157,7 @@ TEST_F(EditMapBTD, TileNumbersGoIntoTheSlotThatStoodAndARefusedOneHoldsTheDialog
     Session::Type(dialog.txtVLY, "9");
     Press(dialog.cmdHelp);
     EXPECT_EQ(Edited(1).TileY, 9);
-    EXPECT_EQ(session.Told(), Texts{"Help text"});
+    EXPECT_EQ(session.TakeMessages(), Texts{"Help text"});
     Session::Type(dialog.txtVLY, "1-");
     Press(dialog.CancelButton);
     PressKey(dialog, Key::Enter);
@@ -172,7 +172,7 @@ TEST_F(EditMapBTD, AskedAboutAFileInOtherLettersNoKeepsAll) {
     Session::Type(dialog.txtFileName, "BYTES");
     session.Answer = MessageAnswer::No;
     Press(dialog.OKButton);
-    EXPECT_EQ(session.Told(), Texts{"Replace existing " + PathOf(Spelled("BYTES")) + "?"});
+    EXPECT_EQ(session.TakeMessages(), Texts{"Replace existing " + PathOf(Spelled("BYTES")) + "?"});
     EXPECT_TRUE(dialog.IsOpen());
   });
   EXPECT_TRUE(File() == Before);
@@ -185,7 +185,7 @@ TEST_F(EditMapBTD, ANewNameMakesANewFileUnasked) {
     Press(dialog.OKButton);
   });
   EXPECT_TRUE(File() == Before);
-  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_EQ(session.TakeMessages(), Texts());
   const std::string made = session.Folder.Get("Maps/toolongn.btd");
   ASSERT_EQ(made.size(), BtdSize);
   EXPECT_EQ(made[4], 4);
@@ -212,7 +212,7 @@ TEST_F(EditMapBTD, AFileThatCannotBeReadIsToldAndNotEdited) {
   FailFrom(1);
   session.InDialog = [](Form&) { ADD_FAILURE(); };
   Press(session.Main.cmdEditBTD);
-  const Texts told = session.Told();  // for this file, then for all
+  const Texts told = session.TakeMessages();  // for this file, then for all
   ASSERT_EQ(told.size(), 2U);
   EXPECT_NE(told[0].find("could not be read"), std::string::npos);
 }
@@ -233,7 +233,7 @@ TEST_F(EditMapBTD, TheEndOfTheSessionAsksAboutEdits) {
         session.Answer = answer;
         EXPECT_EQ(QueryEndSession(), answer == MessageAnswer::Yes);
       }
-      EXPECT_EQ(session.Told(), Texts(2, question));
+      EXPECT_EQ(session.TakeMessages(), Texts(2, question));
     });
     PickRow(session.Main.lstMaps, 3);
   }

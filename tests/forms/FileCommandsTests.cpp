@@ -27,14 +27,14 @@ TEST_F(FileCommands, SetTheDialogsAndDoNothingWhenTheseAreCancelled) {
     EXPECT_EQ(session.Asked.FilterIndex, 1) << filter;
     EXPECT_EQ(session.Asked.InitDir, folder) << filter;
   }
-  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_EQ(session.TakeMessages(), Texts());
   EXPECT_TRUE(TablesDirty);
 }
 
 TEST_F(FileCommands, SaveANewPatchFileUnaskedByCtrlS) {
   session.Choice = session.File("New.crv");
   PressKey(main, CtrlS);
-  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_EQ(session.TakeMessages(), Texts());
   EXPECT_FALSE(TablesDirty);
   EXPECT_TRUE(session.Folder.Get("New.crv") == PatchBytes(MakeSampleGame().Tables));
   EXPECT_EQ(OpenedFile, "CC4.EXE");
@@ -47,10 +47,18 @@ TEST_F(FileCommands, AskBeforeReplacingAPatchFile) {
     EXPECT_TRUE(TablesDirty);
     session.Answer = answer;
     session.SavePatch("old.crv");
-    EXPECT_EQ(session.Told(), Texts{"Overwrite file " + session.File("old.crv") + "?"});
+    EXPECT_EQ(session.TakeMessages(), Texts{"Overwrite file " + session.File("old.crv") + "?"});
   }
   EXPECT_FALSE(TablesDirty);
   EXPECT_EQ(session.Folder.Get("old.crv").size(), 11212U);
+}
+
+TEST_F(FileCommands, CannotSaveIntoAFolder) {
+  session.Folder.Put("folder.crv/file");
+  session.SavePatch("folder.crv");
+  ASSERT_EQ(session.Messages.size(), 1U);
+  EXPECT_TRUE(session.Messages[0].starts_with("Error: " + session.File("folder.crv") + " could "));
+  EXPECT_TRUE(TablesDirty);
 }
 
 TEST_F(FileCommands, OfferAPatchFileOnlyWhereTheGameHasAFolder) {
@@ -67,11 +75,11 @@ TEST_F(FileCommands, WriteNoPatchFileAsAGame) {
   OpenMenu(main.mnuFile);
   OpenedFile = "p.crv";
   Choose(main.mnuFileSave);
-  EXPECT_EQ(session.Told(), Texts{});
+  EXPECT_EQ(session.TakeMessages(), Texts{});
   EXPECT_EQ(session.Folder.Get("p.crv").size(), 11212U);
 }
 
-TEST_F(FileCommands, TakeAGameInSmallLetters) {
+TEST_F(FileCommands, OpenAGameInSmallLetters) {
   std::filesystem::rename(session.File("CC4.EXE"), session.File("cc4.exe"));
   session.OpenFile("cc4.exe");
   OpenMenu(main.mnuFile);
@@ -84,7 +92,7 @@ TEST_F(FileCommands, TakeAGameInSmallLetters) {
 }
 
 // If the first map has no connections, its message appears during the open.
-TEST_F(FileCommands, CountTheTablesAsSavedOnlyAtTheEndOfAnOpen) {
+TEST_F(FileCommands, MarkTheTablesAsSavedOnlyAtTheEndOfAnOpen) {
   GameTables tables = MakeSampleGame().Tables;
   for (int to = 0; to < MapSlotCount; ++to) tables.Connections(0, to) = NoConnection;
   session.Folder.Put("CC4.EXE", GameExeBytes(tables));
@@ -103,7 +111,7 @@ TEST_F(FileCommands, AskBeforeLeavingUnsavedTables) {
     EXPECT_TRUE(main.IsOpen());
     session.Answer = answer;
     session.Menu(main.mnuFileExit);
-    EXPECT_EQ(session.Told(), Texts{"Quit without saving changes?"});
+    EXPECT_EQ(session.TakeMessages(), Texts{"Quit without saving changes?"});
   }
   EXPECT_FALSE(main.IsOpen());
 }
@@ -123,7 +131,7 @@ TEST_F(FileCommands, LeaveEverythingWhenAnOpenFails) {
   for (const auto& [name, error] : rows) {
     EXPECT_FALSE(session.Ended);
     session.OpenFile(name);
-    EXPECT_EQ(session.Told().at(0).substr(0, error.size()), error);
+    EXPECT_EQ(session.TakeMessages().at(0).substr(0, error.size()), error);
     EXPECT_EQ(MapConnections, before);
     EXPECT_EQ(main.lstMaps.ListIndex(), 7);
     EXPECT_TRUE(TablesDirty);
@@ -144,14 +152,11 @@ struct LostUpdates : testing::Test {
     bytes.at(at) = static_cast<char>(bytes.at(at) + 1);
     session.Folder.Put(name, bytes);
   }
-  // Saves, and answers the last question with No. Returns the questions without the fixed first
-  // one.
+  // Saves. Returns the messages after the first question.
   Texts SaveExe() {
-    session.Told();
+    session.TakeMessages();
     session.Menu(session.Main.mnuFileSave);
-    Texts told = session.Told();
-    told.erase(told.begin());
-    return told;
+    return {session.Messages.begin() + 1, session.Messages.end()};
   }
 };
 
@@ -172,32 +177,24 @@ TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndOnlyYesSavesOve
   Change("CC4.EXE", 1201311);
   const std::string theirs = session.Folder.Get("CC4.EXE");
   TablesDirty = true;
-  const auto yes = TheDisplay.ShowMessage;
-  TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons) {
-    session.Messages.push_back(text);
-    return text.starts_with("This will") ? MessageAnswer::Yes : MessageAnswer::No;
-  };
-  EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
-  EXPECT_EQ(session.Folder.Get("CC4.EXE"), theirs);
-  EXPECT_TRUE(TablesDirty);
-  TheDisplay.ShowMessage = yes;
-  EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
+  for (const char* refused : {"The file ", "?"}) {
+    EXPECT_EQ(session.Folder.Get("CC4.EXE"), theirs);
+    EXPECT_TRUE(TablesDirty);
+    session.Refused = refused;
+    EXPECT_EQ(SaveExe(), Texts{ChangedQuestion(session.File("CC4.EXE"))});
+  }
   EXPECT_EQ(session.Folder.Get("CC4.EXE"), ours);
   EXPECT_EQ(SaveExe(), Texts{});
 }
 
-// Writes the first range, then fails every write and flush, so the change cannot be undone.
-static void FailBehindTheFirstWrite() {
+// The first range is written; then every write and flush fails, so that nothing can be undone.
+TEST_F(LostUpdates, AGameThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
+  StrMap[0].Left = 5;
   InjectedFault = [writes = 0](FileStep step, Moment moment, std::size_t&) mutable {
     if (moment == Moment::After) return std::error_code();
     const bool fails = step == FileStep::Flush || (step == FileStep::Write && writes++ > 0);
     return fails ? std::make_error_code(std::errc::io_error) : std::error_code();
   };
-}
-
-TEST_F(LostUpdates, AGameThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
-  StrMap[0].Left = 5;
-  FailBehindTheFirstWrite();
   EXPECT_NE(SaveExe().at(0).find("DAMAGED"), std::string::npos);
   InjectedFault = nullptr;
   EXPECT_EQ(SaveExe(), Texts{});
@@ -206,12 +203,12 @@ TEST_F(LostUpdates, AGameThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
 TEST_F(LostUpdates, APatchFileSavedHereIsAskedAboutOnceItDiffers) {
   const Texts overwrite{"Overwrite file " + session.File("p.crv") + "?"};
   session.SavePatch("p.crv");
-  session.Told();
+  session.TakeMessages();
   session.SavePatch("p.crv");
-  EXPECT_EQ(session.Told(), overwrite);
+  EXPECT_EQ(session.TakeMessages(), overwrite);
   Change("p.crv", 11211);
   session.SavePatch("p.crv");
-  EXPECT_EQ(session.Told(), (Texts{overwrite[0], ChangedQuestion(session.File("p.crv"))}));
+  EXPECT_EQ(session.TakeMessages(), (Texts{overwrite[0], ChangedQuestion(session.File("p.crv"))}));
 }
 
 TEST_F(LostUpdates, ABtdFileChangedWhileItsDialogIsOpenIsAskedAbout) {
@@ -219,11 +216,8 @@ TEST_F(LostUpdates, ABtdFileChangedWhileItsDialogIsOpenIsAskedAbout) {
   session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
     Change(name, 8525);
     const std::string theirs = session.Folder.Get(name);
-    TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons) {
-      session.Messages.push_back(text);
-      return text.starts_with("Replace") ? MessageAnswer::Yes : MessageAnswer::No;
-    };
-    session.Told();
+    session.TakeMessages();
+    session.Refused = "The file ";
     Press(dialog.OKButton);
     ASSERT_EQ(session.Messages.size(), 2U);
     EXPECT_TRUE(session.Messages[1].ends_with(" Save and lose those changes?"));
@@ -236,13 +230,12 @@ TEST(BaseNames, ThatLeadOutOfMapsAreRefusedBeforeAnyQuestion) {
   Session session;
   session.Folder.Put("x.btd", "outside");
   session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
-    session.Told();
+    session.TakeMessages();
     dialog.txtFileName.SetText("../x");
     Press(dialog.OKButton);
-    const Texts told = session.Told();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_TRUE(told[0].starts_with("Error: ")) << told[0];
-    EXPECT_TRUE(told[0].ends_with(" No file was changed.")) << told[0];
+    ASSERT_EQ(session.Messages.size(), 1U);
+    EXPECT_TRUE(session.Messages[0].starts_with("Error: ")) << session.Messages[0];
+    EXPECT_TRUE(session.Messages[0].ends_with(" No file was changed.")) << session.Messages[0];
     EXPECT_TRUE(dialog.IsOpen());
   });
   EXPECT_EQ(session.Folder.Get("x.btd"), "outside");

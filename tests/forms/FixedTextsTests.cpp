@@ -26,14 +26,21 @@ TEST(FixedTexts, OfTheHelpMenuComeWithNothingOpen) {
   Session session(GameFiles(MakeSampleGame()));
   session.Menu(session.Main.mnuHelpBasic);
   session.Menu(session.Main.mnuHelpAbout);
-  EXPECT_EQ(session.Told(), (Texts{Instructions, "Corvane for Close Combat 4"}));
+  EXPECT_EQ(session.TakeMessages(), (Texts{Instructions, "Corvane for Close Combat 4"}));
 }
 
 TEST(FixedTexts, OfTheQuestionAheadOfClearingASlot) {
   Session session;
   session.Answer = MessageAnswer::No;
   session.Main.cmdDelete.Click();
-  EXPECT_EQ(session.Told(), Texts{DeleteQuestion});
+  EXPECT_EQ(session.TakeMessages(), Texts{DeleteQuestion});
+}
+
+TEST(FixedTexts, OfTheNoteInAddConnection) {
+  EXPECT_STREQ(dlgAddConnection(0).Label2.Caption,
+               "NOTE: You must have a reciprocating link from the destination back to this map.  "
+               "You must also edit the BTD files and set up a Victory Location on each map to "
+               "represent the link.");
 }
 
 TEST(FixedTexts, OfTheQuestionAheadOfDeletingAConnection) {

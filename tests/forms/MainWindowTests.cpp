@@ -48,7 +48,7 @@ TEST_F(OddConnections, ToAMapWithoutARowCanOnlyBeLookedAt) {
   EXPECT_EQ(main.txtArrowTop.Text(), std::to_string(StrArrow[2].Top));
   EXPECT_EQ(MapConnections, Before);
   EXPECT_FALSE(TablesDirty);
-  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_EQ(session.TakeMessages(), Texts());
   PickRow(main.lstConnections, 2);
   PickRow(main.cboArrows, 0);
   EXPECT_EQ(MapConnections(5, 14), 0);
@@ -81,7 +81,7 @@ TEST_F(Connections, AreDeletedOnYesOnly) {
     session.Answer = answer;
     EXPECT_EQ(MapConnections(5, 9), 12);
     Press(main.cmdDeleteConnection);
-    EXPECT_EQ(session.Told(), Texts{ConnectionDeletePrompt(MapRow(5), MapRow(9))});
+    EXPECT_EQ(session.TakeMessages(), Texts{ConnectionDeletePrompt(MapRow(5), MapRow(9))});
   }
   EXPECT_EQ(MapConnections(5, 9), NoConnection);
   EXPECT_EQ(main.cboArrows.Text(), "011");  // of the first row
@@ -90,7 +90,7 @@ TEST_F(Connections, AreDeletedOnYesOnly) {
 
 TEST_F(Connections, CannotBeDeletedOnceNoneIsLeft) {
   for (int left = 3; left > 0; --left) Press(main.cmdDeleteConnection);
-  EXPECT_EQ(Texts{session.Told().back()}, NoConnectionLeft);
+  EXPECT_EQ(Texts{session.TakeMessages().back()}, NoConnectionLeft);
   EXPECT_EQ(main.lstConnections.ListCount(), 0);
   EXPECT_FALSE(main.cmdDeleteConnection.Enabled());
   EXPECT_TRUE(main.cmdAddConnection.Enabled());
@@ -103,7 +103,7 @@ TEST_F(Connections, CannotBeDeletedOnceNoneIsLeft) {
 TEST_F(Connections, AreAddedToAnyMapButTheSameOne) {
   Add({-1, 5, 0});
   EXPECT_TRUE(Closed);
-  EXPECT_EQ(session.Told(),
+  EXPECT_EQ(session.TakeMessages(),
             (Texts{"Please choose a destination map.", "You can not link a map to itself."}));
   EXPECT_EQ(main.lstConnections.Text(), MapRow(0));
   EXPECT_EQ(main.cboArrows.Text(), "000");
@@ -127,7 +127,7 @@ TEST_F(Connections, AreAddedUpToNine) {
   EXPECT_EQ(main.lstConnections.ListCount(), 9);
   session.InDialog = [](Form&) { ADD_FAILURE(); };
   Press(main.cmdAddConnection);
-  EXPECT_EQ(session.Told(),
+  EXPECT_EQ(session.TakeMessages(),
             Texts{"You already have the maximum number of connections for one map."});
 }
 
@@ -206,17 +206,18 @@ TEST(MainWindow, StartsEmptyWithHelpAlone) {
   EXPECT_FALSE(main.cmdDelete.Visible());
   DoubleClick(main.lstMaps, 0);
   main.cmdDeleteConnection_Click();
-  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_EQ(session.TakeMessages(), Texts());
 }
 
-TEST(NoMaps, AreToldOnceAndShowNothing) {
+TEST(NoMaps, AreReportedOnceAndShowNothing) {
   Session session;
   Form1& main = session.Main;
   std::filesystem::remove_all(session.Folder.Path / "Maps");
   TablesDirty = true;
   session.OpenFile("CC4.EXE");
-  EXPECT_EQ(session.Told(), Texts{"Error: No map files were found in the folder " + GamePath +
-                                  Separator + "Maps."});
+  const std::string message =
+      "Error: No map files were found in the folder " + GamePath + Separator + "Maps.";
+  EXPECT_EQ(session.TakeMessages(), Texts{message});
   EXPECT_EQ(main.lstMaps.ListCount(), 0);
   EXPECT_EQ(main.lstConnections.ListCount(), 0);
   EXPECT_EQ(main.txtMapLeft.Text(), "");
@@ -230,7 +231,10 @@ TEST(NoMaps, AreToldOnceAndShowNothing) {
   Session::Type(main.txtMapLeft, "5");
   PressKey(main, Key::Tab);
   EXPECT_FALSE(TablesDirty);
-  EXPECT_EQ(session.Told(), Texts());
+  EXPECT_EQ(session.TakeMessages(), Texts());
+  session.Folder.Put("Maps", "a file");
+  main.ShowCatalogue();
+  EXPECT_TRUE(session.Messages.at(0).starts_with(message + " ")) << "with the reason";
 }
 
 TEST(MainWindow, NamesEachMapFileThatItCannotRead) {
@@ -241,7 +245,7 @@ TEST(MainWindow, NamesEachMapFileThatItCannotRead) {
     return std::make_error_code(std::errc::io_error);
   };
   session.Main.ShowCatalogue();
-  const Texts told = session.Told();
+  const Texts told = session.TakeMessages();
   ASSERT_EQ(told.size(), 1U);
   EXPECT_TRUE(told[0].starts_with("Error: Not all map files could be read.")) << told[0];
   EXPECT_NE(told[0].find("\r\n" + path + " could not be read: "), std::string::npos) << told[0];
@@ -271,7 +275,7 @@ TEST_F(MapSlots, AreAddedAndEditedAndLastOnlyWithAFile) {
 
 TEST_F(MapSlots, AreClearedOnYes) {
   main.cmdDelete.Click();
-  EXPECT_EQ(Texts{session.Told().at(1)}, NoConnectionLeft);
+  EXPECT_EQ(Texts{session.TakeMessages().at(1)}, NoConnectionLeft);
   EXPECT_EQ(main.lstMaps.Text(), "000 UNUSED");
   EXPECT_EQ(main.txtMapWidth.Text(), "0");
   EXPECT_EQ(session.Folder.Get(Path), BtdBytes({"", {BtdMagic, 0}, {}, {}, Game.Maps[0].Rest}));
@@ -282,12 +286,12 @@ TEST_F(MapSlots, AreKeptOnNoAndWhenTheFileCannotBeCleared) {
   const std::string before = session.Folder.Get(Path);
   session.Answer = MessageAnswer::No;
   main.cmdDelete.Click();
-  EXPECT_EQ(session.Told().size(), 1U);
+  EXPECT_EQ(session.TakeMessages().size(), 1U);
   session.Answer = MessageAnswer::Yes;
   FailFrom(0);
   main.cmdDelete.Click();
   InjectedFault = nullptr;
-  EXPECT_NE(session.Told().at(1).find("could not be saved"), std::string::npos);
+  EXPECT_NE(session.TakeMessages().at(1).find("could not be saved"), std::string::npos);
   EXPECT_EQ(main.lstMaps.Text(), Row);
   EXPECT_EQ(session.Folder.Get(Path), before);
 }

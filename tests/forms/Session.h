@@ -26,6 +26,7 @@ struct Session {
     for (const auto& [name, bytes] : files) Folder.Put(name, bytes);
     TheDisplay.ShowMessage = [this](const std::string& text, MessageButtons buttons) {
       Messages.push_back(text);
+      if (text.starts_with(Refused)) return MessageAnswer::No;
       return buttons == MessageButtons::Ok ? MessageAnswer::Ok : Answer;
     };
     TheDisplay.ShowFileDialog = [this](CommonDialog& dialog) {
@@ -50,18 +51,17 @@ struct Session {
   Form1 Main;
   Texts Messages;
   MessageAnswer Answer = MessageAnswer::Yes;
+  std::string Refused = "?";                           // start of a question answered with No
   std::string Choice;                                  // result of the next file dialog
   CommonDialog Asked;                                  // the program's settings for it
   std::function<void(Form&)> InDialog = [](Form&) {};  // the user's actions in a modal dialog
   int Beeps = 0;
   bool Ended = false;
 
-  [[nodiscard]] std::string File(const std::string& name) const {
-    return (Folder.Path / name).string();
-  }
+  [[nodiscard]] std::string File(const std::string& name) const { return Folder / name; }
 
   // Returns the messages since the last call.
-  Texts Told() { return std::exchange(Messages, {}); }
+  Texts TakeMessages() { return std::exchange(Messages, {}); }
 
   void OpenFile(const std::string& name) {
     Choice = File(name);

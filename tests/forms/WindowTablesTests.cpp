@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <set>
@@ -81,6 +82,19 @@ TEST_P(Window, NamesAndNumbersEachControlOnce) {
     EXPECT_STRNE(control.AccessibleName, "") << control.Name;
     EXPECT_TRUE(accessible.insert(control.AccessibleName).second) << control.Name;
   }
+}
+
+TEST(TypedLimits, AreOneLessThanTheWidthOfTheField) {
+  const dlgEditBTD dialog(0);
+  const std::pair<const TextBox*, std::size_t> rows[] = {
+      {&dialog.txtVLName, sizeof VictoryLocation::Name},
+      {&dialog.txtFileName, sizeof BtdText::BaseName},
+      {&dialog.txtAlliedBrief, sizeof BtdText::AlliedBrief},
+      {&dialog.txtAxisBrief, sizeof BtdText::AxisBrief},
+      {&dialog.txtVLX, std::strlen("255")},
+      {&dialog.txtVLY, std::strlen("255")}};
+  for (const auto& [box, width] : rows)
+    EXPECT_EQ(box->TypedLimit, static_cast<int>(width) - 1) << box->Name;
 }
 
 TEST_P(Window, NamesABoxWithTheWordOfItsOnlyLabel) {

@@ -8,22 +8,20 @@ using namespace corvane;
 struct CommandLine : ToolRun {};
 
 TEST_F(CommandLine, RefusesWrongUsage) {
-  const std::vector<std::string> rows[] = {
-      {},
-      {"check"},
-      {"show"},
-      {"show", "/CC4.EXE", "/CC4.EXE"},
-      {"diff", "/CC4.EXE"},
-      {"copy", "/CC4.EXE"},
-      {"check", "--what", "/CC4.EXE"},
-      {"check", "/CC4.EXE", "--game"},
-      {"/CC4.EXE", "/no.crv"},
-      {"/CC4.EXE", "/folder.crv"},
-      {"check", "diff", "/CC4.EXE", "/CC4.EXE"},
-      {"diff", "/CC4.EXE", "/Maps/Merlaut.btd"},
-      {"show", ""},
-      {"check", "--game", "", "/CC4.EXE"},
-  };
+  const std::vector<std::string> rows[] = {{},
+                                           {"check"},
+                                           {"show"},
+                                           {"show", "/CC4.EXE", "/CC4.EXE"},
+                                           {"diff", "/CC4.EXE"},
+                                           {"copy", "/CC4.EXE"},
+                                           {"check", "--what", "/CC4.EXE"},
+                                           {"check", "/CC4.EXE", "--game"},
+                                           {"/CC4.EXE", "/no.crv"},
+                                           {"/CC4.EXE", "/folder.crv"},
+                                           {"check", "diff", "/CC4.EXE", "/CC4.EXE"},
+                                           {"diff", "/CC4.EXE", "/Maps/Merlaut.btd"},
+                                           {"show", ""},
+                                           {"check", "--game", "", "/CC4.EXE"}};
   Folder.Put("folder.crv/file");
   for (const auto& words : rows) {
     EXPECT_EQ(Run(words), 2) << testing::PrintToString(words);
@@ -89,7 +87,7 @@ TEST_F(CheckCommand, PrintsFindingsThenWarnings) {
   EXPECT_EQ(Errors, "");
 }
 
-TEST_F(CheckCommand, CountsWarningsWhenStrict) {
+TEST_F(CheckCommand, CountsWarningsOnlyWhenStrict) {
   Game.Tables.Hotspots[5] = {799, 599};
   Folder.Put("p.crv", PatchBytes(Game.Tables));
   EXPECT_EQ(Run({"check", "--game", "/", "/p.crv"}), 0) << Errors;
@@ -107,11 +105,12 @@ TEST_F(CheckCommand, NamesEachOfSeveralSources) {
 
 TEST_F(CheckCommand, ColoursOnlyATerminal) {
   Folder.Put("Maps/Merlaut.btd", Folder.Get("Maps/Merlaut.btd").substr(0, 8000));
-  EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd"}), 0);
-  EXPECT_EQ(Out, "warning: only 8000 bytes long, not 8526\n");
-  Colour = true;
-  EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd"}), 0);
-  EXPECT_EQ(Out, "\x1B[33mwarning: only 8000 bytes long, not 8526\x1B[0m\n");
+  const std::string warning = "warning: only 8000 bytes long, not 8526";
+  for (const auto& text : {warning + "\n", "\x1B[33m" + warning + "\x1B[0m\n"}) {
+    EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd"}), 0);
+    EXPECT_EQ(Out, text);
+    Colour = true;
+  }
 }
 
 TEST_F(CheckCommand, FailsWithoutTheMaps) {
@@ -145,7 +144,7 @@ TEST_F(CommandLine, ShowsTheTablesWithoutAGame) {
   EXPECT_EQ(Run({"diff", "--game", "/", "/CC4.EXE", "/t.json"}), 0) << Out;
 }
 
-TEST_F(CommandLine, TellsDifferencesOfTablesAndFiles) {
+TEST_F(CommandLine, PrintsDifferencesOfTablesAndFiles) {
   const std::string left = std::to_string(std::exchange(Game.Tables.Tiles[3].Left, 117));
   const std::string x = std::to_string(std::exchange(Game.Maps[3].VLs[0].TileX, 98));
   for (const auto& [name, bytes] : GameFiles(Game)) Folder.Put("new/" + name, bytes);

@@ -158,5 +158,6 @@ TEST(Json, RefusesAConnectionGivenTwiceAndATextThatCannotBeStored) {
   };
   EXPECT_EQ(named("123456789").substr(325, 9), "123456789");
   EXPECT_EQ(named("1234567890"), "/BaseName: has 10 bytes; the field holds 9");
-  EXPECT_EQ(named("\u4E2D"), "/BaseName: contains a character that is not in the system's code page");
+  EXPECT_EQ(named("\u4E2D"),
+            "/BaseName: contains a character that is not in the system's code page");
 }

@@ -5,10 +5,7 @@
 using namespace corvane;
 
 TEST(Printable, EscapesControlAndDirectionCharacters) {
-  const struct {
-    const char* Text;
-    const char* Shown;
-  } rows[] = {
+  const std::pair<const char*, const char*> rows[] = {
       {"Ch\u00E2teau \u4E2D \U0001F5FA", "Ch\u00E2teau \u4E2D \U0001F5FA"},
       {"\x1B[31mred\x07", "\\x1B[31mred\\x07"},
       {"two\r\nlines", "two\\r\\nlines"},
@@ -19,8 +16,7 @@ TEST(Printable, EscapesControlAndDirectionCharacters) {
       {"\xFF\xC0\x80", "\\xFF\\xC0\\x80"},  // not UTF-8
       {"\xED\xA0\x80", "\\xED\\xA0\\x80"},  // half of a pair
       {"cut \xE2\x82", "cut \\xE2\\x82"},
-      {"C:\\Maps", "C:\\Maps"},
-  };
+      {"C:\\Maps", "C:\\Maps"}};
   for (const auto& [text, shown] : rows) EXPECT_EQ(Printable(text), shown);
 }
 

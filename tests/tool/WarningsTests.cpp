@@ -44,7 +44,7 @@ struct Warnings : testing::Test {
   }
 
   // A line each, without the unused arrows of the start.
-  std::string Told() {
+  std::string NewWarnings() {
     std::string lines;
     for (const Mark& mark : WarningsOf(Of))
       if (std::ranges::find(Ignored, mark.Text) == Ignored.end()) lines += mark.Text + '\n';
@@ -59,53 +59,47 @@ TEST_F(Warnings, CoverUnusedArrows) {
   ASSERT_EQ(Ignored.size(), 79U);
   EXPECT_EQ(Ignored[0], "arrow 002: no connection uses it");
   Of.Connections(0, 1) = 80;
-  EXPECT_EQ(Told(), "");  // arrow 0 still leads back
+  EXPECT_EQ(NewWarnings(), "");  // arrow 0 still leads back
   Of.Connections(1, 0) = 80;
-  EXPECT_EQ(Told(), "arrow 000: no connection uses it\n");
+  EXPECT_EQ(NewWarnings(), "arrow 000: no connection uses it\n");
 }
 
 TEST_F(Warnings, CoverTilesAndHotspotsOutOfPlace) {
   const std::string tile = "map 000 A.btd: its tile extends beyond 800 x 600\n";
   const std::string spot = "map 000 A.btd: its hotspot is outside its tile\n";
   const std::string both = tile + "map 000 A.btd: its hotspot is outside 800 x 600\n";
-  const struct {
-    int Left, Top, Width, Height;
-    Hotspot Spot;
-    std::string Expected;
-  } rows[] = {
-      {720, 540, 80, 60, {799, 599}, ""},   {721, 540, 80, 60, {799, 599}, tile},
-      {720, 541, 80, 60, {800, 599}, both}, {720, 500, 79, 60, {799, 520}, spot},
-      {720, 500, 79, 60, {720, 499}, spot}, {2147483647, 0, 2147483647, 1, {5, 0}, tile + spot},
-  };
-  for (const auto& [left, top, width, height, place, expected] : rows) {
-    Of.Tiles[0] = {0, 0, 0, left, top, width, height};
+  const std::tuple<StrRect, Hotspot, std::string> rows[] = {
+      {{0, 0, 0, 720, 540, 80, 60}, {799, 599}, ""},
+      {{0, 0, 0, 721, 540, 80, 60}, {799, 599}, tile},
+      {{0, 0, 0, 720, 541, 80, 60}, {800, 599}, both},
+      {{0, 0, 0, 720, 500, 79, 60}, {799, 520}, spot},
+      {{0, 0, 0, 720, 500, 79, 60}, {720, 499}, spot},
+      {{0, 0, 0, 2147483647, 0, 2147483647, 1}, {5, 0}, tile + spot}};
+  for (const auto& [rect, place, expected] : rows) {
+    Of.Tiles[0] = rect;
     Of.Hotspots[0] = place;
-    EXPECT_EQ(Told(), expected) << left << " " << top;
+    EXPECT_EQ(NewWarnings(), expected) << rect.Left << " " << rect.Top;
   }
 }
 
 TEST_F(Warnings, CoverTilesThatOverlap) {
   Of.Tiles[0].Width = 100;
-  EXPECT_EQ(Told(), "");  // they touch
+  EXPECT_EQ(NewWarnings(), "");  // they touch
   Of.Tiles[0].Width = 101;
-  EXPECT_EQ(Told(), "map 000 A.btd: its tile overlaps that of map 001 B.btd\n");
+  EXPECT_EQ(NewWarnings(), "map 000 A.btd: its tile overlaps that of map 001 B.btd\n");
   Of.Tiles[0].Height = 0;
-  EXPECT_EQ(Told(), "map 000 A.btd: its hotspot is outside its tile\n");
+  EXPECT_EQ(NewWarnings(), "map 000 A.btd: its hotspot is outside its tile\n");
 }
 
 TEST_F(Warnings, CoverConnections) {
-  const struct {
-    int From, To, Arrow;
-    const char* Expected;
-  } rows[] = {
-      {0, 1, 81,
-       "map 000 A.btd: the connection to map 001 B.btd has the number 81, which is not an arrow\n"},
-      {0, 1, -2,
-       "map 000 A.btd: the connection to map 001 B.btd has the number -2, which is not an arrow\n"},
+  const std::string toB = "map 000 A.btd: the connection to map 001 B.btd has ";
+  const std::tuple<int, int, int, std::string> rows[] = {
+      {0, 1, 81, toB + "the number 81, which is not an arrow\n"},
+      {0, 1, -2, toB + "the number -2, which is not an arrow\n"},
       {1, 0, NoConnection,
-       "map 000 A.btd: the connection to map 001 B.btd has no connection back\n"
-       "map 000 A.btd: the exit VL0 leads to map 001 B.btd, which has no connection back\n"
-       "map 000 A.btd: no other map leads to it\n"},
+       toB + "no connection back\n"
+             "map 000 A.btd: the exit VL0 leads to map 001 B.btd, which has no connection back\n"
+             "map 000 A.btd: no other map leads to it\n"},
       {0, 2, 0,
        "map 000 A.btd: the connection to map 002 C.btd has no connection back\n"
        "map 000 A.btd: the connection to map 002 C.btd has no exit\n"
@@ -113,27 +107,26 @@ TEST_F(Warnings, CoverConnections) {
       {1, 1, 1,
        "map 001 B.btd: it is connected to itself\n"
        "map 001 B.btd: the connection to map 001 B.btd has no exit\n"
-       "arrow 001: unrelated connections use it: 001 - 001, 001 - 002\n"},
-  };
+       "arrow 001: unrelated connections use it: 001 - 001, 001 - 002\n"}};
   for (const auto& [from, to, arrow, expected] : rows) {
     const std::int32_t old = std::exchange(Of.Connections(from, to), arrow);
-    EXPECT_EQ(Told(), expected) << from << " to " << to << " by " << arrow;
+    EXPECT_EQ(NewWarnings(), expected) << from << " to " << to << " by " << arrow;
     Of.Connections(from, to) = old;
   }
 }
 
 TEST_F(Warnings, NameAtMostFourConnectionsOfAnArrow) {
   for (int to = 3; to < 9; ++to) Of.Connections(0, to) = Of.Connections(to, 0) = 0;
-  EXPECT_NE(Told().find("use it: 000 - 001, 000 - 003, 000 - 004, 000 - 005 and 3 more\n"),
+  EXPECT_NE(NewWarnings().find("use it: 000 - 001, 000 - 003, 000 - 004, 000 - 005 and 3 more\n"),
             std::string::npos);
 }
 
-TEST_F(Warnings, TellOfExitsAndArrows) {
+TEST_F(Warnings, CoverExitsAndArrows) {
   Of.Destinations(2, 5) = 2;
   Of.Destinations(2, 6) = 7;
   Of.Destinations(2, 7) = OffMap;
   Of.Arrows[1] = {.Left = 795, .Top = 595, .Width = 5, .Height = 6};
-  EXPECT_EQ(Told(),
+  EXPECT_EQ(NewWarnings(),
             "map 002 C.btd: the exit VL5 leads to the map itself\n"
             "map 002 C.btd: the exit VL6 leads to map 007, which has no BTD file\n"
             "arrow 001: it extends beyond 800 x 600\n");
@@ -141,7 +134,7 @@ TEST_F(Warnings, TellOfExitsAndArrows) {
 
 TEST_F(Warnings, CoverNumbersOutOfOrder) {
   Of.Files[1].Header.MapIndex = 2;
-  EXPECT_EQ(Told(),
+  EXPECT_EQ(NewWarnings(),
             "map 001 B.btd: its file has the map number 2, but is in row 1\n"
             "map 001 B.btd: C.btd has the same map number\n"
             "no BTD file has the map number 1\n");
@@ -163,8 +156,7 @@ TEST_F(Warnings, CoverBtdFiles) {
       {[](MapFile& file) { file.Text.AlliedBrief.fill('x'); },
        "the Allied briefing has no terminating NUL"},
       {[](MapFile& file) { file.Text.AxisBrief.fill('x'); },
-       "the Axis briefing has no terminating NUL"},
-  };
+       "the Axis briefing has no terminating NUL"}};
   for (const auto& [change, expected] : rows) {
     MapFile file = Of.Files[0];
     change(file);
@@ -178,22 +170,19 @@ TEST_F(Warnings, IgnoreTheLetterCaseOfFiles) {
   Of.Files[0].Name = "a.BTD";
   Of.Files[1].VLs[0] = {.Kind = VLKind::Exit, .Destination = 254};
   Of.Files[1].VLs[1] = {.Kind = VLKind::Unused, .Destination = 200};
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(NewWarnings(), "");
 }
 
-TEST_F(Warnings, NameTheirSlots) {
-  Of.Arrows[1].Left = 799;
-  Of.Hotspots[2] = {};
-  const Marks marks = WarningsOf(Of);
-  const auto told = [&](const char* part) {
-    return *std::ranges::find_if(
-        marks, [=](const Mark& mark) { return mark.Text.find(part) != std::string::npos; });
+TEST_F(Warnings, AndFindingsNameTheirSlots) {
+  using Places = std::vector<std::pair<int, int>>;
+  const auto placesOf = [](const Marks& marks) {
+    Places places;
+    for (const Mark& mark : marks) places.emplace_back(mark.Map, mark.Arrow);
+    return places;
   };
-  EXPECT_EQ(told("outside its tile").Map, 2);
-  EXPECT_EQ(told("extends beyond").Arrow, 1);
-}
-
-TEST_F(Warnings, FindingsAreMarkedWhereTheyAre) {
+  Of.Hotspots[2] = {};
+  EXPECT_EQ(placesOf(WarningsOf(Of))[0], std::pair(2, -1));
+  EXPECT_EQ(placesOf(WarningsOf(Of)).back(), std::pair(-1, 80));
   Of.Destinations(1, 1) = NotAnExit;    // map 0 has no exit back
   Of.Connections(2, 1) = NoConnection;  // map 1 has no connection back, and the exit of 2 none
   Of.Tiles[30].Height = 0;
@@ -201,8 +190,5 @@ TEST_F(Warnings, FindingsAreMarkedWhereTheyAre) {
   Tables = TablesOf(Of);
   VLDest = Of.Destinations;
   MapRows = Of.Rows;
-  std::vector<std::pair<int, int>> places;
-  for (const Mark& mark : FindingMarks()) places.emplace_back(mark.Map, mark.Arrow);
-  const std::vector<std::pair<int, int>> expected{{0, -1}, {1, -1}, {2, -1}, {30, -1}, {-1, 80}};
-  EXPECT_EQ(places, expected);
+  EXPECT_EQ(placesOf(FindingMarks()), (Places{{0, -1}, {1, -1}, {2, -1}, {30, -1}, {-1, 80}}));
 }

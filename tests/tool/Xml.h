@@ -1,8 +1,9 @@
-// A strict reader of XML, to hold what is drawn against: whatever it is given must be well-formed.
+// A strict reader of the XML that the tool draws: it accepts well-formed documents only.
 #pragma once
 
 #include <algorithm>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,13 +28,17 @@ struct XmlElement {
 class Xml {
  public:
   explicit Xml(std::string_view text) : Rest(text) {
-    if (Rest.starts_with("<!DOCTYPE html>")) Rest.remove_prefix(15);
-    while (Fault.empty() && !Rest.empty()) ReadNext();
-    if (Fault.empty() && !Opened.empty()) Fault = Elements[Opened.back()].Name + " stays open";
+    try {
+      Skip("<!DOCTYPE html>\n");
+      while (!Rest.empty()) ReadTag();
+      Require(Open.empty(), "an element stays open");
+    } catch (const std::exception& fault) {
+      Fault = fault.what() + std::string(" before ") + Printable(Rest.substr(0, 40));
+    }
   }
 
   std::vector<XmlElement> Elements;
-  std::string Fault;  // empty for a document that is well-formed
+  std::string Fault;  // empty for a well-formed document
 
   /// All elements of this name and, unless it is empty, of a class that starts with `style`.
   [[nodiscard]] std::vector<XmlElement> All(std::string_view name,
@@ -44,7 +49,7 @@ class Xml {
     });
     return found;
   }
-  /// The element of this id; a blank one if there is none or more than one.
+  /// The element of this id; an empty one if there is none or more than one.
   [[nodiscard]] XmlElement Id(std::string_view id) const {
     const auto has = [id](const XmlElement& element) { return element["id"] == id; };
     const auto found = std::ranges::find_if(Elements, has);
@@ -52,102 +57,87 @@ class Xml {
   }
   /// The first element of this name in the one of this id.
   [[nodiscard]] XmlElement Child(std::string_view id, std::string_view name) const {
-    for (const XmlElement& element : Elements) {
-      const XmlElement& parent = Elements[element.Parent];
-      if (element.Name == name && parent["id"] == id) return element;
-    }
+    for (const XmlElement& element : All(name))
+      if (Elements[element.Parent]["id"] == id) return element;
     return {};
   }
 
  private:
-  void ReadNext() {
-    if (!Rest.starts_with('<')) {
-      const std::string text = Unescaped(Take(Rest.find('<')));
-      if (!Opened.empty()) Elements[Opened.back()].Text += text;
-      if (Opened.empty() && text != "\n") Fault = "text outside of all elements";
-    } else if (Rest.starts_with("</")) {
-      ReadEnd();
-    } else {
-      ReadStart();
-    }
+  static void Require(bool holds, const char* fault) {
+    if (!holds) throw std::runtime_error(fault);
+  }
+
+  // Reads a tag and the text after it.
+  void ReadTag() {
+    Require(Skip("<"), "text outside of all elements");
+    Skip("/") ? ReadEnd() : ReadStart();
+    if (!Open.empty()) Elements[Open.back()].Text += Decode(Cut(Rest.find('<')));
+    if (Open.empty()) Skip("\n");
   }
 
   void ReadEnd() {
-    const std::string end = Opened.empty() ? "" : "</" + Elements[Opened.back()].Name + ">";
-    if (end.empty() || Take(end.size()) != end) {
-      Fault = "closes what is not open: " + std::string(Rest.substr(0, 40));
-      return;
-    }
-    Opened.pop_back();
+    Require(!Open.empty() && Skip(Elements[Open.back()].Name + ">"), "closes what is not open");
+    Open.pop_back();
   }
 
   void ReadStart() {
-    if (Opened.empty() && !Elements.empty()) Fault = "a second root";
-    Take(1);
+    Require(Open.empty() == Elements.empty(), "a second root");
     XmlElement element;
-    element.Name = TakeName();
-    if (!Opened.empty()) element.Parent = Opened.back();
-    while (Fault.empty() && Rest.starts_with(' ')) ReadAttribute(element);
-    const bool empty = Rest.starts_with('/');
-    if (Take(empty ? 2 : 1) != (empty ? "/>" : ">")) Fault = "<" + element.Name + " does not end";
-    // Their text is no markup.
-    if (element.Name == "script" || element.Name == "style")
-      element.Text = Take(Rest.find("</" + element.Name + ">"));
+    element.Name = CutName();
+    if (!Open.empty()) element.Parent = Open.back();
+    while (Skip(" ")) {
+      const std::string name = CutName();
+      Require(Skip("=\""), "an attribute without a value");
+      const std::string value = Decode(Cut(Rest.find('"')));
+      Require(Skip("\"") && element.Attributes.emplace(name, value).second, "a bad attribute");
+    }
+    const bool empty = Skip("/");
+    Require(Skip(">"), "a tag does not end");
+    if (element.Name == "script" || element.Name == "style")  // their text is no markup
+      element.Text = Cut(Rest.find("</" + element.Name));
+    if (!empty) Open.push_back(Elements.size());
     Elements.push_back(element);
-    if (!empty) Opened.push_back(Elements.size() - 1);
   }
 
-  void ReadAttribute(XmlElement& element) {
-    Take(1);
-    const std::string name = TakeName();
-    const bool opens = Take(2) == "=\"";
-    const bool fresh = element.Attributes.emplace(name, Unescaped(Take(Rest.find('"')))).second;
-    if (!opens || !fresh || Take(1) != "\"") Fault = "the attribute " + name;
+  bool Skip(std::string_view text) {
+    const bool found = Rest.starts_with(text);
+    if (found) Rest.remove_prefix(text.size());
+    return found;
   }
 
-  std::string_view Take(std::size_t count) {
-    const std::string_view taken = Rest.substr(0, count);
-    Rest.remove_prefix(taken.size());
-    return taken;
+  std::string Cut(std::size_t end) {
+    const std::string_view head = Rest.substr(0, end);
+    Rest.remove_prefix(head.size());
+    return std::string(head);
   }
 
-  std::string TakeName() {
-    const std::string name(Take(Rest.find_first_of(" =/>\"<")));
-    if (name.empty()) Fault = "a name is missing";
+  std::string CutName() {
+    const std::string name = Cut(Rest.find_first_of(" =/>\"<"));
+    Require(!name.empty(), "a name is missing");
     return name;
   }
 
-  std::string Unescaped(std::string_view raw) {
+  static std::string Decode(std::string_view raw) {
+    static const std::map<std::string_view, char> Entities = {
+        {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"#39", '\''}};
     std::string text;
     while (!raw.empty()) {
-      if (raw.starts_with('&')) {
-        text += TakeEntity(raw);
+      const Character next = NextCharacter(raw);
+      Require(next.Valid && next.Bytes != "<", "not a character");
+      Require(next.Code == '\n' || !IsUnprintable(next.Code), "an unprintable character");
+      if (next.Code != '&') {
+        text += next.Bytes;
         continue;
       }
-      const Character character = NextCharacter(raw);
-      const bool allowed = character.Valid && character.Bytes != "<" &&
-                           (character.Code == '\n' || !IsUnprintable(character.Code));
-      if (!allowed) Fault = "not a character: " + Printable(character.Bytes);
-      text += character.Bytes;
+      const std::string_view entity = raw.substr(0, raw.find(';'));
+      text += Entities.at(entity);  // throws if it is unknown
+      raw.remove_prefix(entity.size() + 1);
     }
     return text;
   }
 
-  char TakeEntity(std::string_view& raw) {
-    constexpr std::pair<std::string_view, char> Entities[] = {
-        {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&#39;", '\''}};
-    for (const auto& [entity, character] : Entities) {
-      if (!raw.starts_with(entity)) continue;
-      raw.remove_prefix(entity.size());
-      return character;
-    }
-    Fault = "an unknown entity";
-    raw.remove_prefix(1);
-    return '&';
-  }
-
   std::string_view Rest;
-  std::vector<std::size_t> Opened;
+  std::vector<std::size_t> Open;
 };
 
 }  // namespace corvane

@@ -41,11 +41,12 @@ void EndSessionFromOutside();
 /// The message box, if it is the topmost window.
 struct ShownMessage {
   std::string Title, Text, Buttons;  // button captions, no mnemonics, a blank after each
+  std::string Description;           // for screen readers
   bool OnScreen;                     // all of the box and its buttons
 };
 [[nodiscard]] ShownMessage SeenMessage();
 
-[[nodiscard]] std::string Seen(const Control& control);  // text, [selected], or selected row
+[[nodiscard]] std::string SeenSelection(const TextBox& box);  // of a single line
 [[nodiscard]] bool SeenEnabled(const MenuItem& item);
 [[nodiscard]] bool SeenPopup();         // an open menu or dropped rows
 [[nodiscard]] std::string SeenFocus();  // the focused control's name

@@ -24,6 +24,7 @@ ControlState RecordOf(const AnyControl& any) {
         const Frame* parent = control->Parent;
         state.Enabled = control->Enabled() && (!parent || parent->Enabled());
         state.Visible = control->Visible();
+        state.AccessibleName = control->AccessibleName;
         return state;
       },
       any);
@@ -33,7 +34,8 @@ std::string Print(const ControlState& state) {
   std::ostringstream text;
   text << '"' << state.Text << "\" row " << state.Selected << " of";
   for (const std::string& row : state.Rows) text << ' ' << row << ',';
-  text << (state.Enabled ? " enabled" : " greyed") << (state.Visible ? "" : " hidden");
+  text << " named " << state.AccessibleName << (state.Enabled ? " enabled" : " greyed")
+       << (state.Visible ? "" : " hidden");
   return text.str();
 }
 

@@ -13,6 +13,7 @@ struct ControlState {
   std::string Text = {};  // or the caption; "\n" breaks lines
   std::vector<std::string> Rows = {};
   int Selected = -1;
+  std::string AccessibleName = {};
   bool Enabled = true;
   bool Visible = true;
   bool operator==(const ControlState&) const = default;
@@ -20,6 +21,9 @@ struct ControlState {
 
 /// Reads the widget in the topmost window. Each display implements it.
 [[nodiscard]] ControlState SeenState(const Control& control);
+
+/// The text of a control, or of its selected row, on the screen.
+[[nodiscard]] inline std::string Seen(const Control& control) { return SeenState(control).Text; }
 
 /// The controls of the topmost form whose widgets differ from the records, with both states; empty
 /// if none do.

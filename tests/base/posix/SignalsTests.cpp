@@ -4,7 +4,6 @@
 #include <csignal>
 
 #include "TestFolder.h"
-#include "base/FileRanges.h"
 
 using namespace corvane;
 
@@ -48,7 +47,6 @@ TEST_P(Signals, ThatAreIgnoredStayIgnored) {
 TEST_P(Signals, NeverStrikeBetweenTheStepsOfASave) {
   const TestFolder folder;
   folder.Put("f", "old bytes");
-  const WriteRange range{2, std::as_bytes(std::span("new", 3))};
   int raised = 0;
   InjectedFault = [&](FileStep, Moment, std::size_t&) {
     ++raised;
@@ -56,7 +54,7 @@ TEST_P(Signals, NeverStrikeBetweenTheStepsOfASave) {
     EXPECT_EQ(Delivered, 0);
     return std::error_code();
   };
-  EXPECT_EQ(Told(SaveInPlace(folder / "f", {&range, 1}, IfMissing::Fail)), "");
+  EXPECT_EQ(MessageOf(SaveBytes(folder / "f", "new", IfMissing::Fail, 2)), "");
   EXPECT_GE(raised, 14);  // seven steps at both moments
   EXPECT_EQ(Delivered, 1);
   EXPECT_EQ(folder.Get("f"), "olnewytes");

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "TestFolder.h"
-#include "base/FileRanges.h"
 #include "base/FolderScan.h"
 #include "base/RawFile.h"
 #include "base/Registry.h"
@@ -78,7 +77,7 @@ TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
   EXPECT_EQ(NameInFolder(path, "中Ü.btd"), "中Ü.btd") << "the system finds it by itself";
 }
 
-TEST(WindowsFiles, ThatWindowsProtectsAreToldWithWhatHelps) {
+TEST(WindowsFiles, ThatWindowsProtectsComeWithAdvice) {
   char programs[MAX_PATH] = {};
   ASSERT_NE(GetEnvironmentVariableA("ProgramFiles", programs, MAX_PATH), 0U);
   std::string capitals = programs;
@@ -102,13 +101,12 @@ TEST(WindowsFiles, VerbatimPathsAreOpenedSavedAndListed) {
   folder.Put("Maps/f.btd", "old bytes");
   const std::string verbatim = "\\\\?\\" + std::filesystem::absolute(folder.Path).string();
   const std::string file = verbatim + "\\Maps\\f.btd";
-  const WriteRange range{0, std::as_bytes(std::span("new", 3))};
-  EXPECT_EQ(Told(SaveInPlace(file, {&range, 1}, IfMissing::Fail)), "");
+  EXPECT_EQ(MessageOf(SaveBytes(file, "new")), "");
   EXPECT_EQ(folder.Get("Maps/f.btd"), "new bytes");
-  EXPECT_EQ(Told(SaveInPlace(verbatim + "\\Maps\\g.btd", {&range, 1}, IfMissing::Create)), "");
+  EXPECT_EQ(MessageOf(SaveBytes(verbatim + "\\Maps\\g.btd", "new", IfMissing::Create)), "");
   std::string text(9, '.');
   const ReadRange whole{0, std::as_writable_bytes(std::span(text))};
-  EXPECT_EQ(Told(ReadRanges(file, {&whole, 1})), "");
+  EXPECT_EQ(MessageOf(ReadRanges(file, {&whole, 1})), "");
   EXPECT_EQ(text, "new bytes");
   std::vector<std::string> names;
   EXPECT_FALSE(ScanFolder(verbatim + "\\Maps", ".btd", 9, names));

@@ -22,6 +22,21 @@ TEST(ScreenReader, HearsTheLabelOfAField) {
   });
 }
 
+TEST(ScreenReader, HearsThatADialogIsOneAndModal) {
+  TestForm form, dialog;
+  form.cmdOK.Click = [&] { dialog.ShowModal(); };
+  PlayWhole(form, [&] {
+    WhenNext([] {
+      const auto* seen = QAccessible::queryAccessibleInterface(QApplication::activeModalWidget());
+      EXPECT_EQ(seen->role(), QAccessible::Dialog);
+      EXPECT_TRUE(seen->state().modal);
+      TheDisplay.EndProgram();
+    });
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(MainWindow())->role(), QAccessible::Window);
+    PressAt(form.cmdOK);
+  });
+}
+
 // As a screen reader sets it: at the widget, past the window.
 TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
   TestForm form;
@@ -52,28 +67,21 @@ TEST(Focus, ReturnsFromAMenuThatABoxCloses) {
   });
 }
 
-// Selects a row, or takes the selection off it, as a screen reader does.
-void SelectByReader(const ListBox& list, int row, bool select = true) {
-  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(WidgetOf(list));
-  ASSERT_NE(told, nullptr);
-  QAccessibleTableInterface* table = told->tableInterface();
-  ASSERT_NE(table, nullptr);
-  select ? table->selectRow(row) : table->unselectRow(row);
-}
-
-TEST(ScreenReader, PicksARowOfAList) {
+TEST(ScreenReader, PicksARowOfAListAndDeselectsNone) {
   TestForm form;
   PlayWhole(form, [&] {
-    SelectByReader(form.lstRows, 3);
-    EXPECT_EQ(form.Told(), "rowdog ");
+    QAccessibleTableInterface* rows =
+        QAccessible::queryAccessibleInterface(WidgetOf(form.lstRows))->tableInterface();
+    rows->selectRow(3);
+    EXPECT_EQ(form.TakeLog(), "rowdog ");
     EXPECT_EQ(ScreenDifferences(form), "");
-    SelectByReader(form.lstRows, 3, false);
-    EXPECT_EQ(form.Told(), "");
+    rows->unselectRow(3);
+    EXPECT_EQ(form.TakeLog(), "");
     EXPECT_EQ(ScreenDifferences(form), "");
     form.txtNumber.SetText("x");
     PressAt(form.txtNumber);
-    SelectByReader(form.lstRows, 1);
-    EXPECT_EQ(form.Told(), "refuse ");
+    rows->selectRow(1);
+    EXPECT_EQ(form.TakeLog(), "refuse ");
     EXPECT_EQ(ScreenDifferences(form), "");
   });
 }

@@ -1,5 +1,7 @@
 #include "Look.h"
 
+#include <QtTest>
+
 #include "Screen.h"
 
 namespace corvane {
@@ -49,12 +51,19 @@ TEST_P(Colours, HaveTextsThatCanBeRead) {
   }
 }
 
-// The desktop's colours change while the window is on the screen.
-TEST_P(Colours, ShowTheEdgeOfEveryControl) {
+// The desktop's colours change while the window is on the screen. Its theme has colours of its own
+// for some classes.
+TEST_P(Colours, ShowTheEdgeAndTheGroundOfEveryControl) {
   TestForm form;
   PlayWhole(form, [&] {
+    for (const char* kind : {"QAbstractScrollArea", "QLineEdit", "QAbstractItemView"})
+      QApplication::setPalette(QPalette(Qt::red), kind);
     QApplication::setPalette(PaletteOf(GetParam()));
     const QImage picture = Picture();
+    const QColor ground = ReadablePalette(PaletteOf(GetParam())).color(QPalette::Base);
+    const QPoint empty = PlaceIn(*WidgetOf(form.lstFew)).center();
+    EXPECT_EQ(picture.pixelColor(empty), ground);
+
     for (const Control* control : std::initializer_list<const Control*>{
              &form.Holder, &form.lstFew, &form.cboRows, &form.txtNumber, &form.txtLines,
              &form.cmdCancel, &form.cmdHelp}) {
@@ -90,6 +99,32 @@ TEST_P(Colours, ShowTheFocusOfEveryControl) {
           << form.Focused->Name;
     }
     EXPECT_EQ(form.Focused, &form.lstRows);  // a full round
+  });
+}
+
+// True once the screen shows a control as a new drawing would.
+bool IsRedrawn(const Control& control) {
+  const QRect place = PlaceIn(*WidgetOf(control));
+  return QTest::qWaitFor([&] {
+    const QImage screen = MainWindow()->screen()->grabWindow(MainWindow()->winId()).toImage();
+    return screen.copy(place) == Picture().convertToFormat(screen.format()).copy(place);
+  });
+}
+
+TEST(Lists, AreRedrawnWhenTheyGetTheFocusAndWhenTheirRowsChange) {
+  TestForm form;
+  form.cmdOK.Click = [&] {
+    form.lstRows.Clear();
+    form.lstRows.AddItem("new");
+  };
+  PlayWhole(form, [&] {
+    PressRow(form.lstRows, 1);
+    PressAt(form.cmdHelp);
+    EXPECT_TRUE(IsRedrawn(form.lstRows));
+    WidgetOf(form.lstRows)->setFocus();
+    EXPECT_TRUE(IsRedrawn(form.lstRows));
+    PressKey("Return");
+    EXPECT_TRUE(IsRedrawn(form.lstRows));
   });
 }
 

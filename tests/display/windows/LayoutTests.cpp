@@ -50,6 +50,20 @@ TEST_F(Layout, DrawsEverythingAnewAfterAChange) {
   }
 }
 
+TEST_F(Layout, RedrawsAFocusedListWhenItsRowsChange) {
+  Shown.cmdOK.Click = [this] {
+    Shown.lstRows.Clear();
+    Shown.lstRows.AddItem("new");
+  };
+  PlayAt(0, [&](HWND) {
+    PressRow(Shown.lstRows, 1);
+    PressKey("Return");
+    const Pixels drawn = PixelsOf(WidgetOf(Shown.lstRows));
+    Redraw(WidgetOf(Shown.lstRows));
+    EXPECT_EQ(drawn, PixelsOf(WidgetOf(Shown.lstRows)));
+  });
+}
+
 TEST_F(Layout, PutsEveryControlInItsPlace) {
   for (const int dpi : {96, 120, 192}) {
     PlayAt(dpi, [&](HWND window) {

@@ -49,7 +49,7 @@ struct Blocked : testing::Test {
     EXPECT_TRUE(MoveFocus(f.txtNumber));
     for (const char* text : {"ab", "c"}) EditText(f.txtNumber, {0, 0, text});
     Undo(f.txtNumber);
-    f.Told();
+    f.TakeLog();
   }
   ~Blocked() override { TheDisplay = {}; }
 
@@ -57,7 +57,7 @@ struct Blocked : testing::Test {
     for (const Gesture& gesture : Gestures) {
       SCOPED_TRACE(gesture.Name);
       gesture.At(f);
-      EXPECT_EQ(f.Told(), "");
+      EXPECT_EQ(f.TakeLog(), "");
       EXPECT_EQ(f.Focused, &f.txtNumber);
       EXPECT_EQ(f.txtNumber.Text(), "ab");
       EXPECT_EQ(f.lstRows.ListIndex(), -1);
@@ -81,11 +81,11 @@ TEST_F(Blocked, UnderADialog) {
     CloseWindow(dialog);
   };
   dialog.ShowModal();
-  EXPECT_EQ(dialog.Told(), "help ");
+  EXPECT_EQ(dialog.TakeLog(), "help ");
   EXPECT_FALSE(dialog.IsOpen());
   EXPECT_EQ(Tried, 1);
   Press(f.cmdHelp);  // now it reacts again
-  EXPECT_EQ(f.Told(), "accept help ");
+  EXPECT_EQ(f.TakeLog(), "accept help ");
 }
 
 TEST_F(Blocked, BehindMessageBoxes) {
@@ -95,7 +95,7 @@ TEST_F(Blocked, BehindMessageBoxes) {
     return MessageAnswer::Yes;
   };
   f.cmdOK.Click = [&] {
-    f.Told();
+    f.TakeLog();
     Tell("first");
     EXPECT_TRUE(Ask("second"));
   };

@@ -43,38 +43,33 @@ const Row DoNotAskTheField[] = {
     {"label", [](TestForm& f) { EXPECT_FALSE(MoveFocus(f.lblNote)); }, "", "txtNumber"}};
 // clang-format on
 
-enum class Field { Agrees, Refuses };
-
-void ExpectEvents(std::span<const Row> rows, const char* text, const std::string& before,
-                  Field field = Field::Agrees) {
-  const bool refused = field == Field::Refuses;
-  TestForm f;
-  f.Open();
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.Name);
-    f.txtNumber.SetText(text);
-    f.Focused = &f.txtNumber;
-    row.Act(f);
-    EXPECT_EQ(f.Told(), refused ? before : before + row.Event);
-    EXPECT_STREQ(f.Focused->Name, refused ? "txtNumber" : row.Focus);
+struct Gestures : testing::Test {
+  Gestures() { f.Open(); }
+  void ExpectEvents(std::span<const Row> rows, const char* text, const std::string& validated) {
+    const bool refused = validated == "refuse ";
+    for (const Row& row : rows) {
+      SCOPED_TRACE(row.Name);
+      f.txtNumber.SetText(text);
+      f.Focused = &f.txtNumber;
+      row.Act(f);
+      EXPECT_EQ(f.TakeLog(), refused ? validated : validated + row.Event);
+      EXPECT_STREQ(f.Focused->Name, refused ? "txtNumber" : row.Focus);
+    }
   }
-}
+  TestForm f;
+};
+
+struct Controls : Gestures {};
 
 }  // namespace
 
-TEST(Gestures, RunValidateFirst) { ExpectEvents(AskTheField, "", "accept "); }
+TEST_F(Gestures, RunValidateFirst) { ExpectEvents(AskTheField, "", "accept "); }
+TEST_F(Gestures, DoNothingWhenValidateRefuses) { ExpectEvents(AskTheField, "x", "refuse "); }
+TEST_F(Gestures, RunNoValidateWhereTheFocusStays) { ExpectEvents(DoNotAskTheField, "x", ""); }
 
-TEST(Gestures, DoNothingWhenValidateRefuses) {
-  ExpectEvents(AskTheField, "x", "refuse ", Field::Refuses);
-}
-
-TEST(Gestures, RunNoValidateWhereTheFocusStays) { ExpectEvents(DoNotAskTheField, "x", ""); }
-
-TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
-  TestForm f;
+TEST_F(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   f.txtLines.SetEnabled(false);
   f.cmdOK.SetVisible(false);
-  f.Open();
   const std::pair<bool, const Control*> steps[] = {
       {true, &f.cmdHelp},    {true, &f.cmdCancel}, {false, &f.cmdHelp},
       {false, &f.lstRows},   {false, &f.lstFew},   {false, &f.cboRows},
@@ -85,9 +80,7 @@ TEST(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   }
 }
 
-TEST(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
-  TestForm f;
-  f.Open();
+TEST_F(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
   EXPECT_TRUE(MoveFocus(f.cmdCancel));
   f.cmdHelp.SetEnabled(false);
   EXPECT_EQ(f.Focused, &f.cmdCancel);
@@ -100,9 +93,7 @@ TEST(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
   EXPECT_TRUE(PressKey(f, Key::Tab));
 }
 
-TEST(Gestures, EnterPressesAButtonOrBreaksALine) {
-  TestForm f;
-  f.Open();
+TEST_F(Gestures, EnterPressesAButtonOrBreaksALine) {
   const Modifiers ctrl = {.Ctrl = true};
   const struct {
     Control& In;
@@ -117,7 +108,7 @@ TEST(Gestures, EnterPressesAButtonOrBreaksALine) {
   for (const auto& [in, with, events, taken] : rows) {
     EXPECT_TRUE(MoveFocus(in));
     EXPECT_EQ(PressKey(f, {Key::Enter, with}), taken) << in.Name;
-    EXPECT_EQ(f.Told(), events) << in.Name;
+    EXPECT_EQ(f.TakeLog(), events) << in.Name;
   }
   EXPECT_TRUE(MoveFocus(f.lstRows));
   f.cmdOK.SetEnabled(false);
@@ -126,11 +117,9 @@ TEST(Gestures, EnterPressesAButtonOrBreaksALine) {
   EXPECT_FALSE(PressKey(f, Key::Escape));
 }
 
-TEST(Gestures, TabSelectsAllOfASingleLine) {
-  TestForm f;
+TEST_F(Gestures, TabSelectsAllOfASingleLine) {
   f.txtNumber.SetText("12");
   f.txtLines.SetText("lines");
-  f.Open();
   for (int press = 0; press < 3; ++press) PressKey(f, Key::Tab);
   EXPECT_EQ(f.Focused, &f.txtNumber);
   EXPECT_TRUE(f.txtNumber.SelectionSet);
@@ -140,29 +129,26 @@ TEST(Gestures, TabSelectsAllOfASingleLine) {
   EXPECT_FALSE(f.txtLines.SelectionSet);
 }
 
-TEST(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
-  TestForm f;
-  f.Open();
+TEST_F(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
   EXPECT_TRUE(MoveFocus(f.txtNumber));
   EXPECT_TRUE(AllowPress(f, nullptr));
   EXPECT_FALSE(AllowPress(f, &f.lblNote));
   EXPECT_FALSE(AllowPress(f, &f.cmdOff));
-  EXPECT_EQ(f.Told(), "");
+  EXPECT_EQ(f.TakeLog(), "");
   f.txtNumber.SetText("x");
   EXPECT_FALSE(AllowPress(f, &f.txtName));
   FollowFocus(f.txtName);
-  EXPECT_EQ(f.Told(), "refuse refuse ");
+  EXPECT_EQ(f.TakeLog(), "refuse refuse ");
   EXPECT_EQ(f.Focused, &f.txtNumber);
   f.txtNumber.SetText("");
   FollowFocus(f.txtName);
   FollowFocus(f.txtName);
-  EXPECT_EQ(f.Told(), "accept ");
+  EXPECT_EQ(f.TakeLog(), "accept ");
   EXPECT_EQ(f.Focused, &f.txtName);
 }
 
-TEST(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
-  TestForm f, dialog;
-  f.Open();
+TEST_F(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
+  TestForm dialog;
   dialog.QueryUnload = [] { return true; };
   f.lstRows.Click = [&] { dialog.Open(); };
   DoubleClick(f.lstRows, 1);
@@ -171,16 +157,8 @@ TEST(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
   DoubleClick(f.lstRows, 2);
   f.lstRows.Click = [&] { f.lstRows.SetEnabled(false); };
   DoubleClick(f.lstRows, 3);
-  EXPECT_EQ(f.Told(), "");
+  EXPECT_EQ(f.TakeLog(), "");
 }
-
-namespace {
-
-struct Controls : testing::Test {
-  TestForm f;
-};
-
-}  // namespace
 
 TEST_F(Controls, AListKeepsItsOrderAndItsSelectedRow) {
   ListBox& list = f.lstFew;
@@ -197,7 +175,7 @@ TEST_F(Controls, AListKeepsItsOrderAndItsSelectedRow) {
   EXPECT_EQ(list.ListCount(), 0);
 }
 
-TEST_F(Controls, AListSpeaksWhenItsSelectedRowChangesAlone) {
+TEST_F(Controls, AListRaisesClickOnlyWhenItsSelectedRowChanges) {
   ListBox& list = f.lstFew;
   int clicks = 0;
   list.Click = [&] { ++clicks; };
@@ -213,9 +191,9 @@ TEST_F(Controls, AListSpeaksWhenItsSelectedRowChangesAlone) {
   EXPECT_EQ(clicks, 3);
 }
 
-TEST_F(Controls, ATextBoxSpeaksAndUnselectsWhenItsTextChangesAlone) {
+TEST_F(Controls, ATextBoxRaisesChangeAndUnselectsOnlyWhenItsTextChanges) {
   f.txtName.SetText("\xC3\xA4zz");
-  EXPECT_EQ(f.Told(), "name\xC3\xA4zz ");
+  EXPECT_EQ(f.TakeLog(), "name\xC3\xA4zz ");
   f.txtName.SelStart = 1;
   f.txtName.SelectAll();
   EXPECT_EQ(f.txtName.SelStart, 0);
@@ -223,52 +201,43 @@ TEST_F(Controls, ATextBoxSpeaksAndUnselectsWhenItsTextChangesAlone) {
   EXPECT_TRUE(f.txtName.SelectionSet);
   f.txtName.SelStart = 1;
   for (const char* text : {"b", "b"}) f.txtName.SetText(text);
-  EXPECT_EQ(f.Told(), "nameb ");
+  EXPECT_EQ(f.TakeLog(), "nameb ");
   EXPECT_EQ(f.txtName.SelStart, 0);
   EXPECT_EQ(f.txtName.SelLength, 0);
 }
 
-namespace {
-
-// The text, the edited text before and after the caret, and the result.
-const char* const Edits[][4] = {
-    {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
-    {"\r\n\nb", "", "\nb", "\nb"},       // Delete removes the pair after the caret
-    {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace removes the lone LF
-    {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is CR LF
-    {"\xC2\xA0\x01", "\xC2\xA0\x01?", "", "\xC2\xA0\x01?"},
-    {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, but no Cyrillic
-    {"0123456789", "01ABCD", "23456789", "01AB23456789"},
-    {"0123456789", "ABCDEFGHIJKLMN", "", "ABCDEFGHIJKL"},
-    {"01234567890", "01234567890\n", "", "01234567890"},  // a pair is never split
-    {"0123456789abcdef", "x", "0123456789abcdef", "0123456789abcdef"},
-    {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // edited elsewhere
-    {"0123456789abcdef", "0", "23456789abcdef", "023456789abcdef"},
-    {"abc", "x", "yz", "xyz"},
-    {"abc", "", "", ""},
-    {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: line breaks stay
-
-}  // namespace
-
-TEST(TextEditing, AnEditChangesWhatTheUserChangedAndNothingElse) {
-  TestForm f;
+TEST_F(Controls, AnEditChangesWhatTheUserChangedAndNothingElse) {
+  // The text, the edited text before and after the caret, and the result.
+  const char* const edits[][4] = {
+      {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
+      {"\r\n\nb", "", "\nb", "\nb"},       // Delete removes the pair after the caret
+      {"a\r\n\nb", "a\n", "b", "a\r\nb"},  // Backspace removes the lone LF
+      {"ab", "a\r\n", "b", "a\r\nb"},      // a typed break is CR LF
+      {"\xC2\xA0\x01", "\xC2\xA0\x01?", "", "\xC2\xA0\x01?"},
+      {"ab", "a\xE2\x82\xAC\xD0\xB6", "b", "a\xE2\x82\xAC?b"},  // a euro, but no Cyrillic
+      {"0123456789", "01ABCD", "23456789", "01AB23456789"},
+      {"0123456789", "ABCDEFGHIJKLMN", "", "ABCDEFGHIJKL"},
+      {"01234567890", "01234567890\n", "", "01234567890"},  // a pair is never split
+      {"0123456789abcdef", "x", "0123456789abcdef", "0123456789abcdef"},
+      {"0123456789abcdef", "x0123456789abcdef", "", "0123456789abcdef"},  // edited elsewhere
+      {"0123456789abcdef", "0", "23456789abcdef", "023456789abcdef"},
+      {"abc", "x", "yz", "xyz"},
+      {"abc", "", "", ""},
+      {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: line breaks stay
   TextBox box(f, {"Brief", "", {}, 11}, 12, TextLines::Several);
-  f.Open();
-  for (const auto& [text, before, behind, wanted] : Edits) {
+  for (const auto& [text, before, behind, wanted] : edits) {
     box.SetText(text);
     EditText(box, FindEdit(box, std::string(before) + behind, before));
     EXPECT_EQ(box.Text(), wanted);
   }
 }
 
-TEST(TextEditing, TheProgramsFillingIsNotHeldToTheLimit) {
-  TestForm f;
-  f.Open();
+TEST_F(Controls, TheProgramsFillingExceedsATypedLimit) {
   f.txtName.SetText("1\r\n456");
   f.txtName.SelectAll();
-  f.Told();
+  f.TakeLog();
   EditText(f.txtName, {6, 0, "7"});  // no room for it
-  EXPECT_EQ(f.Told(), "");
+  EXPECT_EQ(f.TakeLog(), "");
   EXPECT_EQ(f.txtName.Text(), "1\r\n456");
   EXPECT_EQ(f.txtName.SelLength, 0);
   EditText(f.txtName, FindEdit(f.txtName, "\r\n456", ""));

@@ -28,7 +28,7 @@ struct SessionEnd : testing::Test {
 
 TEST_F(SessionEnd, AsksFromTheTopmostWindowDown) {
   EXPECT_TRUE(QueryEndSession());
-  EXPECT_EQ(Main.Told(), "dialog unload ");
+  EXPECT_EQ(Main.TakeLog(), "dialog unload ");
   EXPECT_EQ(Ends, 0);  // the session may still continue
   EndSession();
   EXPECT_EQ(Ends, 1);
@@ -49,7 +49,7 @@ TEST_F(SessionEnd, IsRefusedByOneWindowThatHasSomethingToLose) {
 TEST_F(SessionEnd, WaitsForABoxAndItsAnswerAndForAFileDialog) {
   TheDisplay.ShowMessage = [this](const std::string&, MessageButtons) {
     EndSession();
-    EXPECT_EQ(Main.Told(), "");
+    EXPECT_EQ(Main.TakeLog(), "");
     return MessageAnswer::Yes;
   };
   TheDisplay.ShowFileDialog = [](CommonDialog&) { EndSession(); };
@@ -58,7 +58,7 @@ TEST_F(SessionEnd, WaitsForABoxAndItsAnswerAndForAFileDialog) {
     Main.Log += Ask("Save?") ? "saved " : "no ";
   };
   Press(Dialog.cmdHelp);
-  EXPECT_EQ(Main.Told(), "saved dialog unload ");
+  EXPECT_EQ(Main.TakeLog(), "saved dialog unload ");
   EXPECT_EQ(Ends, 1);
 }
 
@@ -69,9 +69,9 @@ TEST_F(SessionEnd, IsAskedForOnceWhileItsQuestionStands) {
   };
   Main.QueryUnload = [] { return Ask("Save?"); };
   EndSession();
-  Main.Told();
+  Main.TakeLog();
   Press(Dialog.cmdHelp);
-  EXPECT_EQ(Main.Told(), "");
+  EXPECT_EQ(Main.TakeLog(), "");
   EXPECT_EQ(Ends, 0);
 }
 

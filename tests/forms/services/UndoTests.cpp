@@ -80,10 +80,10 @@ TEST_F(Undoing, ANewEditDropsWhatWasUndone) {
 TEST_F(Undoing, RaisesChangeAndPutsTheCaretWhereTheEditWas) {
   f.txtName.SetText("abcd");
   EditText(f.txtName, {1, 2, ""});
-  f.Told();
+  f.TakeLog();
   f.txtName.SelectionSet = false;
   Undo(f.txtName);
-  EXPECT_EQ(f.Told(), "nameabcd ");
+  EXPECT_EQ(f.TakeLog(), "nameabcd ");
   EXPECT_EQ(f.txtName.SelStart, 3);
   EXPECT_EQ(f.txtName.SelLength, 0);
   EXPECT_TRUE(f.txtName.SelectionSet);

@@ -7,27 +7,19 @@
 
 using namespace corvane;
 
-namespace {
-
-// The search path for programs, as it was when the test ends.
-struct SearchPath {
-  explicit SearchPath(const std::string& path) { ::setenv("PATH", path.c_str(), 1); }
-  ~SearchPath() { ::setenv("PATH", Old.c_str(), 1); }
-  std::string Old = std::getenv("PATH");
-};
-
 struct Browser : ToolRun {
+  ~Browser() override { std::filesystem::remove_all(std::filesystem::path(Page).parent_path()); }
+  // Finds programs in the test's folder only.
   int Show() {
-    const SearchPath path(Folder.Path.string());
+    const std::string before = std::getenv("PATH");
+    ::setenv("PATH", Folder.Path.c_str(), 1);
     const int status = ShowInBrowser(Folder / "CC4.EXE", {}, ToConsole());
+    ::setenv("PATH", before.c_str(), 1);
     Page = Out.substr(0, Out.find('\n'));
     return status;
   }
-  ~Browser() override { std::filesystem::remove_all(std::filesystem::path(Page).parent_path()); }
   std::string Page;
 };
-
-}  // namespace
 
 TEST_F(Browser, GetsThePageAsItsOnlyArgument) {
   Folder.Put("xdg-open",
@@ -39,10 +31,10 @@ TEST_F(Browser, GetsThePageAsItsOnlyArgument) {
   while (Folder.Get("opened").empty() && std::chrono::steady_clock::now() < end)
     std::this_thread::yield();
   EXPECT_EQ(Folder.Get("opened"), "1:" + Page);
-  EXPECT_TRUE(Bytes(Page).starts_with("<!DOCTYPE html>"));
+  EXPECT_TRUE(FileBytes(Page).starts_with("<!DOCTYPE html>"));
 }
 
-TEST_F(Browser, AMissingOneIsReportedWithTheNameOfThePage) {
+TEST_F(Browser, IsMissedWithTheNameOfThePage) {
   EXPECT_EQ(Show(), StatusFailed);
   ASSERT_NE(Page, "");
   EXPECT_NE(Errors.find(Page), Errors.npos) << Errors;

@@ -155,9 +155,9 @@ void EndSessionFromOutside() {
 
 ShownMessage SeenMessage() {
   const QWidget& box = *Top();
-  ShownMessage message = {box.windowTitle().toStdString(),
-                          box.findChild<QTextEdit*>()->toPlainText().toStdString(), "",
-                          box.screen()->geometry().contains(box.geometry())};
+  ShownMessage message = {
+      box.windowTitle().toStdString(), box.findChild<QTextEdit*>()->toPlainText().toStdString(), "",
+      box.accessibleDescription().toStdString(), box.screen()->geometry().contains(box.geometry())};
   for (const QPushButton* button : box.findChildren<QPushButton*>()) {
     message.Buttons += button->text().remove('&').toStdString() + " ";
     const QRect place(button->mapTo(&box, QPoint()), button->size());
@@ -166,24 +166,15 @@ ShownMessage SeenMessage() {
   return message;
 }
 
-std::string Seen(const Control& control) {
-  QWidget* widget = Find(control.Name);
-  if (auto* list = qobject_cast<QListWidget*>(widget)) {
-    return list->selectedItems().isEmpty() ? "" : list->selectedItems()[0]->text().toStdString();
-  }
-  if (auto* lines = qobject_cast<QPlainTextEdit*>(widget)) {
-    const QString selected = lines->textCursor().selectedText();
-    if (!selected.isEmpty()) return "[" + selected.toStdString() + "]";
-    return lines->document()->toRawText().replace(QChar::ParagraphSeparator, '\n').toStdString();
-  }
-  auto* line = qobject_cast<QLineEdit*>(widget);
-  if (line && line->hasSelectedText()) return "[" + line->selectedText().toStdString() + "]";
-  return widget->metaObject()->userProperty().read(widget).toString().toStdString();
+std::string SeenSelection(const TextBox& box) {
+  return Find<QLineEdit>(box.Name)->selectedText().toStdString();
 }
 
 ControlState SeenState(const Control& control) {
   QWidget* widget = Find(control.Name);
-  ControlState state{.Enabled = widget->isEnabled(), .Visible = !widget->isHidden()};
+  ControlState state{.AccessibleName = widget->accessibleName().toStdString(),
+                     .Enabled = widget->isEnabled(),
+                     .Visible = !widget->isHidden()};
   const QAbstractItemModel* rows = nullptr;
   if (const auto* list = qobject_cast<QListWidget*>(widget)) {
     const QModelIndexList selected = list->selectionModel()->selectedRows();

@@ -4,6 +4,7 @@
 #include <map>
 #include <utility>
 
+#include "AccessibleText.h"
 #include "Driver.h"
 #include "base/WideText.h"
 #include "services/Program.h"
@@ -19,6 +20,11 @@ const std::function<void()>* Script;
 std::function<void()> AtNext;
 HWND BeforeNext;
 const Form* Played;
+
+struct AccessibleText {
+  std::string Name, Description;
+};
+std::map<HWND, AccessibleText> Accessible;
 
 void CALLBACK Act(HWND, UINT, UINT_PTR, DWORD) { SwitchToFiber(Person); }
 
@@ -108,6 +114,15 @@ HMENU MenuOf(const MenuEntry& entry) {
 
 }  // namespace
 
+// These take the place of the display's own, since what the system is told cannot be read back.
+void SetAccessibleName(HWND window, const std::wstring& name) {
+  Accessible[window].Name = WideToText(name);
+}
+void SetAccessibleDescription(HWND window, const std::wstring& description) {
+  Accessible[window].Description = WithLineBreaks(WideToText(description), "\n");
+}
+void ForgetAccessibleText(HWND window) { Accessible.erase(window); }
+
 int Play(Form& form, const std::function<void()>& script) {
   Script = &script, Played = &form;
   Program = ConvertThreadToFiber(nullptr), Person = CreateFiber(0, Live, nullptr);
@@ -117,7 +132,7 @@ int Play(Form& form, const std::function<void()>& script) {
   while (Script) SwitchToFiber(Person);  // the program may end during the script
   DeleteFiber(Person);
   ConvertFiberToThread();
-  return status;
+  return Accessible.empty() ? status : 1;  // the next window of a handle would inherit its name
 }
 
 void WhenNext(const std::function<void()>& then) { AtNext = then, BeforeNext = GetActiveWindow(); }
@@ -199,7 +214,7 @@ ShownMessage SeenMessage() {
   const HWND box = GetActiveWindow();
   const RECT screen = PlaceOf(GetDesktopWindow());
   RECT all = PlaceOf(box);
-  ShownMessage seen{TextOf(box), "", "", false};
+  ShownMessage seen{TextOf(box), "", "", Accessible[box].Description, false};
   for (HWND part = GetWindow(box, GW_CHILD); part; part = GetWindow(part, GW_HWNDNEXT)) {
     const bool button = (SendMessageW(part, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0;
     const RECT place = PlaceOf(part);
@@ -212,20 +227,17 @@ ShownMessage SeenMessage() {
   return seen;
 }
 
-std::string Seen(const Control& control) {
-  const HWND widget = Find(control);
-  wchar_t row[300]{};
+std::string SeenSelection(const TextBox& box) {
   DWORD start = 0, end = 0;
-  const auto selected = static_cast<WPARAM>(SendMessageW(widget, LB_GETCURSEL, 0, 0));
-  SendMessageW(widget, LB_GETTEXT, selected, reinterpret_cast<LPARAM>(row));
-  SendMessageW(widget, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-  const std::string text = WideToText(row) + TextOf(widget);
-  return start == end ? text : "[" + text.substr(start, end - start) + "]";
+  SendMessageW(Find(box), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+               reinterpret_cast<LPARAM>(&end));
+  return TextOf(Find(box)).substr(start, end - start);
 }
 
 ControlState SeenState(const Control& control) {
   const HWND widget = Find(control);
   ControlState state{.Text = TextOf(widget),
+                     .AccessibleName = Accessible[widget].Name,
                      .Enabled = IsWindowEnabled(widget) != 0,
                      .Visible = (GetWindowLongW(widget, GWL_STYLE) & WS_VISIBLE) != 0};
   const bool list = dynamic_cast<const ListBox*>(&control) != nullptr;

@@ -2,21 +2,15 @@
 
 #include <windows.h>
 //
-#include <objbase.h>
-#include <wincodec.h>
+#include <gdiplus.h>
 
 #include "base/WideText.h"
 
 namespace corvane {
 namespace {
 
-template <class Kind>
-struct Held {  // released by the destructor
-  Kind* It = nullptr;
-  ~Held() {
-    if (It) It->Release();
-  }
-};
+constexpr CLSID PngEncoder = {
+    0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
 // The window with its frame, after painting has finished.
 HBITMAP Copy(HWND window) {
@@ -35,33 +29,18 @@ HBITMAP Copy(HWND window) {
   return copy;
 }
 
-bool SavePng(HBITMAP copy, const std::wstring& file) {
-  Held<IWICImagingFactory> factory;
-  Held<IWICBitmap> bitmap;
-  Held<IWICStream> stream;
-  Held<IWICBitmapEncoder> encoder;
-  Held<IWICBitmapFrameEncode> frame;
-  return SUCCEEDED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                    IID_IWICImagingFactory,
-                                    reinterpret_cast<void**>(&factory.It))) &&
-         SUCCEEDED(factory.It->CreateBitmapFromHBITMAP(copy, nullptr, WICBitmapIgnoreAlpha,
-                                                       &bitmap.It)) &&
-         SUCCEEDED(factory.It->CreateStream(&stream.It)) &&
-         SUCCEEDED(stream.It->InitializeFromFilename(file.c_str(), GENERIC_WRITE)) &&
-         SUCCEEDED(factory.It->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder.It)) &&
-         SUCCEEDED(encoder.It->Initialize(stream.It, WICBitmapEncoderNoCache)) &&
-         SUCCEEDED(encoder.It->CreateNewFrame(&frame.It, nullptr)) &&
-         SUCCEEDED(frame.It->Initialize(nullptr)) &&
-         SUCCEEDED(frame.It->WriteSource(bitmap.It, nullptr)) && SUCCEEDED(frame.It->Commit()) &&
-         SUCCEEDED(encoder.It->Commit());
-}
-
 }  // namespace
 
 bool SavePicture(const std::string& file) {
+  ULONG_PTR session = 0;
+  const Gdiplus::GdiplusStartupInput input;
+  if (GdiplusStartup(&session, &input, nullptr) != Gdiplus::Ok) return false;
   const HBITMAP copy = Copy(GetActiveWindow());
-  const bool saved = SavePng(copy, TextToWide(file));
+  const bool saved =
+      Gdiplus::Bitmap(copy, nullptr).Save(TextToWide(file).c_str(), &PngEncoder, nullptr) ==
+      Gdiplus::Ok;
   DeleteObject(copy);
+  Gdiplus::GdiplusShutdown(session);
   return saved;
 }
 
