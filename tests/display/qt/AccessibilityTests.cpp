@@ -94,7 +94,7 @@ TEST(Lists, PickRowsUnderADrag) {
     QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at(1));
     QTest::mouseMove(list->viewport(), at(3));
     QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, at(3));
-    EXPECT_EQ(form.Told(), "rowbee rowdog ");
+    EXPECT_EQ(form.TakeLog(), "rowbee rowdog ");
   });
 }
 
