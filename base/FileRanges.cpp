@@ -234,9 +234,10 @@ FileState Save::Compare() {
   return FileState::Unchanged;
 }
 
-std::error_code Read(RawFile& file, const std::string& path, std::span<const ReadRange> ranges) {
+std::error_code Read(const std::string& path, std::span<const ReadRange> ranges,
+                     FileStatus& found) {
+  RawFile file;
   if (std::error_code error = file.Open(path, OpenMode::Read)) return error;
-  FileStatus found;
   if (std::error_code error = file.Status(found)) return error;
   if (std::error_code error = CheckOrdinary(found)) return error;
   for (const ReadRange& range : ranges) {
@@ -255,11 +256,11 @@ std::string LinkTarget(const std::string& path) {
 
 }  // namespace
 
-Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges) {
-  RawFile file;
-  if (std::error_code error = Read(file, path, ranges))
+Result<std::uint64_t> ReadRanges(const std::string& path, std::span<const ReadRange> ranges) {
+  FileStatus found;
+  if (std::error_code error = Read(path, ranges, found))
     return Failure{FileAction::Read, path, error};
-  return {};
+  return found.Length;
 }
 
 Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,

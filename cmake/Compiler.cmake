@@ -19,7 +19,10 @@ else()
     # g++ 12 reports false overlaps in string concatenation.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     # Keep build paths out of released files.
-    $<$<CONFIG:Release>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.>)
+    $<$<CONFIG:Release>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.>
+    # Let the linker drop what nothing uses.
+    $<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
+  target_link_options(corvane_compiler INTERFACE $<$<CONFIG:Release>:LINKER:--gc-sections>)
 endif()
 
 if(WIN32)

@@ -19,7 +19,7 @@ constexpr std::size_t MapIndexOffset = 4;
 constexpr std::size_t VLsOffset = BtdHeaderSize;
 constexpr std::size_t TextOffset = BtdHeadSize;
 
-Result<> ReadImage(const std::string& path, std::span<std::byte> image) {
+Result<std::uint64_t> ReadImage(const std::string& path, std::span<std::byte> image) {
   const ReadRange range{0, image};
   return ReadRanges(path, {&range, 1});
 }
@@ -53,7 +53,7 @@ Result<BtdFile> ReadBtd(const std::string& path) {
   BtdImage image;
   const auto read = ReadImage(path, image);
   if (!read.Done()) return read.Error();
-  BtdFile file;
+  BtdFile file{.Length = *read};
   DecodeHead(image, file.Header, file.VLs);
   std::memcpy(&file.Text, image.data() + TextOffset, sizeof file.Text);
   return file;
@@ -75,6 +75,13 @@ Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex, const VictoryL
 bool BtdExists(const std::string& path) { return OrdinaryFileExists(path); }
 
 std::string_view TrimAtNul(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+std::string_view WithoutPadding(std::span<const char> field) {
+  static constexpr std::array<char, 256> block{};  // the search byte by byte alone takes longer
+  std::string_view bytes(field.data(), field.size());
+  while (bytes.ends_with({block.data(), block.size()})) bytes.remove_suffix(block.size());
+  return bytes.substr(0, bytes.find_last_not_of('\0') + 1);
+}
 
 std::string PadText(std::string_view text, std::size_t width) {
   std::string field(text);

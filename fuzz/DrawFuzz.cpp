@@ -25,7 +25,7 @@ Layer LayerFrom(const TestFolder& folder, const std::string& input) {
   PutTables(layer, *tables);
   const std::size_t row = map->Header.MapIndex % layer.Rows.size();
   layer.Rows[row] = "000 " + input.substr(input.size() - std::min<std::size_t>(input.size(), 40));
-  layer.Files[row] = {input.substr(0, 20), input.size(), map->Header, map->VLs, map->Text};
+  layer.Files[row] = MakeMapFile(input.substr(0, 20), *map);
   for (int vl = 0; vl < VLSlotCount; ++vl) {
     layer.Destinations(map->Header.MapIndex, vl) =
         map->VLs[static_cast<std::size_t>(vl)].Destination;

@@ -46,7 +46,7 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   folder.Put("a.btd", input);
   const Result<BtdFile> map = ReadBtd(folder / "a.btd");
   Require(map.Done(), "any file can be read");
-  const MapFile file{input.substr(0, 12), input.size(), map->Header, map->VLs, map->Text};
+  const MapFile file = MakeMapFile(input.substr(0, 12), *map);
   RequireRoundTrip(TablesToJson(layer));
   RequireRoundTrip(BtdToJson(file));
   RequireHarmless(ListTables(layer));

@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdint>
 
-#include "data/BtdFile.h"
 #include "data/StrategicTables.h"
+#include "tool/Layer.h"
 
 namespace corvane {
 
@@ -51,10 +51,10 @@ inline constexpr std::array<BytePairField, 2> VLPairFields{
 struct BriefField {
   const char* Name;
   const char* Label;
-  std::array<char, 4096> BtdText::*Text;
+  std::string MapText::*Text;
 };
 inline constexpr std::array<BriefField, 2> BriefFields{
-    {{"AlliedBrief", "Allied briefing", &BtdText::AlliedBrief},
-     {"AxisBrief", "Axis briefing", &BtdText::AxisBrief}}};
+    {{"AlliedBrief", "Allied briefing", &MapText::AlliedBrief},
+     {"AxisBrief", "Axis briefing", &MapText::AxisBrief}}};
 
 }  // namespace corvane

@@ -229,21 +229,18 @@ bool ReadVLs(Decoder& decoder, const Json& document, VictoryLocations& vls) {
   return true;
 }
 
-bool ReadBtdRecords(Decoder& decoder, const Json& document, MapFile& file) {
+bool ReadBtdRecords(Decoder& decoder, const Json& document, BtdFile& file) {
   const Place root;
-  if (!decoder.Object(document, root,
-                      std::array{"Format", "Version", "Magic", "MapIndex", "VictoryLocations",
-                                 "BaseName", "AlliedBrief", "AxisBrief"}) ||
-      !CheckVersion(decoder, document) ||
-      !decoder.Integer(document["Magic"], root / "Magic", file.Header.Magic) ||
-      !decoder.Integer(document["MapIndex"], root / "MapIndex", file.Header.MapIndex) ||
-      !ReadVLs(decoder, document, file.VLs) ||
-      !decoder.Text(document["BaseName"], root / "BaseName", file.Text.BaseName)) {
-    return false;
-  }
-  return std::ranges::all_of(BriefFields, [&](const BriefField& brief) {
-    return decoder.Lines(document[brief.Name], root / brief.Name, file.Text.*brief.Text);
-  });
+  return decoder.Object(document, root,
+                        std::array{"Format", "Version", "Magic", "MapIndex", "VictoryLocations",
+                                   "BaseName", "AlliedBrief", "AxisBrief"}) &&
+         CheckVersion(decoder, document) &&
+         decoder.Integer(document["Magic"], root / "Magic", file.Header.Magic) &&
+         decoder.Integer(document["MapIndex"], root / "MapIndex", file.Header.MapIndex) &&
+         ReadVLs(decoder, document, file.VLs) &&
+         decoder.Text(document["BaseName"], root / "BaseName", file.Text.BaseName) &&
+         decoder.Lines(document["AlliedBrief"], root / "AlliedBrief", file.Text.AlliedBrief) &&
+         decoder.Lines(document["AxisBrief"], root / "AxisBrief", file.Text.AxisBrief);
 }
 
 bool ReadDocument(Decoder& decoder, const Json& document, JsonDocument& read) {
@@ -253,8 +250,10 @@ bool ReadDocument(Decoder& decoder, const Json& document, JsonDocument& read) {
   const Json& format = document["Format"];
   read.IsBtd = format == "Corvane BTD";
   if (read.IsBtd) {
-    read.Btd.Length = BtdSize;
-    return ReadBtdRecords(decoder, document, read.Btd);
+    BtdFile file{.Length = BtdSize};
+    if (!ReadBtdRecords(decoder, document, file)) return false;
+    read.Btd = MakeMapFile({}, file);
+    return true;
   }
   if (format == "Corvane tables") return ReadTables(decoder, document, read.Tables);
   return decoder.Refuse(root / "Format", R"(must be "Corvane tables" or "Corvane BTD")");

@@ -45,10 +45,6 @@ std::string HexObject(std::string_view bytes) {
   return json + "\"}";
 }
 
-std::string_view WithoutPadding(std::string_view field) {
-  return field.substr(0, field.find_last_not_of('\0') + 1);
-}
-
 // In some code pages, not all bytes survive the conversion to text and back.
 bool IsText(std::string_view bytes, std::string& text) {
   text = AnsiToText(bytes);
@@ -56,13 +52,13 @@ bool IsText(std::string_view bytes, std::string& text) {
 }
 
 std::string TextValue(std::span<const char> field) {
-  const std::string_view bytes = WithoutPadding({field.data(), field.size()});
+  const std::string_view bytes = WithoutPadding(field);
   std::string text;
   return IsText(bytes, text) ? JsonString(text) : HexObject(bytes);
 }
 
 std::string LinesValue(std::span<const char> field) {
-  const std::string_view bytes = WithoutPadding({field.data(), field.size()});
+  const std::string_view bytes = WithoutPadding(field);
   std::string text;
   if (!IsText(bytes, text)) return HexObject(bytes);
   std::string json = "[";

@@ -12,7 +12,7 @@ namespace {
 
 std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
 
-// Moves the file that each row names to the index of the row. Swaps, since a map file is 8 KiB.
+// Moves the file that each row names to the index of the row.
 void ArrangeByRow(std::vector<MapFile>& files) {
   for (std::size_t row = 0; row < std::min(MapRows.size(), files.size()); ++row) {
     const auto place = files.begin() + static_cast<std::ptrdiff_t>(row);
@@ -52,13 +52,26 @@ std::string MapLabel(const Layer& layer, int map) {
   return known ? layer.Rows[static_cast<std::size_t>(map)] : ThreeDigits(map);
 }
 
+MapFile MakeMapFile(std::string name, const BtdFile& file) {
+  const BtdText& text = file.Text;
+  return {
+      std::move(name),
+      file.Length,
+      file.Header,
+      file.VLs,
+      {std::string(WithoutPadding(text.BaseName)), std::string(WithoutPadding(text.AlliedBrief)),
+       std::string(WithoutPadding(text.AxisBrief))}};
+}
+
 std::string BtdImage(const MapFile& file) {
-  std::string image(BtdSize, '\0');
+  std::string image(BtdHeadSize, '\0');
   std::memcpy(image.data(), &file.Header.Magic, sizeof file.Header.Magic);
   image[sizeof file.Header.Magic] = static_cast<char>(file.Header.MapIndex);
   std::memcpy(image.data() + BtdHeaderSize, file.VLs.data(), sizeof file.VLs);
-  std::memcpy(image.data() + BtdHeadSize, &file.Text, sizeof file.Text);
-  return image;
+  const MapText& text = file.Text;
+  return image.append(PadText(text.BaseName, sizeof BtdText::BaseName))
+      .append(PadText(text.AlliedBrief, sizeof BtdText::AlliedBrief))
+      .append(PadText(text.AxisBrief, sizeof BtdText::AxisBrief));
 }
 
 }  // namespace corvane

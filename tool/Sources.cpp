@@ -61,9 +61,7 @@ std::string ReadJsonFile(Source& source) {
 std::string ReadBtdSource(Source& source) {
   const Result<BtdFile> read = ReadBtd(source.Path);
   source.IsBtd = true;
-  if (read.Done())
-    source.Btd = {std::string(FileTitle(source.Path)), FileLength(source.Path), read->Header,
-                  read->VLs, read->Text};
+  if (read.Done()) source.Btd = MakeMapFile(std::string(FileTitle(source.Path)), *read);
   return Reason(read);
 }
 
@@ -96,8 +94,7 @@ std::optional<std::string> GameFolderOf(const Source& source, const std::string&
 Result<BtdHead> ReadMapFile(const std::string& path, std::vector<MapFile>& files) {
   const Result<BtdFile> read = ReadBtd(path);
   if (!read.Done()) return read.Error();
-  files.push_back(
-      {std::string(FileTitle(path)), FileLength(path), read->Header, read->VLs, read->Text});
+  files.push_back(MakeMapFile(std::string(FileTitle(path)), *read));
   return BtdHead{read->Header, read->VLs};
 }
 

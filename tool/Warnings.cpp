@@ -36,15 +36,15 @@ struct Edges {
 
 // A warning for each text field of a BTD file that lacks its NUL.
 void AppendUnended(std::vector<std::string>& texts, const MapFile& file) {
-  const auto check = [&](const std::string& name, std::string_view field) {
-    if (field.find('\0') == field.npos) texts.push_back(name + " has no terminating NUL");
+  const auto check = [&](std::span<const char> field, std::size_t width, const std::string& name) {
+    if (TrimAtNul({field.data(), field.size()}).size() == width)
+      texts.push_back(name + " has no terminating NUL");
   };
-  const auto view = [](const auto& field) { return std::string_view(field.data(), field.size()); };
-  check("the base name", view(file.Text.BaseName));
-  check("the Allied briefing", view(file.Text.AlliedBrief));
-  check("the Axis briefing", view(file.Text.AxisBrief));
+  check(file.Text.BaseName, sizeof BtdText::BaseName, "the base name");
+  check(file.Text.AlliedBrief, sizeof BtdText::AlliedBrief, "the Allied briefing");
+  check(file.Text.AxisBrief, sizeof BtdText::AxisBrief, "the Axis briefing");
   for (std::size_t vl = 0; vl < file.VLs.size(); ++vl)
-    check("the name of VL" + std::to_string(vl), view(file.VLs[vl].Name));
+    check(file.VLs[vl].Name, file.VLs[vl].Name.size(), "the name of VL" + std::to_string(vl));
 }
 
 bool IsKnownKind(VLKind kind) {

@@ -1,5 +1,7 @@
 #include "Words.h"
 
+#include <algorithm>
+
 #include "base/AnsiText.h"
 #include "data/BtdFile.h"
 #include "data/MapCatalogue.h"
@@ -46,10 +48,8 @@ std::string HexBytes(std::span<const char> bytes) {
 }
 
 std::string_view BytesAfterText(std::span<const char> field) {
-  const std::string_view bytes(field.data(), field.size());
-  const std::size_t nul = bytes.find('\0');
-  const std::size_t end = bytes.find_last_not_of('\0') + 1;
-  return nul < end ? bytes.substr(nul, end - nul) : std::string_view();
+  const std::string_view bytes = WithoutPadding(field);
+  return bytes.substr(std::min(bytes.find('\0'), bytes.size()));
 }
 
 std::string QuotedField(std::span<const char> field) {

@@ -49,7 +49,7 @@ TEST(Json, WritesReadableTexts) {
   MapFile file;
   SetField(file.VLs[0].Name, "Ch\u00E2teau \"x\\y\"");
   std::memcpy(file.VLs[1].Name.data(), "Ford\0east\x81\x1B", 11);
-  SetField(file.Text.AlliedBrief, "one\r\ntwo\nthree");
+  file.Text.AlliedBrief = "one\r\ntwo\nthree";
   const std::string json = BtdToJson(file);
   for (const char* part :
        {"\"Name\": \"Ch\u00E2teau \\\"x\\\\y\\\"\"", R"("Ford\u0000east\u0081\u001b")",

@@ -21,7 +21,8 @@ inline Layer LayerOf(const SampleGame& game) {
   for (const SampleMap& map : game.Maps) {
     const int slot = map.Header.MapIndex;
     layer.Rows.push_back(ThreeDigits(slot) + " " + map.FileName);
-    layer.Files.push_back({map.FileName, BtdBytes(map).size(), map.Header, map.VLs, map.Text});
+    layer.Files.push_back(
+        MakeMapFile(map.FileName, {map.Header, map.VLs, map.Text, BtdBytes(map).size()}));
     for (int vl = 0; vl < VLSlotCount; ++vl) {
       const VictoryLocation& location = map.VLs[static_cast<std::size_t>(vl)];
       layer.Destinations(slot, vl) =

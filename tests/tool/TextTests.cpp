@@ -35,8 +35,8 @@ TEST(Listing, PrintsOneFactPerLineForAMap) {
 TEST(Listing, PrintsABtdFile) {
   MapFile file{.Name = "A.btd", .Length = 9000};
   file.Header = {19990326, 3};
-  SetField(file.Text.BaseName, "A");
-  SetField(file.Text.AxisBrief, "one\r\n\r\ntwo\nthree\x1B");
+  file.Text.BaseName = "A";
+  file.Text.AxisBrief = "one\r\n\r\ntwo\nthree\x1B";
   file.VLs[0] = {.TileX = 1, .TileY = 2, .Kind = VLKind::Exit, .Destination = 254};
   file.VLs[1].Kind = VLKind{7};
   std::memcpy(file.VLs[1].Name.data(), "Ford\0east", 9);
@@ -73,12 +73,14 @@ TEST(Listing, ShowsEveryByteOfATable) {
 }
 
 TEST(Listing, AndDifferencesShowEveryByteOfABtdFile) {
-  const MapFile file = SampleFile();
+  const SampleMap map = MakeSampleGame().Maps[4];
+  BtdFile changed{map.Header, map.VLs, map.Text};
+  const MapFile file = MakeMapFile({}, changed);
   const std::string listing = ListBtd(file);
-  MapFile changed = file;
   const auto look = [&](std::size_t at) {
-    EXPECT_NE(BtdDifferences(file, changed), Lines()) << at;
-    EXPECT_NE(ListBtd(changed), listing) << at;
+    const MapFile now = MakeMapFile({}, changed);
+    EXPECT_NE(BtdDifferences(file, now), Lines()) << at;
+    EXPECT_NE(ListBtd(now), listing) << at;
   };
   ChangeBytes(changed.VLs, look);
   ChangeBytes(changed.Text, look);
@@ -129,8 +131,8 @@ TEST(Differences, CompareBriefingsLineByLine) {
       {"", "a\r\n", {"Axis briefing: + \"a\""}}};
   for (const auto& [before, after, expected] : rows) {
     MapFile old, now;
-    SetField(old.Text.AxisBrief, before);
-    SetField(now.Text.AxisBrief, after);
+    old.Text.AxisBrief = before;
+    now.Text.AxisBrief = after;
     EXPECT_EQ(BtdDifferences(old, now), expected);
   }
 }

@@ -33,7 +33,7 @@ struct Warnings : testing::Test {
     Of.Hotspots[map] = {100 * map + 40, 80};
     MapFile file{.Name = std::string(1, name) + ".btd", .Length = 8526};
     file.Header = {19990326, static_cast<std::uint8_t>(map)};
-    file.Text.BaseName[0] = name;
+    file.Text.BaseName = name;
     Of.Files.push_back(file);
   }
 
@@ -146,16 +146,15 @@ TEST_F(Warnings, CoverBtdFiles) {
       {[](MapFile& file) { file.Header.Magic = 1; }, "the magic number is 1, not 19990326"},
       {[](MapFile& file) { file.Header.MapIndex = 43; },
        "the map number is 43, which is not a map slot"},
-      {[](MapFile& file) { file.Text.BaseName[0] = 'X'; },
-       "the base name is X, not the file's name"},
+      {[](MapFile& file) { file.Text.BaseName = 'X'; }, "the base name is X, not the file's name"},
       {[](MapFile& file) { file.Length = 8525; }, "only 8525 bytes long, not 8526"},
       {[](MapFile& file) { file.VLs[3].Kind = VLKind{306}; }, "VL3 has the unknown kind 306"},
       {[](MapFile& file) { file.VLs[3] = {.Kind = VLKind::Exit, .Destination = 43}; },
        "the exit VL3 leads to 43, which is not a map"},
       {[](MapFile& file) { file.VLs[9].Name.fill('x'); }, "the name of VL9 has no terminating NUL"},
-      {[](MapFile& file) { file.Text.AlliedBrief.fill('x'); },
+      {[](MapFile& file) { file.Text.AlliedBrief.assign(4096, 'x'); },
        "the Allied briefing has no terminating NUL"},
-      {[](MapFile& file) { file.Text.AxisBrief.fill('x'); },
+      {[](MapFile& file) { file.Text.AxisBrief.assign(4096, 'x'); },
        "the Axis briefing has no terminating NUL"}};
   for (const auto& [change, expected] : rows) {
     MapFile file = Of.Files[0];

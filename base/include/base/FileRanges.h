@@ -24,9 +24,10 @@ struct WriteRange {
 
 enum class IfMissing { Fail, Create };
 
-/// Fills every range. Bytes past the end of the file are zero. After a failure the contents of the
-/// ranges are unspecified.
-[[nodiscard]] Result<> ReadRanges(const std::string& path, std::span<const ReadRange> ranges);
+/// Fills every range and returns the length of the file in bytes. Bytes past its end are zero.
+/// After a failure the contents of the ranges are unspecified.
+[[nodiscard]] Result<std::uint64_t> ReadRanges(const std::string& path,
+                                               std::span<const ReadRange> ranges);
 
 /// Replaces the ranges and no other byte, never shortens the file, and returns once the disk has
 /// the bytes. Fails with ChangedByAnother if the file differs from Known before its end. A failure

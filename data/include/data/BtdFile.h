@@ -59,9 +59,10 @@ struct BtdHead {
 };
 
 struct BtdFile {
-  BtdHeader Header;
+  BtdHeader Header{};
   VictoryLocations VLs{};
-  BtdText Text;
+  BtdText Text{};
+  std::uint64_t Length = 0;  // of the complete file, in bytes
   bool operator==(const BtdFile&) const = default;
 };
 
@@ -87,6 +88,9 @@ static_assert(BtdHeadSize == 325 && BtdSize == 8526);
 
 /// The text before the first NUL.
 [[nodiscard]] std::string_view TrimAtNul(std::string_view text);
+
+/// The field without its trailing NULs.
+[[nodiscard]] std::string_view WithoutPadding(std::span<const char> field);
 
 /// `text` padded with NULs to `width` bytes; a longer one is truncated.
 [[nodiscard]] std::string PadText(std::string_view text, std::size_t width);

@@ -11,13 +11,20 @@
 
 namespace corvane {
 
+/// The text fields of a BTD file, each without its trailing NULs.
+struct MapText {
+  std::string BaseName;
+  std::string AlliedBrief;
+  std::string AxisBrief;
+};
+
 /// One BTD file of the Maps folder.
 struct MapFile {
   std::string Name;          // as the folder lists it
   std::uint64_t Length = 0;  // of the complete file, in bytes
   BtdHeader Header{};
   VictoryLocations VLs{};
-  BtdText Text{};
+  MapText Text{};
 };
 
 struct Layer {
@@ -40,6 +47,9 @@ struct Layer {
 
 /// The row of a map slot, or its three digits if it has no row.
 [[nodiscard]] std::string MapLabel(const Layer& layer, int map);
+
+/// A BTD file as it was read.
+[[nodiscard]] MapFile MakeMapFile(std::string name, const BtdFile& file);
 
 /// The 8526 bytes of a BTD file that hold these records.
 [[nodiscard]] std::string BtdImage(const MapFile& file);
