@@ -12,7 +12,7 @@ namespace corvane {
 void InstallAccessibility();
 
 /// Links the labels of a form to the fields they name.
-void TieLabels(const Form& form, const QMainWindow& window);
+void LinkLabels(const Form& form, const QMainWindow& window);
 
 /// Announces the current row of a list as focused.
 void AnnounceCurrentRow(QListWidget& list);

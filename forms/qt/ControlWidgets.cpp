@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-constexpr int LeastStretch = 44;  // percent; narrower letters are illegible
+constexpr int MinStretch = 44;  // percent; narrower letters are illegible
 constexpr int StretchStep = 4;
 constexpr int ButtonMargins = 6;  // pixels, both sides of a caption
 constexpr int FieldMargins = 6;   // pixels, both sides of a combo box's text
@@ -31,7 +31,7 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
     const QSize needed = QFontMetrics(font).boundingRect({{}, room}, flags, text).size();
     return needed.width() <= room.width() && needed.height() <= room.height();
   };
-  for (int stretch = 100; !fits() && stretch >= LeastStretch; stretch -= StretchStep)
+  for (int stretch = 100; !fits() && stretch >= MinStretch; stretch -= StretchStep)
     font.setStretch(stretch);
   return font;
 }
@@ -45,8 +45,8 @@ bool MirrorRows(ShownRows& shown, const RowControl& list, QAbstractItemModel& ro
   });
 }
 
-// Keeps the selection in step with the control. Only a press on a row reaches it from the mouse, so
-// nothing but picking another row clears a selection.
+// Keeps the selection in step with the control. Only mouse presses on rows reach it, so a selection
+// changes only when another row is picked.
 class RowList : public QListWidget {
  public:
   RowList(QWidget* parent, ListBox& list) : QListWidget(parent), Shown(list) {

@@ -27,7 +27,7 @@ FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
   setWindowTitle(QString::fromUtf8(form.Caption));
   setCentralWidget(new QWidget);
   AddControls();
-  TieLabels(form, *this);
+  LinkLabels(form, *this);
   for (MenuEntry* entry : form.Menus) AddMenu(*entry);
   SetFrame();
   create();
@@ -91,7 +91,7 @@ void FormWindow::Run() {
 void FormWindow::Close() {
   hide();
   Loop.quit();
-  if (!Below) QApplication::exit();  // ends nested loops, too
+  if (!Below) QApplication::exit();  // also ends nested loops
 }
 
 void FormWindow::MirrorFocus(void* widget) {

@@ -5,12 +5,12 @@
 namespace corvane {
 namespace {
 
-constexpr int FontHeight = 11;  // pixels; captions and rows fit their places
-constexpr int FrameWidth = 2;   // pixels; the edge and the focus inside it
-constexpr qreal Rounding = 3;   // pixels, of corners
-constexpr int TitleLeft = 7;    // pixels, of a group box's title
-constexpr int TitleMargin = 3;  // pixels, on either side of it
-constexpr int FlashTime = 150;  // milliseconds
+constexpr int FontHeight = 11;     // pixels; captions and rows fit their places
+constexpr int FrameWidth = 2;      // pixels; the edge and the focus inside it
+constexpr qreal CornerRadius = 3;  // pixels, of corners
+constexpr int TitleLeft = 7;       // pixels, of a group box's title
+constexpr int TitleMargin = 3;     // pixels, on either side of it
+constexpr int FlashTime = 150;     // milliseconds
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state & flag; }
 
@@ -27,10 +27,10 @@ void DrawBox(QPainter& painter, const QStyleOption& option, const QColor& ground
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ColourOf(option, focused ? QPalette::Highlight : edge));
-  painter.drawRoundedRect(QRectF(option.rect), Rounding, Rounding);
+  painter.drawRoundedRect(QRectF(option.rect), CornerRadius, CornerRadius);
   painter.setBrush(ground);
   painter.drawRoundedRect(QRectF(option.rect).adjusted(width, width, -width, -width),
-                          Rounding - width, Rounding - width);
+                          CornerRadius - width, CornerRadius - width);
   painter.restore();
 }
 
@@ -78,7 +78,7 @@ QRect TitleOf(const QStyleOptionComplex& option) {
 void DrawComboBox(const QStyle& style, QPainter& painter, const QStyleOptionComplex& option,
                   const QWidget* widget) {
   DrawBox(painter, option, ColourOf(option, QPalette::Button));
-  QStyleOption arrow = option;
+  QStyleOption arrow = static_cast<const QStyleOption&>(option);  // the common part is enough
   arrow.rect = style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, widget);
   arrow.rect.adjust(2, 0, -4, 0);
   style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, widget);
@@ -90,7 +90,7 @@ void DrawGroupBox(QPainter& painter, const QStyleOptionComplex& option) {
   painter.save();
   painter.setClipRegion(QRegion(option.rect) - title);
   DrawOutline(painter, option.rect.adjusted(0, title.height() / 2, 0, 0),
-              ColourOf(option, QPalette::Mid), Rounding);
+              ColourOf(option, QPalette::Mid), CornerRadius);
   painter.restore();
   painter.setPen(ColourOf(option, QPalette::WindowText));
   painter.drawText(title, Qt::AlignCenter | Qt::TextShowMnemonic,
@@ -187,7 +187,7 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-void DressApplication() {
+void ApplyLook() {
   QApplication::setFont(PlainFont());
   QApplication::setStyle(new Look);
 }

@@ -50,9 +50,9 @@ class Look : public QProxyStyle {
 };
 
 /// Applies this look to the application.
-void DressApplication();
+void ApplyLook();
 
-/// Marks a refusal by flashing the widget, for systems without a bell.
+/// Flashes the widget to signal a refusal, for systems without a bell.
 void Flash(QWidget* widget);
 
 }  // namespace corvane

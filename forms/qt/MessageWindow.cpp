@@ -23,14 +23,14 @@ class MessageText : public QTextEdit {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   }
 
-  void CopyMarkedOrAll() {
+  void CopySelectionOrAll() {
     if (textCursor().hasSelection()) return copy();
     QGuiApplication::clipboard()->setText(toPlainText());
   }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->matches(QKeySequence::Copy)) return CopyMarkedOrAll();
+    if (event->matches(QKeySequence::Copy)) return CopySelectionOrAll();
     QTextEdit::keyPressEvent(event);
   }
 };
@@ -50,7 +50,7 @@ class MessageBox : public QDialog {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->matches(QKeySequence::Copy)) return Text->CopyMarkedOrAll();
+    if (event->matches(QKeySequence::Copy)) return Text->CopySelectionOrAll();
     constexpr std::pair<int, QScrollBar::SliderAction> scrolls[] = {
         {Qt::Key_PageUp, QScrollBar::SliderPageStepSub},
         {Qt::Key_PageDown, QScrollBar::SliderPageStepAdd},
@@ -64,27 +64,27 @@ class MessageBox : public QDialog {
 
  private:
   // Lines that fit the screen do not wrap; longer ones wrap like a paragraph.
-  [[nodiscard]] int WrapWidth(int most) const {
-    int width = std::min(ParagraphWidth, most);
+  [[nodiscard]] int WrapWidth(int max) const {
+    int width = std::min(ParagraphWidth, max);
     const int margins = qCeil(2 * Text->document()->documentMargin()) + 1;
     for (QTextBlock line = Text->document()->begin(); line.isValid(); line = line.next()) {
       const int needed = Text->fontMetrics().horizontalAdvance(line.text()) + margins;
-      if (needed <= most) width = std::max(width, needed);
+      if (needed <= max) width = std::max(width, needed);
     }
     return width;
   }
 
   // Sizes the box to the text, or makes it scroll if it exceeds the screen.
   void FitText() {
-    const QSize most = screen()->availableSize() - ScreenMargin;
-    Text->setLineWrapColumnOrWidth(WrapWidth(most.width()));
+    const QSize max = screen()->availableSize() - ScreenMargin;
+    Text->setLineWrapColumnOrWidth(WrapWidth(max.width()));
     const int width = qCeil(Text->document()->idealWidth());
     Text->setLineWrapColumnOrWidth(width);  // a larger width would scroll sideways
     const int height = qCeil(Text->document()->size().height());
-    const bool scrolls = height > most.height();
+    const bool scrolls = height > max.height();
     const int frame = 2 * Text->frameWidth();
     const int bar = scrolls ? Text->verticalScrollBar()->sizeHint().width() : 0;
-    Text->setFixedSize(width + bar + frame, std::min(height, most.height()) + frame);
+    Text->setFixedSize(width + bar + frame, std::min(height, max.height()) + frame);
     if (scrolls) return;
     Text->setFrameShape(QFrame::NoFrame);
     Text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -21,7 +21,7 @@ int RunProgram(int argc, char** argv, Form& form) {
   QApplication::setWindowIcon(QIcon::fromTheme("org.corvane.Corvane"));
   // Stores no settings: the file dialog would keep a history.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
-  DressApplication();
+  ApplyLook();
   InstallAccessibility();
   KeepDialogsOutOfTaskBar();
   const SessionEnd sessionEnd;

@@ -1,7 +1,7 @@
 #include "SessionEnd.h"
 
 #include <fcntl.h>
-#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigaction is not in the other
+#include <signal.h>  // sigaction, which <csignal> lacks
 #include <unistd.h>
 
 #include <cerrno>
@@ -49,7 +49,7 @@ SessionEnd::~SessionEnd() {
   for (int& end : Pipe) close(end);
 }
 
-// If the pipe cannot be made, signals keep their default effect.
+// If the pipe cannot be created, signals keep their default effect.
 void SessionEnd::ListenToSignals() {
   if (pipe2(Pipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   Signals = std::make_unique<QSocketNotifier>(Pipe[0], QSocketNotifier::Read);

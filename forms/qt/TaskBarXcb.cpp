@@ -23,10 +23,10 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, std::string_view name) {
   static const auto ask = Resolve<decltype(xcb_intern_atom)>("xcb_intern_atom");
   static const auto reply = Resolve<decltype(xcb_intern_atom_reply)>("xcb_intern_atom_reply");
   if (!ask || !reply) return XCB_ATOM_NONE;
-  const auto asked = ask(connection, false, static_cast<std::uint16_t>(name.size()), name.data());
-  const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> told(
-      reply(connection, asked, nullptr), std::free);
-  return told ? told->atom : xcb_atom_t{XCB_ATOM_NONE};
+  const auto request = ask(connection, false, static_cast<std::uint16_t>(name.size()), name.data());
+  const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> answer(
+      reply(connection, request, nullptr), std::free);
+  return answer ? answer->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 // Must run before the window shows: Qt then merges its own states with the existing ones.

@@ -14,7 +14,7 @@ int Boxes = 0;  // open message boxes and file dialogs
 
 // Updates the windows, then shows a box or dialog and counts it while it is open.
 template <class Show>
-void StandOver(const Show& show) {
+void ShowOverForms(const Show& show) {
   if (TheDisplay.HasEnded) return;
   ShowChanges();
   ++Boxes;
@@ -24,7 +24,7 @@ void StandOver(const Show& show) {
 
 MessageAnswer ShowBox(const std::string& text, MessageButtons buttons) {
   MessageAnswer answer = MessageAnswer::No;
-  StandOver([&] { answer = TheDisplay.ShowMessage(text, buttons); });
+  ShowOverForms([&] { answer = TheDisplay.ShowMessage(text, buttons); });
   return answer;
 }
 
@@ -38,18 +38,18 @@ std::size_t NameStart(const std::string& path) {
   return separator == path.npos ? 0 : separator + 1;
 }
 
-bool EndsIn(const std::string& name, const std::string& extension) {
+bool EndsWith(const std::string& name, const std::string& extension) {
   return ToUpper(name).ends_with(ToUpper(extension));
 }
 
 // Every second part of a filter is a pattern, e.g. "*.crv" or "*.a;*.b".
-bool EndsAsFiltered(const std::string& name, const std::string& filter) {
+bool MatchesFilter(const std::string& name, const std::string& filter) {
   bool pattern = false;
   for (std::size_t at = 0; at <= filter.size(); pattern = !pattern) {
     const std::size_t end = std::min(filter.find('|', at), filter.size());
     while (pattern && at < end) {
       const std::size_t next = std::min(filter.find(';', at), end);
-      if (filter[at] == '*' && EndsIn(name, filter.substr(at + 1, next - at - 1))) return true;
+      if (filter[at] == '*' && EndsWith(name, filter.substr(at + 1, next - at - 1))) return true;
       at = next + 1;
     }
     at = end + 1;
@@ -63,8 +63,8 @@ std::string FolderOf(const std::string& path) {
   return path.substr(0, start > 1 ? start - 1 : start);
 }
 
-// The path with the letter case of the existing file, if there is one.
-std::string Existing(const std::string& path) {
+// The path in the letter case of the existing file, if there is one.
+std::string SpelledOnDisk(const std::string& path) {
   const std::size_t start = NameStart(path);
   return path.substr(0, start) + NameInFolder(FolderOf(path), path.substr(start));
 }
@@ -72,11 +72,11 @@ std::string Existing(const std::string& path) {
 void Show(CommonDialog& dialog, FileDialogKind kind) {
   dialog.Kind = kind;
   dialog.FileName.clear();
-  StandOver([&] { TheDisplay.ShowFileDialog(dialog); });
+  ShowOverForms([&] { TheDisplay.ShowFileDialog(dialog); });
 }
 
-void Settle(CommonDialog& dialog, const std::string& path) {
-  dialog.FileName = path.empty() ? path : Existing(path);
+void SetResult(CommonDialog& dialog, const std::string& path) {
+  dialog.FileName = path.empty() ? path : SpelledOnDisk(path);
   dialog.FileTitle = dialog.FileName.substr(NameStart(dialog.FileName));
 }
 
@@ -84,13 +84,13 @@ void Settle(CommonDialog& dialog, const std::string& path) {
 
 void CommonDialog::ShowOpen() {
   Show(*this, FileDialogKind::Open);
-  Settle(*this, FileName);
+  SetResult(*this, FileName);
 }
 
 void CommonDialog::ShowSave() {
   Show(*this, FileDialogKind::Save);
-  const bool complete = FileName.empty() || EndsAsFiltered(FileName, Filter);
-  Settle(*this, complete ? FileName : FileName + DefaultExt);
+  const bool complete = FileName.empty() || MatchesFilter(FileName, Filter);
+  SetResult(*this, complete ? FileName : FileName + DefaultExt);
 }
 
 std::string CommonDialog::Refusal(const std::string& path) const {
@@ -98,7 +98,7 @@ std::string CommonDialog::Refusal(const std::string& path) const {
   if ((Flags & PathMustExist) && !std::filesystem::is_directory(PathOf(FolderOf(path)), ignored)) {
     return path + "\r\nPath does not exist.";
   }
-  if ((Flags & FileMustExist) && !std::filesystem::exists(PathOf(Existing(path)), ignored)) {
+  if ((Flags & FileMustExist) && !std::filesystem::exists(PathOf(SpelledOnDisk(path)), ignored)) {
     return path + "\r\nFile not found.";
   }
   return {};
@@ -124,7 +124,7 @@ bool Ask(const std::string& text) {
   return ShowBox(text, MessageButtons::YesNo) == MessageAnswer::Yes;
 }
 
-bool BoxStands() { return Boxes > 0; }
+bool IsBoxOpen() { return Boxes > 0; }
 
 void EndProgram() {
   TheDisplay.HasEnded = true;

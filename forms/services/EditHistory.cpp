@@ -21,7 +21,7 @@ std::optional<EditHistory::State> Move(std::vector<EditHistory::State>& from,
 
 void EditHistory::Add(State before) {
   EndTyping();
-  Forth.clear();
+  Forward.clear();
   if (Back.size() == MaxSteps) Back.erase(Back.begin());
   Back.push_back(std::move(before));
 }
@@ -34,12 +34,12 @@ void EditHistory::AddTyped(State before) {
 
 std::optional<EditHistory::State> EditHistory::Undo(State now) {
   EndTyping();
-  return Move(Back, Forth, std::move(now));
+  return Move(Back, Forward, std::move(now));
 }
 
 std::optional<EditHistory::State> EditHistory::Redo(State now) {
   EndTyping();
-  return Move(Forth, Back, std::move(now));
+  return Move(Forward, Back, std::move(now));
 }
 
 }  // namespace corvane

@@ -11,14 +11,14 @@
 namespace corvane {
 namespace {
 
-bool SessionEndWaits = false;  // until the box that was open at the signal closes
+bool SessionEndPending = false;  // until the box that was open at the request closes
 
 // Performs a gesture unless the form is blocked, and shows the result. A pending signal comes last,
 // so it never interrupts a save.
 bool Perform(const Form& form, const std::function<bool()>& act) {
-  const bool done = Hears(form) && act();
+  const bool done = AcceptsGestures(form) && act();
   ShowChanges();
-  if (SessionEndWaits && !BoxStands()) EndSession();
+  if (SessionEndPending && !IsBoxOpen()) EndSession();
   return done;
 }
 
@@ -192,7 +192,7 @@ bool PressBackspace(const Form& form, Modifiers with) {
   return false;
 }
 
-bool Stroke(Form& form, const KeyStroke& stroke) {
+bool HandleKey(Form& form, const KeyStroke& stroke) {
   switch (stroke.Pressed) {
     case Key::Other:
       return false;  // left to the widget
@@ -212,7 +212,7 @@ bool Stroke(Form& form, const KeyStroke& stroke) {
 
 }  // namespace
 
-bool Hears(const Form& form) { return !BoxStands() && TopForm() == &form; }
+bool AcceptsGestures(const Form& form) { return !IsBoxOpen() && TopForm() == &form; }
 
 bool MoveFocus(Control& to) {
   return Perform(to.Owner, [&] { return Focus(to); });
@@ -228,7 +228,7 @@ bool AllowPress(Form& form, Control* under) {
 
 // Over an unfocused combo box, the wheel would pick a row.
 bool AllowWheel(const Form& form, const Control* under) {
-  if (!under || !Hears(form)) return false;
+  if (!under || !AcceptsGestures(form)) return false;
   return form.Focused == under || !dynamic_cast<const ComboBox*>(under);
 }
 
@@ -242,7 +242,8 @@ void PickRow(ComboBox& combo, int row) {
 
 void DoubleClick(ListBox& list, int row) {
   PerformAt(list, [&] {
-    if (!Pick(list, row) || !Hears(list.Owner)) return false;  // the pick may have opened a box
+    if (!Pick(list, row) || !AcceptsGestures(list.Owner))
+      return false;  // the pick may have opened a box
     if (list.Owner.Focused == &list && list.ListIndex() == row) list.DblClick();
     return true;
   });
@@ -265,8 +266,8 @@ void Press(Button& button) {
 }
 
 bool PressKey(Form& form, const KeyStroke& stroke) {
-  if (!Hears(form)) return true;
-  return Perform(form, [&] { return Stroke(form, stroke); });
+  if (!AcceptsGestures(form)) return true;
+  return Perform(form, [&] { return HandleKey(form, stroke); });
 }
 
 void OpenMenu(MenuEntry& menu) {
@@ -282,7 +283,7 @@ void CloseWindow(Form& form) {
 }
 
 bool QueryEndSession() {
-  if (BoxStands()) return false;  // the user must answer it first
+  if (IsBoxOpen()) return false;  // the user must answer it first
   for (const Form* form : OpenForms()) {
     if (!form->QueryEndSession() || !form->QueryUnload()) return false;
   }
@@ -291,7 +292,7 @@ bool QueryEndSession() {
 
 void EndSession() {
   const bool ends = QueryEndSession();
-  SessionEndWaits = BoxStands();
+  SessionEndPending = IsBoxOpen();
   ends ? EndProgram() : ShowChanges();
 }
 

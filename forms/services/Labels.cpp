@@ -8,7 +8,7 @@
 namespace corvane {
 namespace {
 
-constexpr int LineGap = 30;  // most twips between a heading's lower edge and its field
+constexpr int MaxLineGap = 30;  // twips between a heading's lower edge and its field
 
 Control* AsField(const AnyControl& any) {
   if (TextBox* const* box = std::get_if<TextBox*>(&any)) return *box;
@@ -23,18 +23,18 @@ bool IsBeside(const Place& label, const Place& field) {
 
 bool IsBelow(const Place& label, const Place& field) {
   const int centre = label.Left + label.Width / 2;
-  return std::abs(label.Top + label.Height - field.Top) <= LineGap && field.Left <= centre &&
+  return std::abs(label.Top + label.Height - field.Top) <= MaxLineGap && field.Left <= centre &&
          centre <= field.Left + field.Width;
 }
 
-// The first field in the label's frame that satisfies one of `ways`.
+// The first field in the label's frame that satisfies one of `positions`.
 Control* FindField(const Label& label,
-                   std::initializer_list<bool (*)(const Place&, const Place&)> ways) {
+                   std::initializer_list<bool (*)(const Place&, const Place&)> positions) {
   for (const AnyControl& any : label.Owner.Controls) {
     Control* field = AsField(any);
     if (!field || field->Parent != label.Parent) continue;
-    for (const auto& stands : ways) {
-      if (stands(label.At, field->At)) return field;
+    for (const auto& fits : positions) {
+      if (fits(label.At, field->At)) return field;
     }
   }
   return nullptr;

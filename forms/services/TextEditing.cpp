@@ -33,24 +33,24 @@ bool IsLineBreak(std::string_view piece) {
   return piece == "\n" || piece == "\r" || piece == "\r\n";
 }
 
-std::size_t CommonPrefix(const Pieces& left, const Pieces& right, std::size_t most) {
+std::size_t CommonPrefix(const Pieces& left, const Pieces& right, std::size_t max) {
   std::size_t length = 0;
-  while (length < most && left[length] == right[length]) ++length;
+  while (length < max && left[length] == right[length]) ++length;
   return length;
 }
 
-std::size_t CommonSuffix(const Pieces& left, const Pieces& right, std::size_t most) {
+std::size_t CommonSuffix(const Pieces& left, const Pieces& right, std::size_t max) {
   std::size_t length = 0;
-  while (length < most && left[left.size() - 1 - length] == right[right.size() - 1 - length]) {
+  while (length < max && left[left.size() - 1 - length] == right[right.size() - 1 - length]) {
     ++length;
   }
   return length;
 }
 
-std::string Shown(std::string_view text, bool multiLine, std::string_view lineBreak, int most) {
+std::string Shown(std::string_view text, bool multiLine, std::string_view lineBreak, int max) {
   std::string shown;
   for (const std::string_view piece : ShownPieces(text, multiLine)) {
-    if (most-- <= 0) break;
+    if (max-- <= 0) break;
     shown += multiLine && IsLineBreak(piece) ? lineBreak : piece;
   }
   return shown;
@@ -77,8 +77,8 @@ int CharacterCount(std::string_view text) {
   return static_cast<int>(ShownPieces(text, false).size());
 }
 
-std::string ShownText(const TextBox& box, std::string_view lineBreak, int most) {
-  return Shown(box.Text(), box.MultiLine, lineBreak, most);
+std::string ShownText(const TextBox& box, std::string_view lineBreak, int max) {
+  return Shown(box.Text(), box.MultiLine, lineBreak, max);
 }
 
 std::string WithLineBreaks(std::string_view text, std::string_view lineBreak) {

@@ -35,7 +35,7 @@ void SetAccessibleDescription(HWND window, const std::wstring& description) {
   Set(window, PROPID_ACC_DESCRIPTION, description);
 }
 
-void ForgetAccessibleText(HWND window) {
+void ClearAccessibleText(HWND window) {
   if (!Services()) return;
   MSAAPROPID properties[] = {PROPID_ACC_NAME, PROPID_ACC_DESCRIPTION};
   Services()->ClearHwndProps(window, Client, CHILDID_SELF, properties, 2);

@@ -11,6 +11,6 @@ namespace corvane {
 
 void SetAccessibleName(HWND window, const std::wstring& name);
 void SetAccessibleDescription(HWND window, const std::wstring& description);
-void ForgetAccessibleText(HWND window);
+void ClearAccessibleText(HWND window);
 
 }  // namespace corvane

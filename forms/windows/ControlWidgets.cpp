@@ -59,11 +59,12 @@ ControlWidget Make(Frame& frame, HWND parent) {
 }
 
 ControlWidget Make(Button& button, HWND parent) {
-  const bool isDefault = button.Owner.EnterButton == &button;  // look only: Enter is a gesture
+  const bool isDefault =
+      button.Owner.EnterButton == &button;  // appearance only: Enter is a gesture
   const DWORD style = WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
   ControlWidget made{&button, MakeWidget(button, parent, WC_BUTTONW, style)};
   made.SetFont = FitCaption;
-  made.Notice = [&button](int code) {
+  made.OnNotify = [&button](int code) {
     if (code == BN_CLICKED) Press(button);
   };
   return made;
@@ -117,7 +118,7 @@ ControlWidget Make(ListBox& list, HWND parent) {
   const HWND widget = MakeWidget(list, parent, WC_LISTBOXW, style, WS_EX_CLIENTEDGE);
   ControlWidget made{&list, widget};
   made.Mirror = RowMirror(widget, OfListBox, list);
-  made.Notice = [&list, widget](int code) {
+  made.OnNotify = [&list, widget](int code) {
     const auto row = static_cast<int>(Send(widget, LB_GETCURSEL));
     if (code == LBN_SELCHANGE) PickRow(list, row);
     if (code == LBN_DBLCLK) DoubleClick(list, row);
@@ -154,24 +155,24 @@ RowColours ColoursOf(UINT state) {
   return {COLOR_WINDOW, COLOR_WINDOWTEXT};
 }
 
-// Text in the field shrinks to fit; dropped rows use the usual font.
+// Text in the field shrinks to fit; dropped rows use the normal font.
 void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
   constexpr LONG Margin = 2;
   const RECT& at = row.rcItem;
   const bool inField = (row.itemState & ODS_COMBOBOXEDIT) != 0;
   const std::wstring text = TextToWide(combo.List(static_cast<int>(row.itemID)));
-  const HFONT usual = FontOf(row.hwndItem);
+  const HFONT normal = FontOf(row.hwndItem);
   const HFONT font =
-      inField ? ShrinkToFit(usual,
+      inField ? ShrinkToFit(normal,
                             [&](HFONT tried) {
                               return MeasureText(text, tried).cx <= at.right - at.left - 2 * Margin;
                             })
-              : usual;
+              : normal;
   const RowColours colours = ColoursOf(row.itemState);
   SetBkColor(row.hDC, GetSysColor(colours.Ground));
   SetTextColor(row.hDC, GetSysColor(colours.Text));
   const HGDIOBJ before = SelectObject(row.hDC, font);
-  const LONG baseLine = at.top + LetterTop(at, usual) + MetricsOf(usual).tmAscent;
+  const LONG baseLine = at.top + LetterTop(at, normal) + MetricsOf(normal).tmAscent;
   ExtTextOutW(row.hDC, at.left + Margin, baseLine - MetricsOf(font).tmAscent,
               ETO_OPAQUE | ETO_CLIPPED, &at, text.c_str(), static_cast<UINT>(text.size()),
               MeasureLetters(text, font).data());
@@ -195,7 +196,7 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
   const HWND widget = MakeWidget(combo, parent, WC_COMBOBOXW, style);
   ControlWidget made{&combo, widget};
   made.Mirror = RowMirror(widget, OfComboBox, combo);
-  made.Notice = [&combo, widget](int code) {
+  made.OnNotify = [&combo, widget](int code) {
     const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
     // An arrow key in dropped rows is not yet a choice and can be cancelled. The shown row is a
     // choice only if picked among them.
@@ -250,7 +251,7 @@ void ArrangeLayers(std::span<const ControlWidget> widgets) {
 
 }  // namespace
 
-void SetUsualFont(const ControlWidget& widget, int dpi) {
+void SetDefaultFont(const ControlWidget& widget, int dpi) {
   SetFontOf(widget.Widget, ControlFont(dpi));
 }
 
@@ -272,6 +273,6 @@ void ApplyLayout(std::span<const ControlWidget> widgets, int dpi) {
   for (const ControlWidget& widget : widgets) AlignLabel(widget, widgets, dpi);
 }
 
-void ReleaseWidget(const ControlWidget& widget) { ForgetAccessibleText(widget.Widget); }
+void ReleaseWidget(const ControlWidget& widget) { ClearAccessibleText(widget.Widget); }
 
 }  // namespace corvane

@@ -14,7 +14,7 @@ namespace corvane {
 enum class Layer { Front, Labels, Frames };  // from front to back
 
 struct ControlWidget;
-void SetUsualFont(const ControlWidget& widget, int dpi);
+void SetDefaultFont(const ControlWidget& widget, int dpi);
 
 struct ControlWidget {
   Control* Shown;
@@ -22,10 +22,10 @@ struct ControlWidget {
   Layer In = Layer::Front;
   // Shows the control's state; leaves unchanged parts alone.
   std::function<void()> Mirror = [] {};
-  std::function<void(int code)> Notice = [](int) {};  // handles a notification from the widget
+  std::function<void(int code)> OnNotify = [](int) {};  // handles a notification from the widget
   std::function<void(const DRAWITEMSTRUCT&)> DrawRow = [](const DRAWITEMSTRUCT&) {};
   // Sets the font for a resolution; the widget must already have its place.
-  void (*SetFont)(const ControlWidget&, int dpi) = SetUsualFont;
+  void (*SetFont)(const ControlWidget&, int dpi) = SetDefaultFont;
   // Pixels from the widget's top to its line of text; 0 if it has no such line.
   std::function<int()> LineTop = [] { return 0; };
 };

@@ -13,7 +13,7 @@
 namespace corvane {
 namespace {
 
-// Loads the library on first use: with its dependencies it takes 6 MiB and a quarter of the
+// Loads the library on first use, because it and its dependencies take 6 MiB and a quarter of the
 // start-up time. Empty if it cannot be loaded.
 std::optional<SystemDialog> LoadDialog(FileDialogKind kind) {
   constexpr wchar_t Library[] = L"comdlg32";
@@ -40,7 +40,7 @@ std::string ReasonOf(DWORD error) {
   }
 }
 
-void TellFailure(HWND owner, const std::string& failure) {
+void ShowFailure(HWND owner, const std::string& failure) {
   ShowMessageBox(owner, "Error: " + failure + ".", MessageButtons::Ok);
 }
 
@@ -48,7 +48,7 @@ void TellFailure(HWND owner, const std::string& failure) {
 
 void ShowFileDialog(HWND owner, CommonDialog& settings) {
   if (const auto system = LoadDialog(settings.Kind)) return RunFileDialog(owner, settings, *system);
-  TellFailure(owner,
+  ShowFailure(owner,
               "comdlg32.dll could not be loaded: system error " + std::to_string(GetLastError()));
 }
 
@@ -66,12 +66,12 @@ void RunFileDialog(HWND owner, CommonDialog& settings, const SystemDialog& syste
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = MaxPath;
   dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-  // Adds only flags for the look. Choosing a file makes its folder the current one.
+  // Adds only flags that affect the appearance. Choosing a file makes its folder the current one.
   dialog.Flags = static_cast<DWORD>(settings.Flags) | OFN_EXPLORER | OFN_HIDEREADONLY;
   if (system.Choose(&dialog)) {
     settings.FileName = WideToText(path.c_str());
   } else if (const DWORD error = system.Error()) {
-    TellFailure(owner, "The file dialog failed: " + ReasonOf(error));
+    ShowFailure(owner, "The file dialog failed: " + ReasonOf(error));
   }
 }
 

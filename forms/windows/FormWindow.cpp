@@ -163,7 +163,7 @@ void FormWindow::Close() {
   EnableWindow(Owner, TRUE);  // before hiding, which activates another window
   ShowWindow(Window, SW_HIDE);
   Running = false;
-  PostMessageW(Window, WM_NULL, 0, 0);  // wakes the loop, whoever called
+  PostMessageW(Window, WM_NULL, 0, 0);  // wakes the loop
 }
 
 HWND FormWindow::Top() {
@@ -221,7 +221,7 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
 
 void FormWindow::OnCommand(WORD command, WORD code, HWND from) {
   const auto widget = std::ranges::find(Widgets, from, &ControlWidget::Widget);
-  if (from && widget != Widgets.end()) return widget->Notice(code);
+  if (from && widget != Widgets.end()) return widget->OnNotify(code);
   if (from || command == 0 || command > Commands.size()) return;
   Choose(*Commands[command - 1U]);
 }
@@ -252,7 +252,7 @@ bool FormWindow::PreTranslate(MSG& message) {
   if (std::ranges::count(Presses, message.message) > 0) return RefusesPress(message);
   switch (message.message) {
     case WM_MOUSEWHEEL:
-      return LosesWheel(message);
+      return RefusesWheel(message);
     case WM_RBUTTONUP:  // after a refused press, an edit would take the focus for its menu
       return ControlOf(message.hwnd) && message.hwnd != GetFocus();
     case WM_KEYDOWN:
@@ -292,7 +292,7 @@ bool FormWindow::TakesKey(const MSG& key) {
 }
 
 // The wheel goes to the widget under the pointer.
-bool FormWindow::LosesWheel(MSG& turn) const {
+bool FormWindow::RefusesWheel(MSG& turn) const {
   if (RowsAreDropped()) return false;
   turn.hwnd = WindowFromPoint({GET_X_LPARAM(turn.lParam), GET_Y_LPARAM(turn.lParam)});
   return !AllowWheel(Shown, ControlOf(turn.hwnd));  // another program's window may not respond

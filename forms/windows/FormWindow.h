@@ -44,7 +44,7 @@ class FormWindow : public FormView {
   bool PreTranslate(MSG& message);
   bool RefusesPress(const MSG& press);
   bool TakesKey(const MSG& key);
-  bool LosesWheel(MSG& turn) const;
+  bool RefusesWheel(MSG& turn) const;
   [[nodiscard]] bool RowsAreDropped() const;
 
   HWND Owner;

@@ -107,7 +107,7 @@ INT_PTR MessageWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       SendMessageW(View, message, first, second);
       return FALSE;
     case WM_DESTROY:
-      ForgetAccessibleText(Box);
+      ClearAccessibleText(Box);
       return FALSE;
     default:
       return FALSE;

@@ -14,7 +14,7 @@ namespace {
 
 // Loads libraries only from the system's folder. A file dialog loads some by plain name, and the
 // program's folder, often the downloads folder, would be searched first.
-void SearchSystemFolderOnly() {
+void RestrictLibrarySearch() {
   constexpr DWORD SystemFolder = 0x800;         // LOAD_LIBRARY_SEARCH_SYSTEM32
   constexpr DWORD FoldersOfExtensions = 0x400;  // LOAD_LIBRARY_SEARCH_USER_DIRS
   using Setter = BOOL(WINAPI*)(DWORD);          // Windows 8 and later, or Windows 7 with KB2533623
@@ -25,7 +25,7 @@ void SearchSystemFolderOnly() {
 }  // namespace
 
 int RunProgram(int /*argc*/, char** /*argv*/, Form& form) {
-  SearchSystemFolderOnly();
+  RestrictLibrarySearch();
   InitCommonControls();  // with the look that the manifest requests
   static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
   Display boxes;

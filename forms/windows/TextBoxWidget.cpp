@@ -71,7 +71,15 @@ void Paste(HWND edit, TextBox& box) {
   ReportText(box, before + text.substr(selected.End), before.size());
 }
 
-enum Command : UINT { UndoIt = 1, RedoIt, CutIt, CopyIt, PasteIt, DeleteIt, SelectIt };
+enum Command : UINT {
+  UndoCommand = 1,
+  RedoCommand,
+  CutCommand,
+  CopyCommand,
+  PasteCommand,
+  DeleteCommand,
+  SelectAllCommand
+};
 
 HMENU MakeContextMenu(HWND edit, const TextBox& box) {
   const Range selected = SelectionOf(edit);
@@ -80,16 +88,16 @@ HMENU MakeContextMenu(HWND edit, const TextBox& box) {
     Command Does;
     const wchar_t* Caption;
     bool Enabled;
-  } items[] = {{UndoIt, L"&Undo", box.History.CanUndo()},
-               {RedoIt, L"&Redo", box.History.CanRedo()},
-               {CutIt, L"Cu&t", some},
-               {CopyIt, L"&Copy", some},
-               {PasteIt, L"&Paste", IsClipboardFormatAvailable(CF_UNICODETEXT) != 0},
-               {DeleteIt, L"&Delete", some},
-               {SelectIt, L"Select &All", GetWindowTextLengthW(edit) > 0}};
+  } items[] = {{UndoCommand, L"&Undo", box.History.CanUndo()},
+               {RedoCommand, L"&Redo", box.History.CanRedo()},
+               {CutCommand, L"Cu&t", some},
+               {CopyCommand, L"&Copy", some},
+               {PasteCommand, L"&Paste", IsClipboardFormatAvailable(CF_UNICODETEXT) != 0},
+               {DeleteCommand, L"&Delete", some},
+               {SelectAllCommand, L"Select &All", GetWindowTextLengthW(edit) > 0}};
   const HMENU menu = CreatePopupMenu();
   for (const auto& [does, caption, enabled] : items) {
-    if (does == CutIt || does == SelectIt) AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    if (does == CutCommand || does == SelectAllCommand) AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     AppendMenuW(menu, enabled ? UINT{MF_STRING} : UINT{MF_GRAYED}, does, caption);
   }
   return menu;
@@ -97,22 +105,22 @@ HMENU MakeContextMenu(HWND edit, const TextBox& box) {
 
 void Do(HWND edit, TextBox& box, Command command) {
   switch (command) {
-    case UndoIt:
+    case UndoCommand:
       return Undo(box);
-    case RedoIt:
+    case RedoCommand:
       return Redo(box);
-    case CutIt:
+    case CutCommand:
       SendMessageW(edit, WM_CUT, 0, 0);
       return;
-    case CopyIt:
+    case CopyCommand:
       SendMessageW(edit, WM_COPY, 0, 0);
       return;
-    case PasteIt:
+    case PasteCommand:
       return Paste(edit, box);
-    case DeleteIt:
+    case DeleteCommand:
       SendMessageW(edit, WM_CLEAR, 0, 0);
       return;
-    case SelectIt:
+    case SelectAllCommand:
       SendMessageW(edit, EM_SETSEL, 0, -1);
       return;
   }
@@ -169,7 +177,7 @@ ControlWidget MakeTextBoxWidget(TextBox& box, HWND parent) {
   Send(edit, EM_SETLIMITTEXT);  // no limit: the form limits typing
   ControlWidget made{&box, edit};
   made.Mirror = [&box, edit] { MirrorText(edit, box); };
-  made.Notice = [&box, edit](int code) {
+  made.OnNotify = [&box, edit](int code) {
     if (code == EN_CHANGE) OnChange(edit, box);
   };
   if (!box.MultiLine) made.LineTop = [edit] { return LineTopOf(edit); };

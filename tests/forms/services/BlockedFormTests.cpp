@@ -101,7 +101,7 @@ TEST_F(Blocked, BehindMessageBoxes) {
   };
   EXPECT_TRUE(PressKey(f, Key::Enter));
   EXPECT_EQ(Tried, 2);
-  EXPECT_FALSE(BoxStands());
+  EXPECT_FALSE(IsBoxOpen());
 }
 
 TEST_F(Blocked, BehindFileDialogs) {

@@ -121,7 +121,7 @@ void SetAccessibleName(HWND window, const std::wstring& name) {
 void SetAccessibleDescription(HWND window, const std::wstring& description) {
   Accessible[window].Description = WithLineBreaks(WideToText(description), "\n");
 }
-void ForgetAccessibleText(HWND window) { Accessible.erase(window); }
+void ClearAccessibleText(HWND window) { Accessible.erase(window); }
 
 int Play(Form& form, const std::function<void()>& script) {
   Script = &script, Played = &form;

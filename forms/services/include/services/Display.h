@@ -78,7 +78,7 @@ void Tell(const std::string& text);
 [[nodiscard]] bool Ask(const std::string& text);
 
 /// Whether a message box or a file dialog is open.
-[[nodiscard]] bool BoxStands();
+[[nodiscard]] bool IsBoxOpen();
 
 /// Ends the program immediately, without asking.
 void EndProgram();

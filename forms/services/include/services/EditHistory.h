@@ -27,11 +27,11 @@ class EditHistory {
   [[nodiscard]] std::optional<State> Redo(State now);
 
   [[nodiscard]] bool CanUndo() const { return !Back.empty(); }
-  [[nodiscard]] bool CanRedo() const { return !Forth.empty(); }
+  [[nodiscard]] bool CanRedo() const { return !Forward.empty(); }
 
  private:
   static constexpr int NotTyping = -1;
-  std::vector<State> Back, Forth;
+  std::vector<State> Back, Forward;
   int TypingAt = NotTyping;  // the caret at which a character joins the last step
 };
 

@@ -73,7 +73,7 @@ class FormView {
 void ShowChanges();
 
 /// Runs the program: shows the main form and those that it opens in these views. Returns when the
-/// main form is unloaded or the program ends. `display` contributes the boxes and dialogs.
+/// main form is unloaded or the program ends. `display` provides the boxes and dialogs.
 void RunInViews(Form& main, Display display, MakeView make);
 
 }  // namespace corvane

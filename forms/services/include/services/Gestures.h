@@ -13,13 +13,13 @@
 namespace corvane {
 
 /// Whether a form currently accepts gestures.
-[[nodiscard]] bool Hears(const Form& form);
+[[nodiscard]] bool AcceptsGestures(const Form& form);
 
 /// Gives a control the focus after the focused field's Validate. False if Validate refuses or the
 /// control cannot take the focus. Nothing has changed then, and the caller must do nothing.
 [[nodiscard]] bool MoveFocus(Control& to);
 
-/// The native focus moved to a control without a gesture, e.g. through a screen reader.
+/// Follows a native focus that moved without a gesture, e.g. through a screen reader.
 void FollowFocus(Control& now);
 
 /// A mouse button goes down over a control, or over none (nullptr). False: nothing may react.

@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-inline constexpr int UsualDpi = 96;  // 15 twips per pixel
+inline constexpr int DefaultDpi = 96;  // 15 twips per pixel
 
 /// Rounds to the nearest pixel.
-[[nodiscard]] constexpr int ToPixels(int twips, int dpi = UsualDpi) {
+[[nodiscard]] constexpr int ToPixels(int twips, int dpi = DefaultDpi) {
   constexpr int TwipsPerInch = 1440;
   return (twips * dpi + TwipsPerInch / 2) / TwipsPerInch;
 }

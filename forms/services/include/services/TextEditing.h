@@ -18,9 +18,9 @@ struct TextEdit {
 };
 
 /// The text as a display shows it, in UTF-8. In a multi-line box, each line break (CR LF, a lone CR
-/// or a lone LF) becomes `lineBreak`. Stops after `most` characters.
+/// or a lone LF) becomes `lineBreak`. Stops after `max` characters.
 [[nodiscard]] std::string ShownText(const TextBox& box, std::string_view lineBreak = "\n",
-                                    int most = INT_MAX);
+                                    int max = INT_MAX);
 
 /// Replaces each line break of a text by `lineBreak`.
 [[nodiscard]] std::string WithLineBreaks(std::string_view text, std::string_view lineBreak);
