@@ -75,8 +75,8 @@ Result<FileKind> OpenTables(const std::string& fileName, const std::string& file
 Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges others) {
   const SeenFile* seen = others == OthersChanges::Keep ? FindSeen(fileName) : nullptr;
   const GameTables* known = seen == nullptr ? nullptr : &seen->Tables;
-  const auto saved = kind == FileKind::GameExeFile ? WriteGameTables(fileName, Tables, known)
-                                                   : WritePatchTables(fileName, Tables, known);
+  auto saved = kind == FileKind::GameExeFile ? WriteGameTables(fileName, Tables, known)
+                                             : WritePatchTables(fileName, Tables, known);
   if (saved.Done()) {
     Remember(fileName);
   } else if (IsTorn(saved.Error().State)) {

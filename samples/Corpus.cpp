@@ -47,7 +47,7 @@ Inputs JsonInputs() {
                              Elements(43, rect) + R"(,"StrArrow":)" + Elements(81, rect) +
                              R"(,"MapConnections":[{"From":0,"To":42,"Arrow":-2}],"MapHotspots":)" +
                              Elements(43, R"({"CenterX":8,"CenterY":9})") + '}';
-  return {btd, tables, btd.substr(0, 500), "[[[[1e5, -0, \"\\ud834\\udd1e\"]]]]"};
+  return {btd, tables, btd.substr(0, 500), R"([[[[1e5, -0, "\ud834\udd1e"]]]])"};
 }
 
 // The forms of a text value in a registry file.

@@ -29,8 +29,8 @@ sources() {
 tidy() {
   local build=$1
   shift
-  xargs -P "$(nproc)" -n 2 clang-tidy -p "build/$build" --quiet "$@" 2>&1 |
-    sed '/^[0-9]* warnings\? \(and [0-9]* errors\? \)\?generated\.$/d'
+  xargs -P "$(nproc)" -n 1 clang-tidy -p "build/$build" --quiet "$@" 2>&1 |
+    sed -u '/^[0-9]* warnings\? \(and [0-9]* errors\? \)\?generated\.$/d'
 }
 
 prepare() {

@@ -12,7 +12,7 @@ namespace {
 class ModalWindow : public QAccessibleWidget {
  public:
   explicit ModalWindow(QWidget* window) : QAccessibleWidget(window, QAccessible::Dialog) {}
-  QAccessible::State state() const override {
+  [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.modal = true;
     return state;
@@ -29,7 +29,7 @@ QAccessibleInterface* MakeInterface(const QString& kind, QObject* object) {
 
 void InstallAccessibility() { QAccessible::installFactory(MakeInterface); }
 
-void TieLabels(const Form& form, const QMainWindow& window) {
+void LinkLabels(const Form& form, const QMainWindow& window) {
   for (const AnyControl& any : form.Controls) {
     Label* const* label = std::get_if<Label*>(&any);
     const Control* field = label ? FieldOf(**label) : nullptr;

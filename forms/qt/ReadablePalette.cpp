@@ -42,7 +42,7 @@ struct Grounds {
 
 // The first acceptable colour on the way from one to the other; `to` if there is none.
 template <class Test>
-QColor FirstOnTheWay(const QColor& from, const QColor& to, const Test& good) {
+QColor FirstMatch(const QColor& from, const QColor& to, const Test& good) {
   constexpr int Steps = 50;
   for (int step = 0; step < Steps; ++step) {
     const QColor mixed = Mixed(from, to, static_cast<double>(step) / Steps);
@@ -51,8 +51,8 @@ QColor FirstOnTheWay(const QColor& from, const QColor& to, const Test& good) {
   return to;
 }
 
-QColor FirstSeen(const QColor& from, const QColor& to, const Grounds& grounds) {
-  return FirstOnTheWay(from, to, [&](const QColor& colour) { return grounds.Show(colour); });
+QColor FirstVisible(const QColor& from, const QColor& to, const Grounds& grounds) {
+  return FirstMatch(from, to, [&](const QColor& colour) { return grounds.Show(colour); });
 }
 
 // A ground on which the wanted text is readable, if one exists; otherwise the text must change.
@@ -61,8 +61,8 @@ QColor SelectedGround(const QColor& wanted, const QColor& wantedText, const QCol
   const auto good = [&](const QColor& colour) {
     return grounds.Show(colour) && Contrast(wantedText, colour) >= TextContrast;
   };
-  const QColor found = FirstOnTheWay(wanted, text, good);
-  return good(found) ? found : FirstSeen(wanted, text, grounds);
+  const QColor found = FirstMatch(wanted, text, good);
+  return good(found) ? found : FirstVisible(wanted, text, grounds);
 }
 
 // In a light window, fields are never darker than the window; in a dark one, they are dark.
@@ -98,12 +98,12 @@ QPalette ReadablePalette(const QPalette& desktop) {
   const bool dark = Luminance(text) > Luminance(window);
   const QColor button = dark ? Mixed(window, text, 0.12) : Mixed(window, base, 0.5);
   const Grounds grounds{window, base, button};
-  const QColor edge = FirstSeen(window, text, grounds);
+  const QColor edge = FirstVisible(window, text, grounds);
   const QColor selectedText = wanted(QPalette::HighlightedText);
   const QColor selected = SelectedGround(wanted(QPalette::Highlight), selectedText, text, grounds);
   const QColor grey = Mixed(window, text, 0.5);
   struct Row {
-    QPalette::ColorRole Role;
+    QPalette::ColorRole Role = QPalette::NoRole;
     QColor Colour, Disabled;
   };
   const std::array rows = {
