@@ -43,7 +43,7 @@ class Decoder {
   bool Object(const Json& node, const Place& at, std::span<const char* const> keys) {
     if (!node.is_object()) return Refuse(at, "must be an object");
     for (const auto& [key, value] : node.items()) {
-      const auto is = [&key = key](const char* known) { return key == known; };
+      const auto is = [&given = key](const char* known) { return given == known; };
       if (key.empty()) return Refuse(at, "has an empty key");
       if (std::ranges::none_of(keys, is)) return Refuse(at / key, "unknown key");
     }

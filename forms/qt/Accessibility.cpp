@@ -9,20 +9,22 @@
 namespace corvane {
 namespace {
 
-class ModalWindow : public QAccessibleWidget {
+// Interfaces are kept, and may be made before the window is modal.
+class WindowInterface : public QAccessibleWidget {
  public:
-  explicit ModalWindow(QWidget* window) : QAccessibleWidget(window, QAccessible::Dialog) {}
+  using QAccessibleWidget::QAccessibleWidget;
+  [[nodiscard]] QAccessible::Role role() const override {
+    return widget()->isModal() ? QAccessible::Dialog : QAccessible::Window;
+  }
   [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
-    state.modal = true;
+    state.modal = widget()->isModal();
     return state;
   }
 };
 
 QAccessibleInterface* MakeInterface(const QString& kind, QObject* object) {
-  if (kind != "QMainWindow") return nullptr;
-  auto* window = static_cast<QWidget*>(object);
-  return window->isModal() ? new ModalWindow(window) : nullptr;
+  return kind == "QMainWindow" ? new WindowInterface(static_cast<QWidget*>(object)) : nullptr;
 }
 
 }  // namespace

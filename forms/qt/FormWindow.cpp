@@ -116,9 +116,21 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   CloseWindow(Shown);
 }
 
+// Closes the rows of a combo box on a key that opens them. In some versions of Qt, it would also
+// pick a row.
+static bool ClosesRows(const QWidget& popup, const QKeyEvent& key) {
+  const bool isArrow = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
+  if (key.key() != Qt::Key_F4 && !(isArrow && key.modifiers() == Qt::AltModifier)) return false;
+  auto* combo = qobject_cast<QComboBox*>(popup.parentWidget());
+  if (combo) combo->hidePopup();
+  return combo != nullptr;
+}
+
 bool FormWindow::eventFilter(QObject* target, QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride && target->isWidgetType()) {
-    KeyInPopup = static_cast<QWidget*>(target)->window()->windowType() == Qt::Popup;
+    const QWidget& window = *static_cast<QWidget*>(target)->window();
+    KeyInPopup = window.windowType() == Qt::Popup;
+    if (KeyInPopup && ClosesRows(window, *static_cast<QKeyEvent*>(event))) return true;
   }
   if (target != windowHandle() || QApplication::activePopupWidget()) return false;
   switch (event->type()) {
