@@ -128,6 +128,41 @@ TEST(Lists, AreRedrawnWhenTheyGetTheFocusAndWhenTheirRowsChange) {
   });
 }
 
+TEST(Look, DrawsEachPartInItsPlace) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    const QPalette colours = ReadablePalette(QApplication::palette());
+    PressRow(form.lstRows, 0);
+    const QImage picture = Picture();
+    const struct {
+      const Control& At;
+      QPoint From;  // the left upper corner, or if negative the right lower one
+      QPalette::ColorRole Colour;
+    } spots[] = {
+        {form.Holder, {0, 100}, QPalette::Mid},       {form.Holder, {8, 6}, QPalette::Window},
+        {form.Holder, {100, 6}, QPalette::Mid},       {form.Holder, {5, 6}, QPalette::Mid},
+        {form.Holder, {1, 100}, QPalette::Window},    {form.Holder, {-50, -1}, QPalette::Mid},
+        {form.lstRows, {0, 30}, QPalette::Highlight}, {form.lstRows, {1, 30}, QPalette::Highlight},
+        {form.lstRows, {3, 2}, QPalette::Base},       {form.lstFew, {0, 30}, QPalette::Mid},
+        {form.lstFew, {1, 30}, QPalette::Base},       {form.txtNumber, {-1, -9}, QPalette::Mid},
+        {form.cmdOK, {0, 12}, QPalette::Highlight},   {form.cmdOK, {3, 12}, QPalette::Button},
+        {form.cmdCancel, {0, 12}, QPalette::Mid},     {form.cboRows, {1, 10}, QPalette::Button},
+        {form.cboRows, {-20, -3}, QPalette::Button}};
+    for (const auto& [control, from, colour] : spots) {
+      const QRect place = PlaceIn(*WidgetOf(control));
+      const QPoint at =
+          (from.x() < 0 ? place.bottomRight() + QPoint(1, 1) : place.topLeft()) + from;
+      EXPECT_TRUE(picture.pixelColor(at) == colours.color(colour))
+          << control.Name << " at " << from.x() << ", " << from.y();
+    }
+    const QPoint arrow = PlaceIn(*WidgetOf(form.cboRows)).bottomRight() - QPoint(8, 9);
+    EXPECT_GE(Contrast(picture.pixelColor(arrow), colours.color(QPalette::Button)), EdgeContrast);
+    const int menu = MainWindow()->findChild<QMenuBar*>()->height();
+    EXPECT_EQ(MainWindow()->geometry(), QRect(40, 40, 440, 360 + menu));
+    EXPECT_EQ(MainWindow()->maximumSize(), MainWindow()->minimumSize());
+  });
+}
+
 // Whatever fonts a theme sets, for all widgets or for a class of them, the picture stays.
 TEST(Fonts, AreThoseOfTheProgramWhateverAThemeSets) {
   TestForm form;

@@ -56,6 +56,9 @@ TEST_P(Messages, AreWholeOnTheScreenAndBreakOnlyLinesThatItHasNoRoomFor) {
     EXPECT_TRUE(box.Window.screen()->availableGeometry().contains(box.Window.frameGeometry()));
     EXPECT_LE(box.Text.document()->idealWidth(), box.Text.viewport()->width());
     EXPECT_EQ(box.Bar.maximum() > 0, GetParam().Scrolls);
+    EXPECT_EQ(box.Bar.isVisible(), GetParam().Scrolls);
+    PressKey("Tab");
+    EXPECT_EQ(box.Text.hasFocus(), GetParam().Scrolls);
     EXPECT_GE(box.Window.width(), box.Window.fontMetrics().horizontalAdvance("Corvane") + 100);
     const QTextDocument& document = *box.Text.document();
     int wrapped = 0;
