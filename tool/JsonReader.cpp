@@ -74,7 +74,7 @@ class Decoder {
   template <typename Record, std::size_t Count>
   bool Numbers(const Json& node, const Place& at, Record& record,
                const std::array<NumberField<Record>, Count>& fields) {
-    std::array<const char*, Count> keys;
+    std::array<const char*, Count> keys{};
     std::ranges::transform(fields, keys.begin(), [](const auto& field) { return field.Name; });
     if (!Object(node, at, keys)) return false;
     return std::ranges::all_of(fields, [&](const auto& field) {

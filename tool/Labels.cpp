@@ -51,7 +51,7 @@ void LabelSheet::Take(const Box& box) {
   const Box cells = CellsOf(box);
   for (int y = cells.Top; y <= cells.Bottom; ++y) {
     for (int x = cells.Left; x <= cells.Right; ++x) {
-      Taken[static_cast<std::size_t>(y * Across + x)].push_back(box);
+      Taken[IndexOf(x, y)].push_back(box);
     }
   }
 }
@@ -65,7 +65,7 @@ bool LabelSheet::IsFree(const Box& box) const {
   const Box cells = CellsOf(box);
   for (int y = cells.Top; y <= cells.Bottom; ++y) {
     for (int x = cells.Left; x <= cells.Right; ++x) {
-      if (std::ranges::any_of(Taken[static_cast<std::size_t>(y * Across + x)], meets)) return false;
+      if (std::ranges::any_of(Taken[IndexOf(x, y)], meets)) return false;
     }
   }
   return true;

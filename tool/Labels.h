@@ -33,6 +33,9 @@ class LabelSheet {
   static constexpr int Across = (ScreenWidth + 2 * SheetMargin) / CellSize + 1;
   static constexpr int Down = (ScreenHeight + 2 * SheetMargin) / CellSize + 1;
   [[nodiscard]] static Box CellsOf(const Box& box);
+  [[nodiscard]] static constexpr std::size_t IndexOf(int x, int y) {
+    return static_cast<std::size_t>(y) * Across + static_cast<std::size_t>(x);
+  }
 
   // The boxes in each cell of a grid, so that thousands of labels are placed quickly.
   std::array<std::vector<Box>, std::size_t{Across} * Down> Taken;

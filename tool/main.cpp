@@ -20,7 +20,7 @@ void Flush() {
 }
 
 void Print(std::string_view text) {
-  constexpr std::size_t PieceSize = 64 * 1024;
+  constexpr std::size_t PieceSize = std::size_t{64} << 10;
   Pending += text;
   if (Pending.size() >= PieceSize) Flush();
 }
