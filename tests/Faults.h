@@ -10,7 +10,7 @@ namespace corvane {
 enum class FileStep { Open, Status, PathStatus, Read, Write, SetLength, Flush, Close, Remove };
 inline constexpr char FileStepLetters[] = "OSPRWLFCX";
 
-/// When a fault strikes: before the step, which then has no effect, or after its full effect.
+/// When a fault occurs: before the step, which then has no effect, or after its full effect.
 enum class Moment { Before, After };
 
 /// Called at both moments of every step. An error fails the step; a smaller `bytes` before a

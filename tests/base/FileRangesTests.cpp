@@ -36,7 +36,7 @@ TEST_F(FileRanges, AreFlushedBetweenTheLastWriteAndTheClose) {
 
 #ifndef _WIN32  // which keeps others from renaming a file that is open
 
-TEST_F(FileRanges, AFileReplacedDuringItsSaveIsNotCalledSavedAndGetsItsOldBytesBack) {
+TEST_F(FileRanges, AFileReplacedDuringASaveIsReportedAndGetsItsOldBytesBack) {
   Folder.Put("f", "old bytes");
   ReplaceAfter(FileStep::Write);
   const auto saved = SaveBytes(Path, "new");
@@ -46,7 +46,7 @@ TEST_F(FileRanges, AFileReplacedDuringItsSaveIsNotCalledSavedAndGetsItsOldBytesB
   EXPECT_EQ(Folder.Get("moved"), "old bytes");
 }
 
-TEST_F(FileRanges, AFileRemovedDuringItsSaveKeepsItsOldBytesUnderAnotherName) {
+TEST_F(FileRanges, AFileRemovedDuringASaveKeepsItsOldBytesUnderAnotherName) {
   Folder.Put("f", "old bytes");
   std::filesystem::create_hard_link(Path, Folder / "other");
   InjectedFault = [this](FileStep step, Moment moment, std::size_t&) {
@@ -59,7 +59,7 @@ TEST_F(FileRanges, AFileRemovedDuringItsSaveKeepsItsOldBytesUnderAnotherName) {
   EXPECT_EQ(Folder.Get("other"), "old bytes");
 }
 
-TEST_F(FileRanges, ANewFileReplacedDuringItsSaveIsNotRemoved) {
+TEST_F(FileRanges, ANewFileReplacedDuringASaveIsNotRemoved) {
   ReplaceAfter(FileStep::Flush);
   const auto saved = SaveBytes(Path, "new", IfMissing::Create);
   ASSERT_FALSE(saved.Done());

@@ -18,7 +18,7 @@ struct RawFiles : testing::Test {
   std::size_t Read = 99;
 };
 
-TEST_F(RawFiles, RefuseToOpenWhatCannotBe) {
+TEST_F(RawFiles, RejectInvalidOpens) {
   EXPECT_TRUE(File.Open(Folder / "f", OpenMode::Create));
   EXPECT_TRUE(File.Open(Folder / "", OpenMode::Change));
   ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
@@ -28,7 +28,7 @@ TEST_F(RawFiles, RefuseToOpenWhatCannotBe) {
   EXPECT_TRUE(reader.WriteAt(0, Buffer));
 }
 
-TEST_F(RawFiles, FinishShortTransfers) {
+TEST_F(RawFiles, CompleteShortTransfers) {
   ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
   std::string asked;
   InjectedFault = [&](FileStep step, Moment moment, std::size_t& bytes) {
@@ -48,7 +48,7 @@ TEST_F(RawFiles, FinishShortTransfers) {
   EXPECT_EQ(asked, "WWWRRRRR");
 }
 
-TEST_F(RawFiles, RefuseOffsetsThatNoFileReaches) {
+TEST_F(RawFiles, RejectOffsetsBeyondAnyFile) {
   ASSERT_FALSE(File.Open(Folder / "f", OpenMode::Change));
   for (const std::uint64_t offset : {~0ULL, ~0ULL - 11, ~0ULL / 2 - 11}) {
     EXPECT_EQ(File.WriteAt(offset, Buffer), std::errc::value_too_large);
@@ -59,7 +59,7 @@ TEST_F(RawFiles, RefuseOffsetsThatNoFileReaches) {
   EXPECT_NE(File.SetLength(~0ULL / 2), std::errc::value_too_large);
 }
 
-TEST_F(RawFiles, AreTheSameByWhateverNameAndNotIfGone) {
+TEST_F(RawFiles, AreTheSameUnderAnyNameUnlessMissing) {
   Folder.Put("g", "abcdefghij");
   std::filesystem::create_hard_link(Folder.Path / "f", Folder.Path / "h");
   EXPECT_TRUE(IsSameFile(Folder / "f", Folder / "./f"));
@@ -68,7 +68,7 @@ TEST_F(RawFiles, AreTheSameByWhateverNameAndNotIfGone) {
   EXPECT_FALSE(IsSameFile(Folder / "none", Folder / "none"));
 }
 
-TEST(FolderScan, TakesOrdinaryFilesByExtensionUpToTheLimit) {
+TEST(FolderScan, FindsOrdinaryFilesByExtensionUpToTheLimit) {
   const TestFolder folder;
   for (const char* name : {"a.btd", "B.BTD", "c.btd~", "d.btdx", "btd", "e.btd/x"})
     folder.Put(name);
@@ -87,14 +87,14 @@ TEST(FolderScan, TakesOrdinaryFilesByExtensionUpToTheLimit) {
   EXPECT_EQ(names.size(), 200U);
 }
 
-TEST(FileNames, LeadNowhereElse) {
+TEST(FileNames, StayInTheirFolder) {
   for (const char* name : {"", ".", "..", "a/b", "../x", "/"})
     EXPECT_FALSE(IsFileName(name)) << name;
   EXPECT_FALSE(IsFileName({"a\0b", 3}));
   for (const char* name : {"a", ".btd", "a b.btd"}) EXPECT_TRUE(IsFileName(name)) << name;
 }
 
-TEST(AnsiText, KeepsAllBytesAndMarksWhatItLacksAndWhatIsNoUtf8) {
+TEST(AnsiText, PreservesAllBytesAndReplacesForeignCharactersAndInvalidUtf8) {
   std::string bytes;
   for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
   EXPECT_EQ(TextToAnsi(AnsiToText(bytes)), bytes);

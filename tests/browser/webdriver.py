@@ -10,7 +10,7 @@ import time
 import urllib.request
 
 ELEMENT = "element-6066-11e4-a52e-4f735466cecf"
-WAIT = 10  # seconds until an effect that does not come counts as missing
+WAIT = 10  # seconds
 
 ARGUMENTS = [
     "--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
@@ -80,18 +80,18 @@ class Browser:
         self._post("/refresh", {})
 
     def run(self, script, *arguments):
-        """What the body of a JavaScript function gives back."""
+        """Returns the result of the body of a JavaScript function."""
         return self._post("/execute/sync", {"script": script, "args": list(arguments)})
 
     def wait(self, script, *arguments):
-        """Waits until the body of a JavaScript function gives back something true."""
+        """Waits until the body of a JavaScript function returns a true value."""
         end = time.monotonic() + WAIT
         while time.monotonic() < end:
             value = self.run(script, *arguments)
             if value:
                 return value
             time.sleep(0.02)
-        raise AssertionError("never came true: " + script)
+        raise AssertionError("timed out: " + script)
 
     def find(self, selector):
         return self._post("/element", {"using": "css selector", "value": selector})[ELEMENT]
@@ -126,7 +126,7 @@ class Browser:
         self._actions("key", actions)
 
     def console(self):
-        """What the page has complained of since the last call."""
+        """The console messages since the last call."""
         return [entry["message"] for entry in self._post("/se/log", {"type": "browser"})]
 
     def picture(self, path):

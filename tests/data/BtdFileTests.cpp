@@ -3,7 +3,7 @@
 
 using namespace corvane;
 
-TEST(BtdFile, ReadsZerosPastTheEndAndKeepsTheRestOfTheFile) {
+TEST(BtdFile, ReadsZerosPastTheEndAndPreservesTheRestOfTheFile) {
   const TestFolder folder;
   const std::vector<SampleMap> maps = MakeSampleGame().Maps;
   for (std::size_t length = 0; length < 9999; length += length < 400 ? 1 : 71) {

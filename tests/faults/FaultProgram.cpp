@@ -1,4 +1,5 @@
-// The program of faults.py: FOLDER FILE LENGTH plays a session while the system is made to fail.
+// corvane_fault_program FOLDER FILE LENGTH: plays a session, in which faults.py makes the system
+// fail.
 #include <iostream>
 
 #include "base/Signals.h"
@@ -6,8 +7,9 @@
 
 using namespace corvane;
 
-// Opens the game in a folder, edits all tables, and saves FILE; a CC4.EXE is cut to a length ahead
-// of that. 0: saved. 2: told that it failed and left nothing torn. 3: told anything else.
+// Opens the game in a folder, edits all tables, and saves a file. If a length is given, truncates
+// CC4.EXE to it before the save. Returns 0 if the file was saved, 2 if the save failed and left
+// nothing torn, and 3 after any other error.
 static int Play(const std::string& folder, const std::string& file, const std::string& length) {
   Session session(std::map<std::string, std::string>{});
   Form1& main = session.Main;
@@ -27,12 +29,12 @@ static int Play(const std::string& folder, const std::string& file, const std::s
       Session::Type(dialog.txtFileName, std::filesystem::path(file).stem());
       Press(dialog.OKButton);
     });
-  for (const std::string& told : session.Messages) {
-    if (!told.starts_with("Error: ")) continue;
-    std::cout << told << "\n";
+  for (const std::string& message : session.Messages) {
+    if (!message.starts_with("Error: ")) continue;
+    std::cout << message << "\n";
     for (const char* end : {" is unchanged.", " was not created.", " was removed.",
                             "not confirm them. Check the file."})
-      if (told.ends_with(end)) return 2;
+      if (message.ends_with(end)) return 2;
     return 3;
   }
   return 0;

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""faults.py PROGRAM SAMPLE: makes the system fail while whole sessions save, and judges the file
+"""faults.py PROGRAM SAMPLE: makes the system fail while complete sessions save, and checks the file
 after each.
 
-A save that failed has to leave the old file and say so. One that was killed may leave old and new
-bytes where new ones belong, and nothing else. One that was asked to end finishes first, and one
-that a signal interrupts saves all the same. What this machine does not permit is left out with a
-word. PROGRAM is corvane_fault_program, SAMPLE corvane-sample.
+A failed save must leave the old file and report the failure. A killed save may leave a mixture of
+old and new bytes in the ranges that it writes, and nothing else. A request to end waits for the
+save, and an interrupted call does not prevent it. Faults that this machine does not permit are
+skipped with a message. PROGRAM is corvane_fault_program, SAMPLE is corvane-sample.
 """
 
 import os
@@ -42,11 +42,11 @@ PAGE = 4096
 
 @dataclass
 class Case:
-    """A file in the state in which it is saved over."""
+    """A file that a session saves."""
     name: str                    # in the game's folder
-    start: bytes | None          # its contents as the session begins; None if it is not there
-    length: int | None = None    # a CC4.EXE is cut to it after it was opened
-    new: bytes = b''             # its contents after a save that nothing disturbs
+    start: bytes | None          # its contents when the session begins; None if it does not exist
+    length: int | None = None    # a CC4.EXE is truncated to this after it is opened
+    new: bytes = b''             # its contents after an undisturbed save
 
     @property
     def old(self):
@@ -63,21 +63,21 @@ class Case:
 
 
 @dataclass
-class Grip:
-    """How the program is started so that a fault strikes it."""
-    command: tuple = ()          # in front of the program
-    prepare: object = None       # runs in the new process ahead of it
-    around: object = nullcontext  # a state of the file or the disk that lasts for one session
+class Setup:
+    """How the program is started so that a fault occurs."""
+    command: tuple = ()          # before the program
+    prepare: object = None       # runs in the new process before the program
+    around: object = nullcontext  # a state of the file or the disk during one session
 
 
 def is_mixture(case, now):
-    """True if only known bytes differ from the old file, and these are new ones."""
+    """True if only bytes in the known ranges differ from the old file, and have their new values."""
     if now is None:
         return case.old is None
     old, new = case.old or b'', case.new
     if not len(old) <= len(now) <= len(new):
         return False
-    base = bytearray(old + new[len(old):len(now)])  # behind the old end only new bytes belong
+    base = bytearray(old + new[len(old):len(now)])  # past the old end, all bytes are new
     for start, end in KNOWN[case.kind]:
         for byte in range(start, min(end, len(now))):
             if now[byte] == new[byte]:
@@ -100,21 +100,21 @@ class Harness:
         self.scratch = Path(scratch)
         self.game = self.scratch / 'game'
         self.sample = sample
-        self.program = self.scratch / 'program'  # where an ordinary user, too, can start it
+        self.program = self.scratch / 'program'  # where an ordinary user can start it
         shutil.copy(program, self.program)
         self.counts = dict.fromkeys(OUTCOMES.values(), 0)
-        self.faults = self.mixed = self.struck = 0
-        # A killed session leaves its folder behind, so it gets one here. Nothing of the user's own
-        # home is read, and leaks cannot be looked for in a traced program.
+        self.faults = self.mixed = self.injected = 0
+        # A killed session leaves its folder behind, so that is here. The tests do not read the
+        # user's home folder, and a traced program cannot be checked for leaks.
         temporary = self.scratch / 'tmp'
         temporary.mkdir()
         temporary.chmod(0o1777)
         self.environment = dict(os.environ, TMPDIR=str(temporary), HOME=str(temporary),
                                 ASAN_OPTIONS='detect_leaks=0')
 
-    def complain(self, words):
+    def fail(self, message):
         self.faults += 1
-        print(f'FAILED: {words}', file=sys.stderr, flush=True)
+        print(f'FAILED: {message}', file=sys.stderr, flush=True)
 
     # Cases.
 
@@ -122,7 +122,7 @@ class Harness:
         return self.game / case.name
 
     def place(self, case):
-        """The file as it is when a session begins."""
+        """Puts the file in its state before a session."""
         target = self.target(case)
         target.unlink(missing_ok=True)
         if case.start is not None:
@@ -133,22 +133,22 @@ class Harness:
         return target.read_bytes() if target.exists() else None
 
     def make(self, name, start=None, length=None):
-        """A case whose undisturbed save is known, in a fresh game."""
+        """Makes a case in a fresh game, and records the result of an undisturbed save."""
         case = Case(name, start, length)
         for entry in self.game.iterdir() if self.game.exists() else ():
             shutil.rmtree(entry) if entry.is_dir() else entry.unlink()
         subprocess.run([self.sample, self.game], check=True, stdout=subprocess.DEVNULL)
         self.place(case)
-        code, words, _ = self.play(case, Grip())
+        code, output, _ = self.play(case, Setup())
         if code != 0:
-            sys.exit(f'{case} cannot be saved at all: {words}')
+            sys.exit(f'{case} cannot be saved at all: {output}')
         case.new = self.now(case)
         if case.new == case.old or not is_mixture(case, case.new):
-            self.complain(f'{case}: a save changes nothing, or what is not known')
+            self.fail(f'{case}: a save changes nothing, or bytes outside the known ranges')
         return case
 
     def cases(self):
-        """Each kind of file in each length that it may have."""
+        """Yields each kind of file at each length."""
         sample = self.scratch / 'sample'
         if not sample.exists():
             subprocess.run([self.sample, sample], check=True, stdout=subprocess.DEVNULL)
@@ -161,72 +161,72 @@ class Harness:
         for start in (short, (sample / 'Maps/Barvoise.btd').read_bytes()):
             yield self.make('Maps/Barvoise.btd', start)
 
-    # Strikes.
+    # Sessions.
 
-    def play(self, case, grip):
-        """Exit code, what the user was told, and the words of the grip."""
+    def play(self, case, setup):
+        """Returns the exit code, the message to the user, and the errors."""
         length = '' if case.length is None else str(case.length)
-        ran = subprocess.run([*grip.command, self.program, self.game, case.name, length],
-                             env=self.environment, preexec_fn=grip.prepare, capture_output=True)
+        ran = subprocess.run([*setup.command, self.program, self.game, case.name, length],
+                             env=self.environment, preexec_fn=setup.prepare, capture_output=True)
         return ran.returncode, ran.stdout.decode(), ran.stderr.decode(errors='replace')
 
-    def strike(self, case, what, grip):
-        """Plays the session in a grip, judges the file; its outcome and the grip's words."""
+    def try_fault(self, case, what, setup):
+        """Plays a session and checks the file. Returns the outcome and the errors."""
         self.place(case)
-        with grip.around():
-            code, told, words = self.play(case, grip)
+        with setup.around():
+            code, message, errors = self.play(case, setup)
         outcome = OUTCOMES.get(code)
         if outcome is None:
-            self.complain(f'{case}: {what} ended with {code}: {told}{words}')
-            return outcome, words
+            self.fail(f'{case}: {what} ended with {code}: {message}{errors}')
+            return outcome, errors
         self.counts[outcome] += 1
         now = self.now(case)
         if not is_sound(case, outcome, now):
-            self.complain(f'{case}: {what} left a torn file, which was {outcome}. {told}')
+            self.fail(f'{case}: {what}: {outcome}, but the contents are wrong. {message}')
         if outcome == KILLED and now not in (case.old, case.new):
             self.mixed += 1
-        return outcome, words
+        return outcome, errors
 
     def each_call(self, case, fault, expected, prepare=None):
-        """Strikes the 1st, 2nd, ... call of a kind until there are no more."""
+        """Injects the fault into the 1st, 2nd, ... call until there are no more."""
         for call in range(1, 200):
             when = f'{fault}:when={call}'
             trace = ('strace', '-f', '-qq', '-e', f'trace={fault.split(":")[0]}', '-e',
                      'signal=!SIGXFSZ', '-e', f'inject={when}')
-            grip = Grip(trace, prepare)
-            outcome, words = self.strike(case, when, grip)
-            if not re.search(r'\(INJECTED\)|--- SIG|\+\+\+ killed', words):
+            outcome, errors = self.try_fault(case, when, Setup(trace, prepare))
+            if not re.search(r'\(INJECTED\)|--- SIG|\+\+\+ killed', errors):
                 break
-            self.struck += 1
+            self.injected += 1
             if outcome not in (*expected, None):
-                self.complain(f'{case}: {when}: {outcome} and not {" or ".join(expected)}')
+                self.fail(f'{case}: {when}: {outcome} and not {" or ".join(expected)}')
         if call == 1:
-            self.complain(f'{case}: {fault} never strikes')
+            self.fail(f'{case}: {fault} never occurs')
 
     # Families of faults.
 
     def limits(self, case):
-        for most in LIMITS[case.kind]:
-            outcome, _ = self.strike(case, f'a limit of {most} bytes', Grip(prepare=limit(most)))
-            self.struck += outcome == FAILED
+        for size in LIMITS[case.kind]:
+            outcome, _ = self.try_fault(case, f'a limit of {size} bytes',
+                                        Setup(prepare=limit(size)))
+            self.injected += outcome == FAILED
 
     def errors(self, case):
         for call in ('pwrite64', 'fsync'):
             self.each_call(case, f'{call}:error=EIO', (FAILED,))
 
     def interrupts(self, case):
-        """A call that a signal broke off is made again."""
+        """An interrupted call is repeated."""
         for call in ('getdents64', 'pwrite64'):
             self.each_call(case, f'{call}:error=EINTR', (SAVED,))
 
     def kills(self, case):
         for call in ('pwrite64', 'fsync'):
             self.each_call(case, f'{call}:signal=KILL', (KILLED,))
-        # While old bytes are put back, too.
+        # Also while the old bytes are restored.
         self.each_call(case, 'pwrite64:signal=KILL', (KILLED,), limit(LIMITS[case.kind][-1]))
 
     def ends(self, case):
-        """A request to end waits until the file is whole, or is as it was again."""
+        """A request to end waits until the file is saved or restored."""
         for name in ('TERM', 'INT', 'HUP'):
             self.each_call(case, f'pwrite64:signal={name}', (ENDED,))
             self.each_call(case, f'fsync:signal={name}', (ENDED,))
@@ -239,55 +239,55 @@ class Harness:
         self.refuse(case, ('chattr', '+i'), ('chattr', '-i'))
 
     def refuse(self, case, close, reopen, prepare=None):
-        """Nobody may write the file, or make a new one in its folder."""
+        """Makes the file, or for a new file its folder, read-only."""
         if case.length is not None:
-            return  # nobody may cut it, either
+            return  # such a file cannot be truncated
         target = self.target(case)
         closed = target if case.start is not None else target.parent
-        grip = Grip(prepare=prepare, around=lambda: closing(closed, close, reopen))
-        outcome, _ = self.strike(case, ' '.join(close), grip)
-        self.struck += outcome == FAILED
+        setup = Setup(prepare=prepare, around=lambda: closing(closed, close, reopen))
+        outcome, _ = self.try_fault(case, ' '.join(close), setup)
+        self.injected += outcome == FAILED
         if outcome != FAILED:
-            self.complain(f'{case}: saved in spite of {" ".join(close)}')
+            self.fail(f'{case}: saved in spite of {" ".join(close)}')
 
     def full_disk(self):
-        """The game lies on a small file system of its own, with no more than some pages free."""
+        """Saves on a small file system with only a few free pages."""
         for name, start in (('new.crv', None), ('Maps/new.btd', None), ('p.crv', bytes(5000))):
             case = self.make(name, start)
             for pages in range(3):
-                grip = Grip(around=lambda: crowd(self.game / 'filler', pages))
-                outcome, _ = self.strike(case, f'{pages} pages free', grip)
-                self.struck += outcome == FAILED
+                setup = Setup(around=lambda: fill_disk(self.game / 'filler', pages))
+                outcome, _ = self.try_fault(case, f'{pages} pages free', setup)
+                self.injected += outcome == FAILED
 
     # Reports.
 
-    def family(self, what, strikes):
-        """Runs one family over every case. One that never strikes proves nothing."""
-        self.struck = 0
+    def family(self, what, inject):
+        """Runs one family of faults over every case. A fault that never occurs proves nothing."""
+        self.injected = 0
         for case in self.cases():
-            strikes(case)
+            inject(case)
         self.report(what)
 
     def report(self, what):
-        print(f'{what:<36} struck {self.struck} sessions', flush=True)
-        if self.struck == 0:
-            self.complain(f'{what}: never struck')
+        print(f'{what:<36} in {self.injected} sessions', flush=True)
+        if self.injected == 0:
+            self.fail(f'{what}: never occurred')
 
     def finish(self):
         counts = self.counts
-        print(f'{sum(counts.values())} sessions: {counts[SAVED]} saved, {counts[FAILED]} failed '
-              f'and said so, {counts[ENDED]} ended behind the save, {counts[KILLED]} were killed, '
-              f'{self.mixed} of them with old and new bytes; {self.faults} faults')
+        print(f'{sum(counts.values())} sessions: {counts[SAVED]} saved, {counts[FAILED]} reported '
+              f'a failure, {counts[ENDED]} ended after the save, {counts[KILLED]} were killed, '
+              f'{self.mixed} of them with old and new bytes; {self.faults} errors')
         return 1 if self.faults else 0
 
 
-def limit(most):
-    """No file grows beyond `most` bytes."""
-    return lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (most, most))
+def limit(size):
+    """Limits the size of files, in bytes."""
+    return lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
 
 
 def become_ordinary():
-    """A user who owns nothing here; an ordinary one is refused by the mode alone."""
+    """Drops the privileges of root, who could write to a read-only file."""
     if os.geteuid() == 0:
         os.setgroups([])
         os.setgid(NOBODY)
@@ -304,8 +304,8 @@ def closing(path, close, reopen):
 
 
 @contextmanager
-def crowd(path, pages):
-    """Fills a file system but for some pages."""
+def fill_disk(path, pages):
+    """Fills a file system except for some pages."""
     with open(path, 'wb', buffering=0) as filler:
         try:
             while filler.write(bytes(PAGE)):
@@ -319,8 +319,8 @@ def crowd(path, pages):
         path.unlink()
 
 
-def left_out(what, why):
-    print(f'{what:<36} LEFT OUT: {why}', flush=True)
+def skip(what, why):
+    print(f'{what:<36} SKIPPED: {why}', flush=True)
 
 
 def works(*command):
@@ -337,7 +337,7 @@ def try_immutable(harness):
         subprocess.run(['chattr', '-i', probe], check=True)
         harness.family('an immutable file', harness.immutable)
     else:
-        left_out('an immutable file', 'takes root, and a file system that knows it')
+        skip('an immutable file', 'needs root, and a file system that supports it')
 
 
 def try_full_disk(harness, program, sample):
@@ -346,20 +346,20 @@ def try_full_disk(harness, program, sample):
         again = [*own, sys.executable, __file__, program, sample, '--on-a-full-disk']
         harness.faults += subprocess.run(again).returncode
     else:
-        left_out('a full disk', 'may not mount one here')
+        skip('a full disk', 'mounting is not permitted')
 
 
 def try_traced(harness):
-    families = {'a call that the system fails': harness.errors,
-                'a call that a signal interrupts': harness.interrupts,
-                'a request to end in a save': harness.ends,
-                'a kill in the middle of a save': harness.kills}
+    families = {'a failed call': harness.errors,
+                'an interrupted call': harness.interrupts,
+                'a request to end during a save': harness.ends,
+                'a kill during a save': harness.kills}
     traces = works('strace', '-o', '/dev/null', 'true')
-    for what, strikes in families.items():
+    for what, inject in families.items():
         if traces:
-            harness.family(what, strikes)
+            harness.family(what, inject)
         else:
-            left_out(what, 'strace is not installed, or may not trace')
+            skip(what, 'strace is not installed or not permitted')
 
 
 def run(harness, program, sample, on_a_full_disk):
@@ -371,7 +371,7 @@ def run(harness, program, sample, on_a_full_disk):
         subprocess.run(['umount', harness.game], check=True)
         return harness.finish()
     harness.family('a limit on the size of files', harness.limits)
-    harness.family('a file that may not be written', harness.without_permission)
+    harness.family('a read-only file', harness.without_permission)
     try_immutable(harness)
     try_full_disk(harness, program, sample)
     try_traced(harness)

@@ -11,7 +11,7 @@ struct FileCommands : testing::Test {
   Form1& main = session.Main;
 };
 
-TEST_F(FileCommands, SetTheDialogsAndDoNothingWhenTheseAreCancelled) {
+TEST_F(FileCommands, SetUpTheirDialogsAndDoNothingOnCancel) {
   const std::string patches = "Corvane Patch Files (*.crv)|*.crv",
                     game = "CC4.EXE (CC4.EXE)|CC4.EXE|";
   const std::string here = std::filesystem::current_path().string();
@@ -31,7 +31,7 @@ TEST_F(FileCommands, SetTheDialogsAndDoNothingWhenTheseAreCancelled) {
   EXPECT_TRUE(TablesDirty);
 }
 
-TEST_F(FileCommands, SaveANewPatchFileUnaskedByCtrlS) {
+TEST_F(FileCommands, SaveANewPatchFileWithoutAQuestion) {
   session.Choice = session.File("New.crv");
   PressKey(main, CtrlS);
   EXPECT_EQ(session.TakeMessages(), Texts());
@@ -79,7 +79,7 @@ TEST_F(FileCommands, WriteNoPatchFileAsAGame) {
   EXPECT_EQ(session.Folder.Get("p.crv").size(), 11212U);
 }
 
-TEST_F(FileCommands, OpenAGameInSmallLetters) {
+TEST_F(FileCommands, OpenAGameInLowerCase) {
   std::filesystem::rename(session.File("CC4.EXE"), session.File("cc4.exe"));
   session.OpenFile("cc4.exe");
   OpenMenu(main.mnuFile);
@@ -116,7 +116,7 @@ TEST_F(FileCommands, AskBeforeLeavingUnsavedTables) {
   EXPECT_FALSE(main.IsOpen());
 }
 
-TEST_F(FileCommands, LeaveEverythingWhenAnOpenFails) {
+TEST_F(FileCommands, ChangeNothingWhenAnOpenFails) {
   PickRow(main.lstMaps, 7);
   const ConnectionTable before = MapConnections;
   const bool installed = ReadInstallPath().has_value();  // a patch file needs it
@@ -160,7 +160,7 @@ struct LostUpdates : testing::Test {
   }
 };
 
-TEST_F(LostUpdates, AnUntouchedGameIsSavedWithoutAQuestionTimeAfterTime) {
+TEST_F(LostUpdates, AnUnchangedGameIsSavedRepeatedlyWithoutAQuestion) {
   for (int time = 0; time < 2; ++time) {
     PickRow(session.Main.cboArrows, 7 + time);
     EXPECT_EQ(SaveExe(), Texts{});
@@ -172,7 +172,7 @@ TEST_F(LostUpdates, AnUntouchedGameIsSavedWithoutAQuestionTimeAfterTime) {
   EXPECT_EQ(session.Folder.Get("CC4.EXE").size(), 1201312U);
 }
 
-TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndOnlyYesSavesOverIt) {
+TEST_F(LostUpdates, OnlyYesOverwritesAGameThatAnotherProgramChanged) {
   const std::string ours = session.Folder.Get("CC4.EXE");
   Change("CC4.EXE", 1201311);
   const std::string theirs = session.Folder.Get("CC4.EXE");
@@ -188,7 +188,7 @@ TEST_F(LostUpdates, AGameThatAnotherProgramChangedIsAskedAboutAndOnlyYesSavesOve
 }
 
 // The first range is written; then every write and flush fails, so that nothing can be undone.
-TEST_F(LostUpdates, AGameThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
+TEST_F(LostUpdates, OurOwnFailedSaveIsNotBlamedOnAnotherProgram) {
   StrMap[0].Left = 5;
   InjectedFault = [writes = 0](FileStep step, Moment moment, std::size_t&) mutable {
     if (moment == Moment::After) return std::error_code();
@@ -200,7 +200,7 @@ TEST_F(LostUpdates, AGameThatOurOwnFailedSaveToreIsNotBlamedOnAnother) {
   EXPECT_EQ(SaveExe(), Texts{});
 }
 
-TEST_F(LostUpdates, APatchFileSavedHereIsAskedAboutOnceItDiffers) {
+TEST_F(LostUpdates, AChangedPatchFileIsAskedAbout) {
   const Texts overwrite{"Overwrite file " + session.File("p.crv") + "?"};
   session.SavePatch("p.crv");
   session.TakeMessages();

@@ -29,7 +29,7 @@ TEST(FixedTexts, OfTheHelpMenuComeWithNothingOpen) {
   EXPECT_EQ(session.TakeMessages(), (Texts{Instructions, "Corvane for Close Combat 4"}));
 }
 
-TEST(FixedTexts, OfTheQuestionAheadOfClearingASlot) {
+TEST(FixedTexts, OfTheQuestionBeforeClearingASlot) {
   Session session;
   session.Answer = MessageAnswer::No;
   session.Main.cmdDelete.Click();
@@ -43,7 +43,7 @@ TEST(FixedTexts, OfTheNoteInAddConnection) {
                "represent the link.");
 }
 
-TEST(FixedTexts, OfTheQuestionAheadOfDeletingAConnection) {
+TEST(FixedTexts, OfTheQuestionBeforeDeletingAConnection) {
   EXPECT_EQ(ConnectionDeletePrompt("000 A.btd", "001 B.btd"),
             "Are you sure you want to delete the connection from map 000 A.btd to map 001 B.btd?  "
             "Note: You must manually delete the connection in the opposite direction, if one "

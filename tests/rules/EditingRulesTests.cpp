@@ -41,7 +41,7 @@ TEST_F(FieldEntry, BeepsOnceAtAnyOtherTextAndStoresNothing) {
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST(AddMapSlot, GoesByItsTextAndStopsAt41Rows) {
+TEST(AddMapSlot, InsertsInTextOrderUpTo41Rows) {
   ResetTables();
   MapRows = {"000 A.btd", "007 B.btd"};
   EXPECT_TRUE(AddMapSlot());
@@ -53,14 +53,14 @@ TEST(AddMapSlot, GoesByItsTextAndStopsAt41Rows) {
   EXPECT_EQ(MapRows.size(), 41U);
 }
 
-// Two maps with files and a slot without one. The tables hold a tile, a hotspot and links in all.
-struct DeleteMapSlots : testing::Test {
-  DeleteMapSlots() {
+// Two maps with files and a slot without one, with tiles, a hotspot and links in the tables.
+struct DeletedMapSlots : testing::Test {
+  DeletedMapSlots() {
     GamePath = Folder / "";
     Folder.Put("Maps/A.btd", "a");
     Folder.Put("Maps/B.btd", "b");
     MapRows = {"000 A.btd", "009 B.btd", "010"};
-    MapRows.shrink_to_fit();  // or a row behind the last would still lie in memory of its own
+    MapRows.shrink_to_fit();  // so that a sanitizer notices an access past the end
     StrMap[0] = StrMap[1] = StrArrow[1] = Rect;
     MapHotspots[1] = {8, 9};
     for (int vl = 0; vl < VLSlotCount; ++vl) VLDest(0, vl) = vl;
@@ -69,7 +69,7 @@ struct DeleteMapSlots : testing::Test {
   const StrRect Rect{7, 6, 5, 4, 3, 2, 1};
 };
 
-TEST_F(DeleteMapSlots, LeaveNothingThatLeadsThere) {
+TEST_F(DeletedMapSlots, LeaveNoLinks) {
   EXPECT_TRUE(DeleteMapSlot(1).Done());
   EXPECT_EQ(StrMap[1], StrRect{7});  // the first word stays
   EXPECT_EQ(MapHotspots[1], Hotspot{});
@@ -89,7 +89,7 @@ TEST_F(DeleteMapSlots, LeaveNothingThatLeadsThere) {
   EXPECT_EQ(MapRows, (Rows{"000 A.btd", "001 UNUSED", "010"}));
 }
 
-TEST_F(DeleteMapSlots, CreateNoFileAndTouchNoOtherSlot) {
+TEST_F(DeletedMapSlots, CreateNoFileAndTouchNoOtherSlot) {
   Folder.Put("Maps/UNUSED", "mine");
   std::filesystem::remove(Folder / "Maps/B.btd");
   for (const int map : {1, 1, 2, 3, 42, -1, MapSlotCount})

@@ -12,20 +12,20 @@
 
 using namespace corvane;
 
-// The tests never read the home of whoever runs them.
+// The tests never read the home folder of the user who runs them.
 struct NoHome : testing::Environment {
   void SetUp() override { ::setenv("HOME", "/nowhere", 1); }
 };
 static const testing::Environment* const WithoutHome =
     testing::AddGlobalTestEnvironment(new NoHome);
 
-// Of both views the one of 32-bit programs counts.
+// The view of 32-bit programs takes precedence.
 static const std::string Key =
     R"([Software\\Wow6432Node\\Strategic Simulations Inc.\\Close Combat\\4.00] 9
 #time=1
 "InstalledTo"=)";
 
-TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
+TEST(PosixFiles, LinksAreFollowedAndPipesDoNotBlock) {
   const TestFolder folder;
   folder.Put("map");
   ASSERT_EQ(::mkfifo((folder / "pipe.btd").c_str(), 0600), 0);
@@ -40,7 +40,7 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
     std::byte byte{};
     const ReadRange range{0, {&byte, 1}};
     EXPECT_FALSE(ReadRanges(folder / name, {&range, 1}).Done()) << name;
-    EXPECT_FALSE(ReadRanges(folder / name, {}).Done()) << name << ", of which nothing is wanted";
+    EXPECT_FALSE(ReadRanges(folder / name, {}).Done()) << name << " without ranges";
     for (const auto missing : {IfMissing::Fail, IfMissing::Create})
       EXPECT_TRUE(MessageOf(SaveBytes(folder / name, "x", missing)).ends_with(" unchanged."))
           << name;
@@ -55,7 +55,7 @@ TEST(PosixFiles, LinksAreFollowedAndPipesDoNotHang) {
   EXPECT_EQ(openFiles(), openBefore);
 }
 
-TEST(PosixFiles, ALimitOnTheirSizeFailsASaveAndDoesNotEndTheProgram) {
+TEST(PosixFiles, ASizeLimitFailsASaveWithoutEndingTheProgram) {
   const TestFolder folder;
   folder.Put("f", "old bytes");
   rlimit before{};
@@ -77,7 +77,7 @@ struct WineRegistry : testing::Test {
     std::filesystem::create_symlink("../drive_c", Home.Path / ".wine/dosdevices/c:");
   }
   using Value = std::optional<std::string>;
-  // What the value reads as in this form, ahead of the plain view of the key.
+  // The value read if the 32-bit view of the key has it in this form.
   Value Read(const std::string& form) const {
     Home.Put(".wine/system.reg", Key + form + R"(
 [SOFTWARE\\strategic simulations inc.\\close combat\\4.00]
@@ -112,7 +112,7 @@ TEST_F(WineRegistry, ReadsEveryFormOfAText) {
   for (const auto& [form, value] : rows) EXPECT_EQ(Read(form), value) << form;
 }
 
-TEST_F(WineRegistry, GivesNothingThatIsTooLong) {
+TEST_F(WineRegistry, RejectsTooLongValues) {
   const std::string wide(1023, 'w');
   std::string hex = "hex(1):77,00";
   for (int i = 1; i < 1024; ++i) hex += i % 16 ? ",77,00" : ",77,\\\r\n  00";
@@ -124,7 +124,7 @@ TEST_F(WineRegistry, GivesNothingThatIsTooLong) {
   EXPECT_EQ(ReadInstallPath(), std::nullopt) << "of a huge file";
 }
 
-TEST_F(WineRegistry, TurnsPathsOfWindowsIntoFolders) {
+TEST_F(WineRegistry, ConvertsWindowsPathsToFolders) {
   const std::string drives = Home / ".wine/dosdevices/";
   const std::pair<const char*, std::string> rows[] = {
       {R"("C:")", drives + "c:"},
@@ -144,7 +144,7 @@ TEST_F(WineRegistry, IsNotReadWithoutAHome) {
   EXPECT_EQ(ReadInstallPath(), std::nullopt);
 }
 
-TEST_F(WineRegistry, FindsNoValueThatIsCutShort) {
+TEST_F(WineRegistry, FindsNoTruncatedValue) {
   const std::string view = R"(Software\Wow6432Node\Strategic Simulations Inc.\Close Combat\4.00\)";
   const std::string whole = Key + Escapes;
   ASSERT_TRUE(FindRegistryValue(whole, view, InstallValue));
@@ -153,7 +153,7 @@ TEST_F(WineRegistry, FindsNoValueThatIsCutShort) {
   EXPECT_FALSE(FindRegistryValue(Key + "hex:41,\\", view, InstallValue));
 }
 
-TEST(PosixFiles, ANewFileHasTheModeThatTheMaskLeaves) {
+TEST(PosixFiles, ANewFileHasThePermissionsThatTheUmaskLeaves) {
   const TestFolder folder;
   const mode_t before = ::umask(027U);
   EXPECT_EQ(MessageOf(SaveBytes(folder / "f", "new", IfMissing::Create)), "");
@@ -188,7 +188,7 @@ TEST(PosixFiles, NamesMatchInEveryAlphabet) {
   }
 }
 
-TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
+TEST(GameFolderPosix, UsesTheInstalledGameForAPatchFile) {
   const TestFolder home;
   const auto open = [&](const char* name) { return OpenTables(home / name, name); };
   ::setenv("HOME", home.Path.c_str(), 1);
@@ -206,7 +206,7 @@ TEST(GameFolderPosix, APatchFileGoesWithTheInstalledGame) {
   EXPECT_EQ(OpenedFile, "my.CRV");
 }
 
-TEST(GameFolderPosix, OfSeveralSpellingsTheOneInUseWins) {
+TEST(GameFolderPosix, PrefersTheSpellingInUse) {
   const TestFolder folder;
   for (const char* name : {"CC4.EXE", "cc4.EXE", "maps/Map", "maps/map", "maps/mAp", "maps/xMAP"})
     folder.Put(name);

@@ -12,7 +12,7 @@ namespace {
 volatile std::sig_atomic_t Delivered = 0;
 void Count(int) { Delivered = Delivered + 1; }
 
-// A signal is counted while a test runs, as a handler of the program would see it.
+// Counts the signals that the program's own handler would receive.
 struct Signals : testing::TestWithParam<int> {
   Signals() { Delivered = 0; }
   ~Signals() override { std::signal(GetParam(), Before); }
@@ -21,7 +21,7 @@ struct Signals : testing::TestWithParam<int> {
 
 }  // namespace
 
-TEST_P(Signals, WaitUntilTheLastGuardGoes) {
+TEST_P(Signals, AreHeldUntilTheLastGuardIsDestroyed) {
   {
     const EndSignalGuard outer;
     {
@@ -44,7 +44,7 @@ TEST_P(Signals, ThatAreIgnoredStayIgnored) {
   EXPECT_EQ(std::signal(GetParam(), Count), SIG_IGN);
 }
 
-TEST_P(Signals, NeverStrikeBetweenTheStepsOfASave) {
+TEST_P(Signals, NeverInterruptASave) {
   const TestFolder folder;
   folder.Put("f", "old bytes");
   int raised = 0;

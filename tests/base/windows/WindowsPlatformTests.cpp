@@ -1,4 +1,4 @@
-// What only Windows has: the registry and its views, marks on files, sharing, devices.
+// What only Windows has: the registry and its views, file attributes, sharing, devices.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -12,7 +12,8 @@
 
 using namespace corvane;
 
-static bool MakeKey(REGSAM view, HKEY& key) {  // True if it is new; gone when the system ends
+static bool MakeKey(REGSAM view,
+                    HKEY& key) {  // True if it is new; the system removes it when it shuts down
   DWORD outcome = 0;
   RegCreateKeyExA(HKEY_LOCAL_MACHINE, InstallKey, 0, nullptr, REG_OPTION_VOLATILE,
                   KEY_ALL_ACCESS | view, nullptr, &key, &outcome);
@@ -20,7 +21,7 @@ static bool MakeKey(REGSAM view, HKEY& key) {  // True if it is new; gone when t
 }
 
 static void SetValue(HKEY key, DWORD type, const std::string& bytes) {
-  const std::string more = bytes + '.';  // a NUL behind the bytes would be stored as well
+  const std::string more = bytes + '.';  // a NUL after the bytes would be stored as well
   RegSetValueExA(key, InstallValue, 0, type, reinterpret_cast<const BYTE*>(more.data()),
                  static_cast<DWORD>(bytes.size()));
 }
@@ -36,8 +37,9 @@ TEST(WindowsRegistry, ReadsEveryFormInTheViewOf32BitPrograms) {
       {REG_SZ, wide + 'w' + nul, std::nullopt}, {REG_BINARY, wide + "ww", std::nullopt}};
   // clang-format on
   HKEY key = nullptr, twin = nullptr;
-  if (!MakeKey(KEY_WOW64_32KEY, key)) GTEST_SKIP() << "A game is installed, or this is no admin.";
-  const bool hasTwin = MakeKey(KEY_WOW64_64KEY, twin);  // not if there is but one view
+  if (!MakeKey(KEY_WOW64_32KEY, key))
+    GTEST_SKIP() << "A game is installed, or the user is not an administrator.";
+  const bool hasTwin = MakeKey(KEY_WOW64_64KEY, twin);  // false if there is only one view
   if (hasTwin) SetValue(twin, REG_SZ, "twin");
   for (const auto& [type, bytes, value] : rows) {
     SetValue(key, type, bytes);
@@ -48,7 +50,7 @@ TEST(WindowsRegistry, ReadsEveryFormInTheViewOf32BitPrograms) {
   if (hasTwin) RegDeleteKeyExA(HKEY_LOCAL_MACHINE, InstallKey, KEY_WOW64_64KEY, 0);
 }
 
-TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
+TEST(WindowsFiles, AreFoundUnlessHiddenAndOpenedUnlessInUse) {
   const TestFolder folder;
   const std::string path = folder.Path.string(), file = path + "\\中ü.BTD";
   for (const auto& [name, mark] : {std::pair("hidden.btd", 2UL), {"system.btd", 4UL}}) {
@@ -68,7 +70,7 @@ TEST(WindowsFiles, AreFoundUnlessMarkedAndOpenedUnlessInUse) {
     EXPECT_TRUE(other.Open("NUL", mode));
     EXPECT_EQ(other.Open(path, mode), std::errc::is_a_directory);
   }
-  EXPECT_TRUE(isalpha(ReasonText(other.Open(path + "\\x", OpenMode::Read)).back())) << "no point";
+  EXPECT_TRUE(isalpha(ReasonText(other.Open(path + "\\x", OpenMode::Read)).back())) << "no period";
   EXPECT_TRUE(OrdinaryFileExists(file));
   EXPECT_FALSE(OrdinaryFileExists(folder / "hidden.btd"));
   std::vector<std::string> names;
@@ -114,7 +116,7 @@ TEST(WindowsFiles, VerbatimPathsAreOpenedSavedAndListed) {
   EXPECT_TRUE(OrdinaryFileExists(file));
 }
 
-TEST(WindowsNames, NoneLeadsOutOfItsFolderOrMeansADevice) {
+TEST(WindowsNames, StayInTheirFolderAndNameNoDevice) {
   for (const char* name : {"../x", "..\\x", "c:x", "x:y", "", "..", "NUL", "nul.btd", "COM1.btd",
                            "lpt9 .btd", "CON.a.btd", "COM\u00B9.btd"})
     EXPECT_FALSE(IsFileName(name)) << name;

@@ -5,12 +5,12 @@
 namespace corvane {
 namespace {
 
-// By what X11 has noted of a window, read by another program.
-TEST(TaskBar, HasNoDialogsInIt) {
+// Another program reads the window's X11 properties.
+TEST(TaskBar, ShowsNoDialogs) {
   TestForm form;
   form.cmdOK.Click = [] { Tell("box"); };
   PlayWhole(form, [&] {
-    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "There is no X11 here.";
+    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "This is not X11.";
     WhenNext([] {
       QProcess reader;
       const QString id = QString::number(QApplication::activeModalWidget()->winId());

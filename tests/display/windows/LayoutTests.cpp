@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-// Sends the notice of a new resolution, with the place that the system suggests.
+// Announces a new resolution, with the place that the system suggests.
 void ChangeDpi(HWND window, int dpi) {
   RECT at = PlaceOf(window);
   at.right += 37;  // the frame does not grow as the system expects
@@ -38,7 +38,7 @@ TEST_F(Layout, GivesTheClientAreaItsExactSizeAtEveryResolution) {
   });
 }
 
-TEST_F(Layout, DrawsEverythingAnewAfterAChange) {
+TEST_F(Layout, RedrawsEverythingAfterAChange) {
   for (const int dpi : {96, 144, 120}) {
     PlayAt(dpi, [&](HWND window) {
       UpdateWindow(window);
@@ -64,7 +64,7 @@ TEST_F(Layout, RedrawsAFocusedListWhenItsRowsChange) {
   });
 }
 
-TEST_F(Layout, PutsEveryControlInItsPlace) {
+TEST_F(Layout, PutsEveryControlInPlace) {
   for (const int dpi : {96, 120, 192}) {
     PlayAt(dpi, [&](HWND window) {
       for (const Control* control : Shown.TabOrder()) {
@@ -82,7 +82,7 @@ TEST_F(Layout, PutsEveryControlInItsPlace) {
   }
 }
 
-// The columns behind the last letter in the field of a combo box.
+// The columns after the last letter in the field of a combo box.
 LONG ColumnsLeft(HWND combo, const Pixels& pixels) {
   COMBOBOXINFO parts{};
   parts.cbSize = sizeof parts;

@@ -31,7 +31,7 @@ inline SIZE ClientOf(HWND window) {
 
 using Pixels = std::vector<COLORREF>;
 
-/// The pixels of a window's client area as they stand on the screen.
+/// The pixels of a window's client area as shown on the screen.
 inline Pixels PixelsOf(HWND window) {
   const SIZE size = ClientOf(window);
   const HDC screen = GetDC(window), canvas = CreateCompatibleDC(screen);

@@ -20,7 +20,7 @@ const Gesture Gestures[] = {
     {"move the focus", [](TestForm& f) { EXPECT_FALSE(MoveFocus(f.txtName)); }},
     {"focus from elsewhere", [](TestForm& f) { FollowFocus(f.txtName); }},
     {"press at a control", [](TestForm& f) { EXPECT_FALSE(AllowPress(f, &f.txtName)); }},
-    {"press beside all", [](TestForm& f) { EXPECT_FALSE(AllowPress(f, nullptr)); }},
+    {"press an empty area", [](TestForm& f) { EXPECT_FALSE(AllowPress(f, nullptr)); }},
     {"turn the wheel", [](TestForm& f) { EXPECT_FALSE(AllowWheel(f, &f.lstRows)); }},
     {"pick in a list", [](TestForm& f) { PickRow(f.lstRows, 2); }},
     {"pick in a combo box", [](TestForm& f) { PickRow(f.cboRows, 2); }},
@@ -32,7 +32,7 @@ const Gesture Gestures[] = {
     {"open a menu", [](TestForm& f) { OpenMenu(f.mnuFile); }},
     {"choose an item", [](TestForm& f) { Choose(f.mnuSave); }},
     {"close", [](TestForm& f) { CloseWindow(f); }},
-    // The focused widget must not get the key, either.
+    // The focused widget must not get the key either.
     {"Tab", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Tab)); }},
     {"Enter", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Enter)); }},
     {"Esc", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Escape)); }},
@@ -120,8 +120,8 @@ TEST_F(Blocked, OnceItIsClosed) {
   EXPECT_EQ(f.lstRows.ListIndex(), -1);
 }
 
-// Whatever a blocked widget did by itself must be reverted on the screen.
-TEST_F(Blocked, ShowsItsControlsAsTheyAre) {
+// What a blocked widget did by itself must be reverted on the screen.
+TEST_F(Blocked, RestoresItsControls) {
   std::vector<const Control*> redrawn;
   TheDisplay.Redraw = [&](Control& control) { redrawn.push_back(&control); };
   TheDisplay.ShowMessage = [&](const std::string&, MessageButtons) {

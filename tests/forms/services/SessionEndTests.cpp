@@ -34,7 +34,7 @@ TEST_F(SessionEnd, AsksFromTheTopmostWindowDown) {
   EXPECT_EQ(Ends, 1);
 }
 
-TEST_F(SessionEnd, IsRefusedByOneWindowThatHasSomethingToLose) {
+TEST_F(SessionEnd, IsRefusedByAnyWindowWithUnsavedChanges) {
   for (bool* agrees : {&MainAgrees, &DialogAgrees}) {
     *agrees = false;
     EXPECT_FALSE(QueryEndSession());
@@ -46,7 +46,7 @@ TEST_F(SessionEnd, IsRefusedByOneWindowThatHasSomethingToLose) {
   }
 }
 
-TEST_F(SessionEnd, WaitsForABoxAndItsAnswerAndForAFileDialog) {
+TEST_F(SessionEnd, WaitsForOpenBoxesAndFileDialogs) {
   TheDisplay.ShowMessage = [this](const std::string&, MessageButtons) {
     EndSession();
     EXPECT_EQ(Main.TakeLog(), "");
@@ -62,7 +62,7 @@ TEST_F(SessionEnd, WaitsForABoxAndItsAnswerAndForAFileDialog) {
   EXPECT_EQ(Ends, 1);
 }
 
-TEST_F(SessionEnd, IsAskedForOnceWhileItsQuestionStands) {
+TEST_F(SessionEnd, AsksOnceWhileItsQuestionIsOpen) {
   TheDisplay.ShowMessage = [](const std::string&, MessageButtons) {
     EndSession();
     return MessageAnswer::No;
@@ -75,7 +75,7 @@ TEST_F(SessionEnd, IsAskedForOnceWhileItsQuestionStands) {
   EXPECT_EQ(Ends, 0);
 }
 
-TEST_F(SessionEnd, LeavesRunningHandlersNothingToShow) {
+TEST_F(SessionEnd, LetsRunningHandlersShowNothing) {
   TheDisplay.ShowMessage = [](const std::string& text, MessageButtons) {
     ADD_FAILURE() << text;
     return MessageAnswer::Yes;

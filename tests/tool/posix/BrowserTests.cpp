@@ -34,7 +34,7 @@ TEST_F(Browser, GetsThePageAsItsOnlyArgument) {
   EXPECT_TRUE(FileBytes(Page).starts_with("<!DOCTYPE html>"));
 }
 
-TEST_F(Browser, IsMissedWithTheNameOfThePage) {
+TEST_F(Browser, FailsWithTheNameOfThePage) {
   EXPECT_EQ(Show(), StatusFailed);
   ASSERT_NE(Page, "");
   EXPECT_NE(Errors.find(Page), Errors.npos) << Errors;
