@@ -163,6 +163,29 @@ TEST(Look, DrawsEachPartInItsPlace) {
   });
 }
 
+TEST(Fonts, NarrowUntilATextFitsItsControl) {
+  TestForm form;
+  Button button(form, {"button", "A caption for two", {4500, 4320, 1215, 375}, 30});
+  Label label(form, {"label", "A label for two", {4200, 2600, 900, 200}, 31}, Alignment::Left);
+  form.cboRows.AddItem("a row too wide");
+  form.cboRows.SetListIndex(8);
+  PlayWhole(form, [&] {
+    const struct {
+      const Control& In;
+      const char* Text;
+      int Room;
+    } rows[] = {{button, button.Caption, 75},
+                {label, label.Caption, 60},
+                {form.cboRows, "a row too wide", 45}};
+    for (const auto& [control, text, room] : rows) {
+      const QFont font = WidgetOf(control)->font();
+      EXPECT_LE(QFontMetrics(font).horizontalAdvance(text), room) << control.Name;
+      EXPECT_GT(QFontMetrics(PlainFont()).horizontalAdvance(text), room) << control.Name;
+    }
+    EXPECT_EQ(WidgetOf(form.cmdOK)->font(), PlainFont());
+  });
+}
+
 // Whatever fonts a theme sets, for all widgets or for a class of them, the picture stays.
 TEST(Fonts, AreThoseOfTheProgramWhateverAThemeSets) {
   TestForm form;
