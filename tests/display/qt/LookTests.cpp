@@ -132,21 +132,21 @@ TEST(Look, DrawsEachPartInItsPlace) {
   TestForm form;
   PlayWhole(form, [&] {
     const QPalette colours = ReadablePalette(QApplication::palette());
-    PressRow(form.lstRows, 0);
+    PressAt(form.txtNumber);
     const QImage picture = Picture();
     const struct {
       const Control& At;
       QPoint From;  // the left upper corner, or if negative the right lower one
       QPalette::ColorRole Colour;
     } spots[] = {
-        {form.Holder, {0, 100}, QPalette::Mid},       {form.Holder, {8, 6}, QPalette::Window},
-        {form.Holder, {100, 6}, QPalette::Mid},       {form.Holder, {5, 6}, QPalette::Mid},
-        {form.Holder, {1, 100}, QPalette::Window},    {form.Holder, {-50, -1}, QPalette::Mid},
-        {form.lstRows, {0, 30}, QPalette::Highlight}, {form.lstRows, {1, 30}, QPalette::Highlight},
-        {form.lstRows, {3, 2}, QPalette::Base},       {form.lstFew, {0, 30}, QPalette::Mid},
-        {form.lstFew, {1, 30}, QPalette::Base},       {form.txtNumber, {-1, -9}, QPalette::Mid},
-        {form.cmdOK, {0, 12}, QPalette::Highlight},   {form.cmdOK, {3, 12}, QPalette::Button},
-        {form.cmdCancel, {0, 12}, QPalette::Mid},     {form.cboRows, {1, 10}, QPalette::Button},
+        {form.Holder, {0, 100}, QPalette::Mid},        {form.Holder, {8, 6}, QPalette::Window},
+        {form.Holder, {100, 6}, QPalette::Mid},        {form.Holder, {5, 6}, QPalette::Mid},
+        {form.Holder, {1, 100}, QPalette::Window},     {form.Holder, {-50, -1}, QPalette::Mid},
+        {form.txtNumber, {1, 9}, QPalette::Highlight}, {form.txtNumber, {2, 9}, QPalette::Base},
+        {form.lstRows, {3, 2}, QPalette::Base},        {form.lstFew, {0, 30}, QPalette::Mid},
+        {form.lstFew, {1, 30}, QPalette::Base},        {form.txtName, {-1, -9}, QPalette::Mid},
+        {form.cmdOK, {0, 12}, QPalette::Highlight},    {form.cmdOK, {3, 12}, QPalette::Button},
+        {form.cmdCancel, {0, 12}, QPalette::Mid},      {form.cboRows, {1, 10}, QPalette::Button},
         {form.cboRows, {-20, -3}, QPalette::Button}};
     for (const auto& [control, from, colour] : spots) {
       const QRect place = PlaceIn(*WidgetOf(control));
