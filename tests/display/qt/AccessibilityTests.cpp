@@ -72,6 +72,7 @@ TEST(ScreenReader, PicksARowOfAListAndDeselectsNone) {
   PlayWhole(form, [&] {
     QAccessibleTableInterface* rows =
         QAccessible::queryAccessibleInterface(WidgetOf(form.lstRows))->tableInterface();
+    ASSERT_NE(rows, nullptr);
     rows->selectRow(3);
     EXPECT_EQ(form.TakeLog(), "rowdog ");
     EXPECT_EQ(ScreenDifferences(form), "");
