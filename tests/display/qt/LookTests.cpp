@@ -157,6 +157,12 @@ TEST(Look, DrawsEachPartInItsPlace) {
     }
     const QPoint arrow = PlaceIn(*WidgetOf(form.cboRows)).bottomRight() - QPoint(8, 9);
     EXPECT_GE(Contrast(picture.pixelColor(arrow), colours.color(QPalette::Button)), EdgeContrast);
+    const QRect button = PlaceIn(*WidgetOf(form.cmdHelp));
+    const auto inButton = [&] { return Picture().pixelColor(button.topLeft() + QPoint(4, 12)); };
+    EXPECT_TRUE(inButton() == colours.color(QPalette::Button));
+    QTest::mousePress(MainWindow()->windowHandle(), Qt::LeftButton, {}, button.center());
+    EXPECT_TRUE(inButton() == colours.color(QPalette::Midlight));
+    QTest::mouseRelease(MainWindow()->windowHandle(), Qt::LeftButton, {}, button.center());
     const int menu = MainWindow()->findChild<QMenuBar*>()->height();
     EXPECT_EQ(MainWindow()->geometry(), QRect(40, 40, 440, 360 + menu));
     EXPECT_EQ(MainWindow()->maximumSize(), MainWindow()->minimumSize());
