@@ -1,7 +1,8 @@
 // The input is a patch file followed by a BTD file, and also the source of names. For any input the
 // page, with a picture compared with the sample's tables, is well-formed.
+#include <expat.h>
+
 #include "../tests/tool/SampleLayer.h"
-#include "../tests/tool/Xml.h"
 #include "Fuzz.h"
 #include "tool/Picture.h"
 #include "tool/Warnings.h"
@@ -33,6 +34,15 @@ Layer LayerFrom(const TestFolder& folder, const std::string& input) {
   return layer;
 }
 
+bool IsWellFormed(std::string page) {
+  const std::size_t script = page.find("<script");  // its text is no markup
+  page.erase(script, page.find("</script>") + 9 - script);
+  const XML_Parser parser = XML_ParserCreate("UTF-8");
+  const XML_Status status = XML_Parse(parser, page.data(), static_cast<int>(page.size()), 1);
+  XML_ParserFree(parser);
+  return status == XML_STATUS_OK;
+}
+
 }  // namespace
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
@@ -43,5 +53,5 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   Picture picture{input.substr(0, 30), &layer, &SampleOnce(), input.substr(0, 9), FindingMarks()};
   for (const Mark& mark : WarningsOf(layer)) picture.Found.push_back(mark);
   if (picture.Found.size() > 200) picture.Found.resize(200);  // more repeat the same kinds
-  Require(Xml(DrawPage(picture, Reload::Never)).Fault.empty(), "a page is well-formed");
+  Require(IsWellFormed(DrawPage(picture, Reload::Never)), "a page is well-formed");
 }

@@ -1,14 +1,17 @@
 """page_tests.py CORVANE_SAMPLE CORVANE_TOOL FOLDER: tries the page in a real browser. Pictures stay
 in FOLDER, which must be new."""
 
+import itertools
 import os
 import subprocess
 import sys
 import time
 import traceback
 
-from games import draw_pages
 from webdriver import Browser
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tool"))
+from games import draw_pages  # noqa: E402
 
 ENTER, ESCAPE, TAB = "\ue007", "\ue00c", "\ue004"
 
@@ -93,6 +96,21 @@ def the_filter_leaves_what_fits(browser):
     browser.wait(left + " === '3 Havrune'")
     equal(browser.run("return document.querySelectorAll('.tile.filtered-out').length"), 42)
     equal(browser.run("return document.querySelector('#map-3').matches('.filtered-out')"), False)
+
+
+def labels_make_way_for_each_other(browser):
+    browser.open("crowded.html")
+    boxes = browser.run("""return [...document.querySelectorAll('text.name')].map((label) => {
+        const box = label.getBoundingClientRect();
+        return [box.left + 1, box.top + 1, box.right - 1, box.bottom - 1]; })""")
+    assert 6 <= len(boxes) < 43, len(boxes)
+    for one, other in itertools.combinations(boxes, 2):
+        assert (one[0] >= other[2] or other[0] >= one[2] or one[1] >= other[3]
+                or other[1] >= one[3]), (one, other)
+    for number in range(43):
+        title = browser.run("return document.querySelector('#map-' + arguments[0] + ' > title')"
+                            ".textContent", number)
+        assert title.startswith("%03d " % number), title
 
 
 def findings_jump_to_their_place(browser):
@@ -206,7 +224,7 @@ def nothing_runs_that_is_not_the_page_itself(browser):
 TESTS = [
     pointing_at_a_map_lights_up_its_roads_and_lists_its_data,
     the_keyboard_does_what_the_mouse_does, a_click_pins_a_map, the_filter_leaves_what_fits,
-    findings_jump_to_their_place, a_badge_leads_to_its_line, the_wheel_zooms_where_it_points,
+    labels_make_way_for_each_other, findings_jump_to_their_place, a_badge_leads_to_its_line, the_wheel_zooms_where_it_points,
     dragging_pans_and_pins_nothing, a_reload_keeps_zoom_pin_and_filter,
     a_watched_page_shows_what_was_redrawn, hostile_names_do_nothing,
     nothing_runs_that_is_not_the_page_itself,

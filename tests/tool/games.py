@@ -1,4 +1,4 @@
-"""Makes the games whose layers the browser shows, by the programs' own commands."""
+"""Makes games for the tests of what corvane-tool draws, by the programs' own commands."""
 
 import json
 import os
@@ -26,16 +26,18 @@ class Game:
     def map(self, name):
         return os.path.join(self.folder, "Maps", name)
 
-    def run(self, *arguments):
-        return subprocess.run([self.tool, *arguments], check=True, stdout=subprocess.PIPE).stdout
+    def run(self, *arguments, status=0):
+        done = subprocess.run([self.tool, *arguments], stdout=subprocess.PIPE)
+        assert done.returncode == status, (arguments, done.returncode)
+        return done.stdout
 
     def read(self, file):
         return json.loads(self.run("show", "--json", file))
 
-    def write(self, record, file):
+    def write(self, record, file, *options):
         with open("record.json", "w", encoding="utf-8") as text:
             json.dump(record, text)
-        self.run("copy", "--unchecked", "record.json", file)
+        self.run("copy", "--unchecked", *options, "record.json", file)
 
     def change_map(self, number, change):
         file = self.map(self.maps[number])
@@ -103,12 +105,24 @@ def move(game):
     game.write(tables, game.exe)
 
 
+def crowd(game):
+    """Puts all tiles nearly in one place."""
+    tables = game.read(game.exe)
+    for number, record in enumerate(tables["StrMap"]):
+        record.update(Left=300 + number, Top=300, Width=60, Height=50)
+    game.write(tables, game.exe)
+
+
 def draw_pages(sample, tool):
-    """Draws sample, faulty and moved, each as .svg and .html; returns a game to change."""
-    games = [Game(sample, tool, folder) for folder in ("sample", "faulty", "moved", "watched")]
-    plain, faulty, moved, watched = games
+    """Draws sample, faulty and moved, each as .svg and .html, and crowded; returns a game to
+    change."""
+    folders = ("sample", "faulty", "moved", "crowded", "watched")
+    games = [Game(sample, tool, folder) for folder in folders]
+    plain, faulty, moved, crowded, watched = games
     spoil(faulty)
     move(moved)
+    crowd(crowded)
+    crowded.run("draw", crowded.exe, "crowded.html")
     faulty.run("copy", "--unchecked", faulty.exe, "<i>harm.crv")
     for end in (".svg", ".html"):
         plain.run("draw", plain.exe, "sample" + end)
