@@ -23,21 +23,13 @@ std::error_code Ask(FileStep step, Moment moment, std::size_t& bytes) {
   return InjectedFault ? InjectedFault(step, moment, bytes) : std::error_code();
 }
 
+// Runs the real step, with at most `bytes` bytes if it is a transfer.
 template <class Real>
-std::error_code Around(FileStep step, const Real& real) {
-  std::size_t none = 0;
-  if (const auto error = Ask(step, Moment::Before, none)) return error;
-  const std::error_code error = real();
-  const auto fault = Ask(step, Moment::After, none);
-  return fault ? fault : error;
-}
-
-template <class Bytes, class Real>
-std::error_code AroundTransfer(FileStep step, Bytes bytes, std::size_t& moved, const Real& real) {
-  std::size_t size = bytes.size();
-  if (const auto error = Ask(step, Moment::Before, size)) return error;
-  const std::error_code error = real(bytes.first(std::min(size, bytes.size())), moved);
-  const auto fault = Ask(step, Moment::After, size);
+std::error_code Around(FileStep step, const Real& real, std::size_t bytes = 0) {
+  const std::size_t all = bytes;
+  if (const auto error = Ask(step, Moment::Before, bytes)) return error;
+  const std::error_code error = real(std::min(bytes, all));
+  const auto fault = Ask(step, Moment::After, bytes);
   return fault ? fault : error;
 }
 
@@ -45,40 +37,38 @@ std::error_code AroundTransfer(FileStep step, Bytes bytes, std::size_t& moved, c
 
 std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& handle) {
   SystemHandle opened = -1;
-  const auto error = Around(FileStep::Open, [&] { return RealOpen(path, mode, opened); });
+  const auto error = Around(FileStep::Open, [&](auto) { return RealOpen(path, mode, opened); });
   if (!error) handle = opened;
   if (error && opened != -1) static_cast<void>(RealClose(opened));
   return error;
 }
 
 std::error_code SystemStatus(SystemHandle handle, FileStatus& status) {
-  return Around(FileStep::Status, [&] { return RealStatus(handle, status); });
+  return Around(FileStep::Status, [&](auto) { return RealStatus(handle, status); });
 }
 
 std::error_code SystemPathStatus(const NativePath& path, FileStatus& status) {
-  return Around(FileStep::PathStatus, [&] { return RealPathStatus(path, status); });
+  return Around(FileStep::PathStatus, [&](auto) { return RealPathStatus(path, status); });
 }
 
 std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<std::byte> buffer,
                            std::size_t& moved) {
-  return AroundTransfer(FileStep::Read, buffer, moved, [&](auto part, std::size_t& count) {
-    return RealRead(handle, offset, part, count);
-  });
+  const auto read = [&](auto size) { return RealRead(handle, offset, buffer.first(size), moved); };
+  return Around(FileStep::Read, read, buffer.size());
 }
 
 std::error_code SystemWrite(SystemHandle handle, std::uint64_t offset,
                             std::span<const std::byte> bytes, std::size_t& moved) {
-  return AroundTransfer(FileStep::Write, bytes, moved, [&](auto part, std::size_t& count) {
-    return RealWrite(handle, offset, part, count);
-  });
+  const auto write = [&](auto size) { return RealWrite(handle, offset, bytes.first(size), moved); };
+  return Around(FileStep::Write, write, bytes.size());
 }
 
 std::error_code SystemSetLength(SystemHandle handle, std::uint64_t length) {
-  return Around(FileStep::SetLength, [&] { return RealSetLength(handle, length); });
+  return Around(FileStep::SetLength, [&](auto) { return RealSetLength(handle, length); });
 }
 
 std::error_code SystemFlush(SystemHandle handle) {
-  return Around(FileStep::Flush, [&] { return RealFlush(handle); });
+  return Around(FileStep::Flush, [&](auto) { return RealFlush(handle); });
 }
 
 std::error_code SystemClose(SystemHandle handle) {
@@ -90,7 +80,7 @@ std::error_code SystemClose(SystemHandle handle) {
 }
 
 std::error_code SystemRemove(const NativePath& path) {
-  return Around(FileStep::Remove, [&] { return RealRemove(path); });
+  return Around(FileStep::Remove, [&](auto) { return RealRemove(path); });
 }
 
 }  // namespace corvane

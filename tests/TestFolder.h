@@ -8,13 +8,28 @@
 
 #include "Faults.h"
 #include "FileBytes.h"
-#include "ResetTables.h"
 #include "base/FileRanges.h"
+#include "data/GameFolder.h"
+#include "data/MapCatalogue.h"
+#include "data/StrategicTables.h"
 #include "samples/SampleGame.h"
+
+/// Puts the tables and the related state back to their values at program start.
+inline void ResetTables() {
+  using namespace corvane;
+  Tables = {};
+  ForgetFiles();
+  VLDest = {};
+  GamePath.clear();
+  OpenedFile.clear();
+  TablesDirty = false;
+  MapRows.clear();
+  ArrowRows.clear();
+}
 
 struct TestFolder {
   TestFolder() {
-    corvane::ResetTables();
+    ResetTables();
     std::filesystem::create_directories(Path);
   }
   ~TestFolder() {
@@ -45,11 +60,13 @@ inline corvane::Result<> SaveBytes(const std::string& path, std::string_view byt
   return corvane::SaveInPlace(path, {&range, 1}, missing);
 }
 
-/// Every file step from this index on, counted from 0, fails.
-inline void FailFrom(int first) {
+/// Every file step from this index on, counted from 0, fails; those of one kind only, if it is
+/// given.
+inline void FailFrom(int first, std::optional<corvane::FileStep> kind = {}) {
   using namespace corvane;
-  InjectedFault = [step = 0, first](FileStep, Moment moment, std::size_t&) mutable {
-    if (moment == Moment::After || step++ < first) return std::error_code();
+  InjectedFault = [step = 0, first, kind](FileStep now, Moment moment, std::size_t&) mutable {
+    if (moment == Moment::After || (kind && now != *kind) || step++ < first)
+      return std::error_code();
     return std::make_error_code(std::errc::io_error);
   };
 }

@@ -207,14 +207,13 @@ TEST_F(EditMapBTD, RecordsOutliveTheWindow) {
 }
 
 // Prevents overwriting the file with another map's records.
-TEST_F(EditMapBTD, AFileThatCannotBeReadIsToldAndNotEdited) {
+TEST_F(EditMapBTD, AFileThatCannotBeReadIsReportedAndNotEdited) {
   PickRow(session.Main.lstMaps, 4);
   FailFrom(1);
   session.InDialog = [](Form&) { ADD_FAILURE(); };
   Press(session.Main.cmdEditBTD);
-  const Texts told = session.TakeMessages();  // for this file, then for all
-  ASSERT_EQ(told.size(), 2U);
-  EXPECT_NE(told[0].find("could not be read"), std::string::npos);
+  ASSERT_EQ(session.Messages.size(), 2U);  // for this file, then for all
+  EXPECT_NE(session.Messages[0].find("could not be read"), std::string::npos);
 }
 
 TEST_F(EditMapBTD, TheEndOfTheSessionAsksAboutEdits) {

@@ -181,15 +181,14 @@ TEST_F(Fields, CannotBeLeftWithANegativeNumber) {
 }
 
 TEST_F(Fields, RefuseSeveralLines) {
-  const std::int32_t before = StrMap[6].Left;
-  Session::Type(main.txtMapLeft, "1\n2");
-  PressKey(main, Key::Tab);
+  const std::pair<const char*, std::int32_t> rows[] = {
+      {"1\n2", StrMap[6].Left}, {"12\r\n", 12}};  // one line, copied entirely
+  for (const auto& [typed, stored] : rows) {
+    Session::Type(main.txtMapLeft, typed);
+    PressKey(main, Key::Tab);
+    EXPECT_EQ(StrMap[6].Left, stored) << typed;
+  }
   EXPECT_EQ(session.Beeps, 1);
-  EXPECT_EQ(main.Focused, &main.txtMapLeft);
-  EXPECT_EQ(StrMap[6].Left, before);
-  Session::Type(main.txtMapLeft, "12\r\n");  // one line, copied entirely
-  PressKey(main, Key::Tab);
-  EXPECT_EQ(StrMap[6].Left, 12);
 }
 
 TEST(MainWindow, StartsEmptyWithHelpAlone) {
@@ -240,15 +239,12 @@ TEST(NoMaps, AreReportedOnceAndShowNothing) {
 TEST(MainWindow, NamesEachMapFileThatItCannotRead) {
   Session session;
   const std::string path = GamePath + Separator + "Maps" + Separator + "Merlaut.btd";
-  InjectedFault = [](FileStep step, Moment moment, std::size_t&) {
-    if (step != FileStep::Read || moment == Moment::After) return std::error_code();
-    return std::make_error_code(std::errc::io_error);
-  };
+  FailFrom(0, FileStep::Read);
   session.Main.ShowCatalogue();
-  const Texts told = session.TakeMessages();
-  ASSERT_EQ(told.size(), 1U);
-  EXPECT_TRUE(told[0].starts_with("Error: Not all map files could be read.")) << told[0];
-  EXPECT_NE(told[0].find("\r\n" + path + " could not be read: "), std::string::npos) << told[0];
+  ASSERT_EQ(session.Messages.size(), 1U);
+  const std::string& message = session.Messages[0];
+  EXPECT_TRUE(message.starts_with("Error: Not all map files could be read.")) << message;
+  EXPECT_NE(message.find("\r\n" + path + " could not be read: "), message.npos) << message;
   EXPECT_EQ(session.Main.lstMaps.ListCount(), 0);
 }
 
@@ -261,8 +257,7 @@ struct MapSlots : testing::Test {
   const SampleGame Game = OneMap();
   Session session{Game};
   Form1& main = session.Main;
-  const std::string Row = "000 " + Game.Maps[0].FileName;
-  const std::string Path = "Maps/" + Game.Maps[0].FileName;
+  const std::string File = "Maps/" + Game.Maps[0].FileName;
 };
 
 TEST_F(MapSlots, AreAddedAndEditedAndLastOnlyWithAFile) {
@@ -273,17 +268,8 @@ TEST_F(MapSlots, AreAddedAndEditedAndLastOnlyWithAFile) {
   EXPECT_EQ(main.lstMaps.ListCount(), 1);
 }
 
-TEST_F(MapSlots, AreClearedOnYes) {
-  main.cmdDelete.Click();
-  EXPECT_EQ(Texts{session.TakeMessages().at(1)}, NoConnectionLeft);
-  EXPECT_EQ(main.lstMaps.Text(), "000 UNUSED");
-  EXPECT_EQ(main.txtMapWidth.Text(), "0");
-  EXPECT_EQ(session.Folder.Get(Path), BtdBytes({"", {BtdMagic, 0}, {}, {}, Game.Maps[0].Rest}));
-  EXPECT_FALSE(TablesDirty);
-}
-
-TEST_F(MapSlots, AreKeptOnNoAndWhenTheFileCannotBeCleared) {
-  const std::string before = session.Folder.Get(Path);
+TEST_F(MapSlots, AreClearedOnYesUnlessTheFileCannotBeCleared) {
+  const std::string row = main.lstMaps.Text(), before = session.Folder.Get(File);
   session.Answer = MessageAnswer::No;
   main.cmdDelete.Click();
   EXPECT_EQ(session.TakeMessages().size(), 1U);
@@ -292,6 +278,12 @@ TEST_F(MapSlots, AreKeptOnNoAndWhenTheFileCannotBeCleared) {
   main.cmdDelete.Click();
   InjectedFault = nullptr;
   EXPECT_NE(session.TakeMessages().at(1).find("could not be saved"), std::string::npos);
-  EXPECT_EQ(main.lstMaps.Text(), Row);
-  EXPECT_EQ(session.Folder.Get(Path), before);
+  EXPECT_EQ(main.lstMaps.Text(), row);
+  EXPECT_EQ(session.Folder.Get(File), before);
+  main.cmdDelete.Click();
+  EXPECT_EQ(Texts{session.TakeMessages().at(1)}, NoConnectionLeft);
+  EXPECT_EQ(main.lstMaps.Text(), "000 UNUSED");
+  EXPECT_EQ(main.txtMapWidth.Text(), "0");
+  EXPECT_EQ(session.Folder.Get(File), BtdBytes({"", {BtdMagic, 0}, {}, {}, Game.Maps[0].Rest}));
+  EXPECT_FALSE(TablesDirty);
 }

@@ -7,7 +7,7 @@
 #include <memory>
 #include <set>
 
-#include "ResetTables.h"
+#include "TestFolder.h"
 #include "base/LetterCase.h"
 #include "forms/Form1.h"
 #include "forms/dlgAddConnection.h"
@@ -116,19 +116,25 @@ TEST_P(Window, NamesABoxWithTheWordOfItsOnlyLabel) {
   }
 }
 
-TEST_P(Window, GivesAMnemonicToOneButtonOnly) {
+TEST_P(Window, GivesEachMnemonicOnce) {
+  std::vector<std::string> captions;
+  for (const AnyControl& any : Shown->Controls) captions.emplace_back(Any(any).Caption);
+  for (const MenuEntry* entry : Shown->Menus) captions.emplace_back(entry->Caption);
   std::set<char> letters;
-  for (const AnyControl& any : Shown->Controls) {
-    const std::string caption = Any(any).Caption;
+  for (const std::string& caption : captions) {
     const std::size_t mark = caption.find('&');
     if (mark == caption.npos) continue;
     EXPECT_TRUE(letters.insert(caption[mark + 1]).second) << caption;
-  }
-  for (const MenuEntry* entry : Shown->Menus) {
-    const std::string caption = entry->Caption;
-    EXPECT_TRUE(letters.insert(caption[caption.find('&') + 1]).second) << caption;
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Tables, Window,
                          testing::Values("Form1", "dlgEditBTD", "dlgAddConnection"));
+
+TEST(Labels, NameTheListBelowOrTheFieldBesideThemOrNothing) {
+  const Form1 main;
+  EXPECT_EQ(FieldOf(main.Label10), &main.lstMaps);
+  EXPECT_EQ(FieldBeside(main.Label10), nullptr);
+  EXPECT_EQ(FieldOf(main.Label5), &main.txtArrowLeft);
+  EXPECT_EQ(FieldOf(dlgAddConnection(0).Label2), nullptr) << "a note";
+}

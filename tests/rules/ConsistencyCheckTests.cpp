@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ResetTables.h"
+#include "TestFolder.h"
 
 using namespace corvane;
 

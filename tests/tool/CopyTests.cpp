@@ -39,24 +39,20 @@ TEST_F(CopyCommand, PreservesBtdFilesThroughJson) {
   EXPECT_TRUE(Folder.Get("short.btd") == image);
 }
 
-TEST_F(CopyCommand, PrintsWhatChanges) {
+TEST_F(CopyCommand, PrintsWhatChangesAndWritesNothingOnADryRun) {
   PutChangedPatch(300);
-  const std::string left = std::to_string(Game.Tables.Tiles[3].Left);
-  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0) << Errors;
-  EXPECT_EQ(Out, "map 003: Left " + left + " -> 300\n");
-  EXPECT_EQ(Run({"copy", "/p.crv", "/CC4.EXE"}), 0);
-  EXPECT_EQ(Plain(Out), "/CC4.EXE: no change\n");
-  EXPECT_EQ(Run({"copy", "/CC4.EXE", "/new.crv"}), 0);
-  EXPECT_EQ(Plain(Out), "/new.crv: new file\n");
-}
-
-TEST_F(CopyCommand, WritesNothingOnADryRun) {
-  PutChangedPatch(300);
-  EXPECT_EQ(Run({"copy", "--dry-run", "/p.crv", "/CC4.EXE"}), 0) << Errors;
-  EXPECT_TRUE(Out.ends_with(" -> 300\n")) << Out;
-  EXPECT_TRUE(Folder.Get("CC4.EXE") == Exe);
-  EXPECT_EQ(Run({"copy", "--dry-run", "/CC4.EXE", "/new.json"}), 0);
-  EXPECT_FALSE(std::filesystem::exists(Folder / "new.json"));
+  const std::string change =
+      "map 003: Left " + std::to_string(Game.Tables.Tiles[3].Left) + " -> 300\n";
+  const std::tuple<bool, const char*, const char*, std::string> rows[] = {
+      {true, "/p.crv", "/CC4.EXE", change},
+      {false, "/p.crv", "/CC4.EXE", change},
+      {false, "/p.crv", "/CC4.EXE", "/CC4.EXE: no change\n"},
+      {true, "/CC4.EXE", "/new.json", "/new.json: new file\n"},
+      {true, "/CC4.EXE", "/new.json", "/new.json: new file\n"}};
+  for (const auto& [dry, from, to, printed] : rows) {
+    EXPECT_EQ(Run({"copy", dry ? "--dry-run" : "--force", from, to}), 0) << Errors;
+    EXPECT_EQ(Plain(Out), printed);
+  }
 }
 
 TEST_F(CopyCommand, RefusesTablesThatDoNotPassTheCheck) {

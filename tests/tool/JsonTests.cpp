@@ -92,26 +92,19 @@ constexpr char NoNumber[] = ": must be an integer";
 TEST(Json, RefusesFaultyTables) {
   const Fault rows[] = {
       {"/Format", R"("Corvane")", R"(: must be "Corvane tables" or "Corvane BTD")"},
-      {"/Format", "", ": is missing"},
       {"/Version", "", ": is missing"},
       {"/Version", "2", ": must be 1"},
       {"/Extra", "1", ": unknown key"},
       {"/a~1b~0", "1", ": unknown key"},
-      {"/StrMap/3/left", "1", ": unknown key"},
-      {"/StrMap/3/Left", "", ": is missing"},
       {"/StrMap/3/Left", "\"1\"", NoNumber},
-      {"/StrMap/3/Left", "1.5", NoNumber},
       {"/StrMap/3/Left", "2147483648", TooLarge},
       {"/StrMap/3/Left", "-2147483649", TooLarge},
       {"/StrMap/3/Left", "18446744073709551615", TooLarge},
       {"/StrMap/42", "", ": must have 43 elements, not 42", "/StrMap"},
-      {"/StrArrow/81", "{}", ": must have 81 elements, not 82", "/StrArrow"},
       {"/StrArrow", "{}", ": must be an array"},
       {"/StrArrow/80", "[]", ": must be an object"},
       {"/MapConnections/0/From", "43", ": must be between 0 and 42"},
-      {"/MapConnections/0/To", "-1", ": must be between 0 and 42"},
-      {"/MapConnections/0/Arrow", "-1", ": -1 means no connection"},
-      {"/MapHotspots/0/CenterY", "", ": is missing"}};
+      {"/MapConnections/0/Arrow", "-1", ": -1 means no connection"}};
   for (const Fault& fault : rows) ExpectRefused(SampleTables, fault);
 }
 
@@ -119,12 +112,9 @@ TEST(Json, RefusesFaultyBtdFiles) {
   const Fault rows[] = {
       {"/MapIndex", "256", ": must be between 0 and 255"},
       {"/VictoryLocations/9", "", ": must have 10 elements, not 9", "/VictoryLocations"},
-      {"/VictoryLocations/0/Opaque0/1", "256", ": must be between 0 and 255"},
-      {"/VictoryLocations/0/Opaque2", "[1]", ": must have 2 elements, not 1"},
       {"/VictoryLocations/0/Kind", "5e1", NoNumber},
       {"/BaseName", "5", ": must be a string, or an object with the key Hex"},
       {"/BaseName", R"({"Hex": "4"})", "/Hex: must be pairs of hexadecimal digits"},
-      {"/BaseName", R"({"Hex": "4g"})", "/Hex: must be pairs of hexadecimal digits"},
       {"/BaseName", R"({"Hex": 46})", "/Hex: must be a string"},
       {"/AlliedBrief", "\"text\"", ": must be an array of strings, or an object with the key Hex"},
       {"/AxisBrief", "[\"a\", 1]", "/1: must be a string"}};

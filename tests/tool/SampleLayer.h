@@ -14,6 +14,16 @@ inline void PutTables(Layer& layer, const GameTables& tables) {
   layer.Hotspots = tables.Hotspots;
 }
 
+/// No connection, and no exit.
+inline Layer EmptyLayer() {
+  Layer layer;
+  for (int map = 0; map < MapSlotCount; ++map) {
+    for (int to = 0; to < MapSlotCount; ++to) layer.Connections(map, to) = NoConnection;
+    for (int vl = 0; vl < VLSlotCount; ++vl) layer.Destinations(map, vl) = NotAnExit;
+  }
+  return layer;
+}
+
 /// The maps stand at the slots that their headers name, one each.
 inline Layer LayerOf(const SampleGame& game) {
   Layer layer;

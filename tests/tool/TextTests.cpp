@@ -12,9 +12,8 @@ using namespace corvane;
 static MapFile SampleFile() { return LayerOf(MakeSampleGame()).Files[4]; }
 
 TEST(Listing, PrintsOneFactPerLineForAMap) {
-  Layer layer;
+  Layer layer = EmptyLayer();
   layer.Rows = {"000 A.btd", "001 B.btd"};
-  for (int to = 0; to < MapSlotCount; ++to) layer.Connections(1, to) = NoConnection;
   layer.Tiles[1] = {7, -8, 9, 117, 21, 70, 51};
   layer.Hotspots[1] = {150, 40};
   layer.Connections(1, 0) = 5;

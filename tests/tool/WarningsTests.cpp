@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "ResetTables.h"
-#include "data/MapCatalogue.h"
+#include "SampleLayer.h"
+#include "TestFolder.h"
 
 using namespace corvane;
 
@@ -14,11 +14,7 @@ using namespace corvane;
 struct Warnings : testing::Test {
   Warnings() {
     ResetTables();
-    for (int map = 0; map < MapSlotCount; ++map) {
-      for (int to = 0; to < MapSlotCount; ++to) Of.Connections(map, to) = NoConnection;
-      for (int vl = 0; vl < VLSlotCount; ++vl) Of.Destinations(map, vl) = NotAnExit;
-      Of.Tiles[map] = {.Width = 1, .Height = 1};
-    }
+    for (int map = 0; map < MapSlotCount; ++map) Of.Tiles[map] = {.Width = 1, .Height = 1};
     for (int arrow = 0; arrow < ArrowSlotCount; ++arrow)
       Of.Arrows[arrow] = {.Left = 5 * arrow, .Top = 300, .Width = 5, .Height = 5};
     for (int map = 0; map < 3; ++map) AddMap(map, "ABC"[map]);
@@ -51,7 +47,7 @@ struct Warnings : testing::Test {
     return lines;
   }
 
-  Layer Of;
+  Layer Of = EmptyLayer();
   std::vector<std::string> Ignored;
 };
 

@@ -30,6 +30,9 @@ void PressMenu(const MenuEntry& entry);
 void PressItem(const MenuItem& item);  // its menu must be open
 void PressCloseBox();
 
+/// Saves a picture of the topmost window as a PNG file; returns false on failure.
+[[nodiscard]] bool SavePicture(const std::string& file);
+
 // What another program, e.g. a screen reader, an automation tool or a task manager, does to a
 // window, blocked or not.
 void CloseFromOutside(const Form& form);

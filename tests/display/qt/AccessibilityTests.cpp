@@ -5,8 +5,7 @@
 #include "Screen.h"
 #include "services/Program.h"
 
-namespace corvane {
-namespace {
+using namespace corvane;
 
 TEST(ScreenReader, HearsTheLabelOfAField) {
   TestForm form;
@@ -113,6 +112,3 @@ TEST(Refusal, ShowsWhereThereIsNoBell) {
         QTest::qWaitFor([&] { return Picture().pixelColor(ground) == before.pixelColor(ground); }));
   });
 }
-
-}  // namespace
-}  // namespace corvane

@@ -13,9 +13,8 @@ class FileDialogs : public testing::Test {
  protected:
   FileDialogs() {
     qputenv("HOME", Home.path().toUtf8());
-    for (const char* folder : {".games", ".wine/dosdevices", ".wine/drive_c/Game/Maps"}) {
+    for (const char* folder : {".games", ".wine/dosdevices", ".wine/drive_c/Game/Maps"})
       EXPECT_TRUE(QDir(Home.path()).mkpath(folder));
-    }
     EXPECT_TRUE(QFile::link("../drive_c", Home.filePath(".wine/dosdevices/c:")));
     EXPECT_TRUE(QFile::link("/nowhere", Home.filePath(".wine/dosdevices/d:")));
     for (const char* name : {"cc4.exe", "other.exe", "a.crv", "B.CRV", "c.crv.txt"}) {

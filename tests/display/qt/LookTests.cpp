@@ -40,12 +40,12 @@ INSTANTIATE_TEST_SUITE_P(, Colours, testing::ValuesIn(Desktops));
 
 TEST_P(Colours, HaveTextsThatCanBeRead) {
   const QPalette colours = ReadablePalette(PaletteOf(GetParam()));
-  const std::pair<QPalette::ColorRole, QPalette::ColorRole> texts[] = {
-      {QPalette::WindowText, QPalette::Window},
-      {QPalette::Text, QPalette::Base},
-      {QPalette::ButtonText, QPalette::Button},
-      {QPalette::HighlightedText, QPalette::Highlight},
-      {QPalette::ToolTipText, QPalette::ToolTipBase}};
+  using enum QPalette::ColorRole;
+  const std::pair<QPalette::ColorRole, QPalette::ColorRole> texts[] = {{WindowText, Window},
+                                                                       {Text, Base},
+                                                                       {ButtonText, Button},
+                                                                       {HighlightedText, Highlight},
+                                                                       {ToolTipText, ToolTipBase}};
   for (const auto& [text, ground] : texts) {
     EXPECT_GE(Contrast(colours.color(text), colours.color(ground)), TextContrast) << text;
   }

@@ -32,41 +32,29 @@ std::string Lines(int count, std::size_t width) {
   return lines;
 }
 
-struct Shape {
-  const char* Name;
-  std::string Text;
-  bool Scrolls, Wraps;
-};
-
-void PrintTo(const Shape& shape, std::ostream* out) { *out << shape.Name; }
-
-class Messages : public testing::TestWithParam<Shape> {};
-INSTANTIATE_TEST_SUITE_P(, Messages,
-                         testing::Values(Shape{"one word", "a", false, false},
-                                         Shape{"empty", "", false, false},
-                                         Shape{"findings", Lines(9, 80), false, false},
-                                         Shape{"many findings", Lines(700, 80), true, false},
-                                         Shape{"a paragraph", std::string(1500, 'w'), false, true},
-                                         Shape{"a wide finding under a paragraph",
-                                               std::string(1500, 'w') + "\r\n" + Lines(1, 90),
-                                               false, true}));
-
-TEST_P(Messages, AreWholeOnTheScreenAndBreakOnlyLinesThatItHasNoRoomFor) {
-  ShowBox(GetParam().Text, [](const ShownBox& box) {
-    EXPECT_TRUE(box.Window.screen()->availableGeometry().contains(box.Window.frameGeometry()));
-    EXPECT_LE(box.Text.document()->idealWidth(), box.Text.viewport()->width());
-    EXPECT_EQ(box.Bar.maximum() > 0, GetParam().Scrolls);
-    EXPECT_EQ(box.Bar.isVisible(), GetParam().Scrolls);
-    PressKey("Tab");
-    EXPECT_EQ(box.Text.hasFocus(), GetParam().Scrolls);
-    EXPECT_GE(box.Window.width(), box.Window.fontMetrics().horizontalAdvance("Corvane") + 100);
-    const QTextDocument& document = *box.Text.document();
-    int wrapped = 0;
-    for (QTextBlock line = document.begin(); line.isValid(); line = line.next()) {
-      wrapped += line.layout()->lineCount() > 1;
-    }
-    EXPECT_EQ(wrapped, GetParam().Wraps ? 1 : 0);
-  });
+TEST(MessageBox, IsWholeOnTheScreenAndBreaksOnlyLinesThatItHasNoRoomFor) {
+  const std::string paragraph(1500, 'w');
+  // A text, whether it scrolls, and its wrapped lines.
+  const std::tuple<std::string, bool, int> rows[] = {
+      {"a", false, 0},          {"", false, 0},
+      {Lines(9, 80), false, 0}, {Lines(700, 80), true, 0},
+      {paragraph, false, 1},    {paragraph + "\r\n" + Lines(1, 90), false, 1}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::get<0>(row).substr(0, 5));
+    ShowBox(std::get<0>(row), [&](const ShownBox& box) {
+      EXPECT_TRUE(box.Window.screen()->availableGeometry().contains(box.Window.frameGeometry()));
+      EXPECT_LE(box.Text.document()->idealWidth(), box.Text.viewport()->width());
+      EXPECT_EQ(box.Bar.maximum() > 0, std::get<1>(row));
+      EXPECT_EQ(box.Bar.isVisible(), std::get<1>(row));
+      PressKey("Tab");
+      EXPECT_EQ(box.Text.hasFocus(), std::get<1>(row));
+      EXPECT_GE(box.Window.width(), box.Window.fontMetrics().horizontalAdvance("Corvane") + 100);
+      int wrapped = 0;
+      for (QTextBlock line = box.Text.document()->begin(); line.isValid(); line = line.next())
+        wrapped += line.layout()->lineCount() > 1;
+      EXPECT_EQ(wrapped, std::get<2>(row));
+    });
+  }
 }
 
 TEST(MessageBox, ScrollsWhileItsButtonHasTheFocus) {

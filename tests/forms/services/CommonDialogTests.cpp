@@ -67,16 +67,13 @@ TEST_F(Dialogs, ACancelGivesNothing) {
 TEST_F(Dialogs, TheFlagsRefuseWhatIsNotThere) {
   Folder.Put("there.crv");
   const std::string noFile = "\r\nFile not found.", noPath = "\r\nPath does not exist.";
-  const struct {
-    int Flags;
-    const char* Name;
-    std::string Refusal;
-  } rows[] = {{FileMustExist | PathMustExist, "there.crv", ""},
-              {FileMustExist | PathMustExist, "no.crv", noFile},
-              {FileMustExist | PathMustExist, "no/no.crv", noPath},
-              {PathMustExist, "no.crv", ""},
-              {PathMustExist, "no/no.crv", noPath},
-              {0, "no/no.crv", ""}};
+  const std::tuple<int, const char*, std::string> rows[] = {
+      {FileMustExist | PathMustExist, "there.crv", ""},
+      {FileMustExist | PathMustExist, "no.crv", noFile},
+      {FileMustExist | PathMustExist, "no/no.crv", noPath},
+      {PathMustExist, "no.crv", ""},
+      {PathMustExist, "no/no.crv", noPath},
+      {0, "no/no.crv", ""}};
   for (const auto& [flags, name, refusal] : rows) {
     const CommonDialog dialog = {.Flags = flags};
     const std::string path = Folder / name;

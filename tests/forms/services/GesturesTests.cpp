@@ -95,16 +95,12 @@ TEST_F(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
 
 TEST_F(Gestures, EnterPressesAButtonOrBreaksALine) {
   const Modifiers ctrl = {.Ctrl = true};
-  const struct {
-    Control& In;
-    Modifiers With;
-    const char* Events;
-    bool Taken;
-  } rows[] = {{f.txtLines, {}, "ok ", true},
-              {f.txtLines, ctrl, "", false},  // left to the box
-              {f.txtName, ctrl, "ok ", true},
-              {f.cmdHelp, ctrl, "help ", true},
-              {f.cmdHelp, {}, "help ", true}};
+  const std::tuple<Control&, Modifiers, const char*, bool> rows[] = {
+      {f.txtLines, {}, "ok ", true},
+      {f.txtLines, ctrl, "", false},  // left to the box
+      {f.txtName, ctrl, "ok ", true},
+      {f.cmdHelp, ctrl, "help ", true},
+      {f.cmdHelp, {}, "help ", true}};
   for (const auto& [in, with, events, taken] : rows) {
     EXPECT_TRUE(MoveFocus(in));
     EXPECT_EQ(PressKey(f, {Key::Enter, with}), taken) << in.Name;

@@ -6,15 +6,13 @@
 using namespace corvane;
 
 TEST(ShownRows, ChangeWhereTheListDiffers) {
-  const struct {
-    std::vector<const char*> Rows;
-    std::string Calls;
-  } steps[] = {{{"a", "b"}, "set 0 a, set 1 b, "},
-               {{"a", "b"}, ""},
-               {{"a", "x", "c"}, "set 1 x, set 2 c, "},
-               {{"b"}, "remove 1, set 0 b, "},
-               {{}, "remove 0, "},
-               {{"b"}, "set 0 b, "}};
+  const std::pair<std::vector<const char*>, std::string> steps[] = {
+      {{"a", "b"}, "set 0 a, set 1 b, "},
+      {{"a", "b"}, ""},
+      {{"a", "x", "c"}, "set 1 x, set 2 c, "},
+      {{"b"}, "remove 1, set 0 b, "},
+      {{}, "remove 0, "},
+      {{"b"}, "set 0 b, "}};
   TestForm form;
   ShownRows shown;
   for (const auto& [rows, calls] : steps) {

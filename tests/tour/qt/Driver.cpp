@@ -132,6 +132,10 @@ void PressItem(const MenuItem& item) {
   Click(menu, menu->actionGeometry(Find<QAction>(item.Name)));
 }
 
+bool SavePicture(const std::string& file) {
+  return Top()->grab().save(QString::fromStdString(file));
+}
+
 void PressCloseBox() { Top()->windowHandle()->close(); }
 
 void CloseFromOutside(const Form& form) { WindowOf(form)->close(); }

@@ -1,9 +1,8 @@
-#include "Picture.h"
-
 #include <windows.h>
 //
 #include <gdiplus.h>
 
+#include "Driver.h"
 #include "base/WideText.h"
 
 namespace corvane {
