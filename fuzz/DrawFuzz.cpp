@@ -35,7 +35,7 @@ Layer LayerFrom(const TestFolder& folder, const std::string& input) {
 }
 
 bool IsWellFormed(std::string page) {
-  const std::size_t script = page.find("<script");  // its text is no markup
+  const std::size_t script = page.find("<script");  // its text is not markup
   page.erase(script, page.find("</script>") + 9 - script);
   const XML_Parser parser = XML_ParserCreate("UTF-8");
   const XML_Status status = XML_Parse(parser, page.data(), static_cast<int>(page.size()), 1);

@@ -22,5 +22,5 @@ done
 for preset in "$@"; do
   echo "== ran under $(wine --version): $preset"
   tr -d '\r' <"build/$preset/tests.log" |
-    sed -nE 's/^Command: .*[\\/]([^"\\/]+\.exe)".*/\1:/p; /^\[==========\].* ran|^All came out/p'
+    sed -nE 's/^Command: .*[\\/]([^"\\/]+\.exe)".*/\1:/p; /^\[==========\].* ran|^All steps passed/p'
 done

@@ -1,5 +1,5 @@
-// The seam between RawFile and the system, with faults around the real steps. These are compiled a
-// second time under the names that are declared here.
+// Replaces the file operations between RawFile and the system, and injects faults around the real
+// ones, which are compiled a second time under the names declared here.
 #include <algorithm>
 
 #include "Faults.h"
@@ -19,7 +19,7 @@ std::error_code RealRemove(const NativePath&);
 
 namespace {
 
-std::error_code Ask(FileStep step, Moment moment, std::size_t& bytes) {
+std::error_code Inject(FileStep step, Moment moment, std::size_t& bytes) {
   return InjectedFault ? InjectedFault(step, moment, bytes) : std::error_code();
 }
 
@@ -27,9 +27,9 @@ std::error_code Ask(FileStep step, Moment moment, std::size_t& bytes) {
 template <class Real>
 std::error_code Around(FileStep step, const Real& real, std::size_t bytes = 0) {
   const std::size_t all = bytes;
-  if (const auto error = Ask(step, Moment::Before, bytes)) return error;
+  if (const auto error = Inject(step, Moment::Before, bytes)) return error;
   const std::error_code error = real(std::min(bytes, all));
-  const auto fault = Ask(step, Moment::After, bytes);
+  const auto fault = Inject(step, Moment::After, bytes);
   return fault ? fault : error;
 }
 
@@ -73,9 +73,9 @@ std::error_code SystemFlush(SystemHandle handle) {
 
 std::error_code SystemClose(SystemHandle handle) {
   std::size_t none = 0;
-  const auto fault = Ask(FileStep::Close, Moment::Before, none);
+  const auto fault = Inject(FileStep::Close, Moment::Before, none);
   const auto error = RealClose(handle);
-  const auto late = fault ? fault : Ask(FileStep::Close, Moment::After, none);
+  const auto late = fault ? fault : Inject(FileStep::Close, Moment::After, none);
   return late ? late : error;
 }
 

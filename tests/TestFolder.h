@@ -14,7 +14,7 @@
 #include "data/StrategicTables.h"
 #include "samples/SampleGame.h"
 
-/// Puts the tables and the related state back to their values at program start.
+/// Resets the tables and the related state to their values at program start.
 inline void ResetTables() {
   using namespace corvane;
   Tables = {};
@@ -60,8 +60,8 @@ inline corvane::Result<> SaveBytes(const std::string& path, std::string_view byt
   return corvane::SaveInPlace(path, {&range, 1}, missing);
 }
 
-/// Every file step from this index on, counted from 0, fails; those of one kind only, if it is
-/// given.
+/// Fails every file step from this index on, counted from 0; if a kind is given, only steps of that
+/// kind.
 inline void FailFrom(int first, std::optional<corvane::FileStep> kind = {}) {
   using namespace corvane;
   InjectedFault = [step = 0, first, kind](FileStep now, Moment moment, std::size_t&) mutable {

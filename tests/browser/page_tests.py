@@ -87,7 +87,7 @@ def a_click_pins_a_map(browser):
     browser.wait(PINNED + " === ''")
 
 
-def the_filter_leaves_what_fits(browser):
+def the_filter_hides_other_maps(browser):
     browser.open("sample.html")
     browser.click("#filter")
     browser.press(*"HAVR")
@@ -98,7 +98,7 @@ def the_filter_leaves_what_fits(browser):
     equal(browser.run("return document.querySelector('#map-3').matches('.filtered-out')"), False)
 
 
-def labels_make_way_for_each_other(browser):
+def labels_do_not_overlap(browser):
     browser.open("crowded.html")
     boxes = browser.run("""return [...document.querySelectorAll('text.name')].map((label) => {
         const box = label.getBoundingClientRect();
@@ -209,7 +209,7 @@ def hostile_names_do_nothing(browser):
     assert "\\u202Edtb" in text
 
 
-def nothing_runs_that_is_not_the_page_itself(browser):
+def foreign_scripts_do_not_run(browser):
     browser.open("sample.html")
     browser.run("""const script = document.createElement('script');
         script.textContent = 'document.title = "harm"'; document.body.append(script);
@@ -217,17 +217,18 @@ def nothing_runs_that_is_not_the_page_itself(browser):
         picture.onerror = () => { window.refused = true; }; document.body.append(picture);""")
     browser.wait("return window.refused")
     assert browser.run("return document.title") != "harm"
-    complaints = browser.console()
-    assert sum("Content Security Policy" in line for line in complaints) == 2, complaints
+    messages = browser.console()
+    assert sum("Content Security Policy" in line for line in messages) == 2, messages
 
 
 TESTS = [
     pointing_at_a_map_lights_up_its_roads_and_lists_its_data,
-    the_keyboard_does_what_the_mouse_does, a_click_pins_a_map, the_filter_leaves_what_fits,
-    labels_make_way_for_each_other, findings_jump_to_their_place, a_badge_leads_to_its_line, the_wheel_zooms_where_it_points,
+    the_keyboard_does_what_the_mouse_does, a_click_pins_a_map, the_filter_hides_other_maps,
+    labels_do_not_overlap, findings_jump_to_their_place, a_badge_leads_to_its_line,
+    the_wheel_zooms_where_it_points,
     dragging_pans_and_pins_nothing, a_reload_keeps_zoom_pin_and_filter,
     a_watched_page_shows_what_was_redrawn, hostile_names_do_nothing,
-    nothing_runs_that_is_not_the_page_itself,
+    foreign_scripts_do_not_run,
 ]
 
 
@@ -238,8 +239,8 @@ def try_all():
             start = time.monotonic()
             try:
                 test(browser)
-                complaints = browser.console()
-                assert not complaints, "the console says: %s" % complaints
+                messages = browser.console()
+                assert not messages, "the console says: %s" % messages
                 result = "passed"
             except Exception:
                 failed += 1

@@ -59,7 +59,7 @@ struct RefusedField : Display {
   }
 };
 
-TEST_F(RefusedField, KeepsTheFocusAndLetsNothingReact) {
+TEST_F(RefusedField, KeepsTheFocusAndBlocksOtherControls) {
   std::vector<Step> steps;
   for (const char* key : {"Tab", "Shift+Tab", "Return", "Alt+H"})
     steps.push_back({key, "refuse ", "txtNumber"});
@@ -72,20 +72,20 @@ TEST_F(RefusedField, KeepsTheFocusAndLetsNothingReact) {
   Play(steps);
 }
 
-TEST_F(RefusedField, IsNotAskedWhereTheFocusStays) {
-  const auto openAndShutMenu = [&] {
+TEST_F(RefusedField, IsNotValidatedWhereTheFocusStays) {
+  const auto openAndCloseMenu = [&] {
     for (int press = 0; press < 2; ++press) PressMenu(f.mnuFile);
   };
   Play({{At{&f.Holder}, "", "txtNumber"},
         {At{&f.lblNote}, "", "txtNumber"},
         {At{&f.cmdOff}, "", "txtNumber"},
         {ClickEmptyArea, "", "txtNumber"},
-        {openAndShutMenu, "file ", "txtNumber"},
+        {openAndCloseMenu, "file ", "txtNumber"},
         {PressCloseBox, "unload ", "txtNumber"},
         {"Esc", "cancel ", "txtNumber"}});
 }
 
-TEST_F(RefusedField, IsLeftOnceItsTextIsAccepted) {
+TEST_F(RefusedField, LosesTheFocusOnceItsTextIsAccepted) {
   Play({{[] { Type("1"); }, "", "txtNumber"},
         {[&] { PressRow(f.lstRows, 1); }, "accept rowbee ", "lstRows"}});
 }
@@ -107,7 +107,7 @@ TEST_F(Display, PicksRowsOfAListByMouseAndKeys) {
 }
 
 TEST_F(Display, PicksRowsOfAComboBoxByMouseKeysAndWheel) {
-  const auto openAndShut = [&] {
+  const auto openAndClose = [&] {
     for (const char* key : {"", "F4", "Alt+Down"}) {
       for (const bool opens : {true, false}) {
         *key ? PressKey(key) : PressAt(f.cboRows);
@@ -121,7 +121,7 @@ TEST_F(Display, PicksRowsOfAComboBoxByMouseKeysAndWheel) {
         {"Down", "combobee ", "cboRows"},
         {"F", "combofox ", "cboRows"},
         {[&] { TurnWheel(f.cboRows); }, "combognu ", "cboRows"},
-        {openAndShut, "", "cboRows"},
+        {openAndClose, "", "cboRows"},
         {At{&f.cboRows, "Return"}, "combognu ", "cboRows"},
         {"End", "combohen ", "cboRows"},
         {"Down", "", "cboRows"},
@@ -139,7 +139,7 @@ TEST_F(Display, PressesButtonsByMouseAndKeys) {
 }
 
 TEST_F(Display, ChoosesMenuItemsByMouseAndKeys) {
-  const auto openInVain = [&] {
+  const auto chooseDisabled = [&] {
     PressMenu(f.mnuFile);
     EXPECT_FALSE(SeenEnabled(f.mnuSave));
     PressItem(f.mnuSave);
@@ -149,7 +149,7 @@ TEST_F(Display, ChoosesMenuItemsByMouseAndKeys) {
     PressMenu(f.mnuFile);
     PressItem(f.mnuSave);
   };
-  Play({{openInVain, "file ", "lstRows"},
+  Play({{chooseDisabled, "file ", "lstRows"},
         {choose, "file save ", "lstRows"},
         {"Ctrl+S", "file ", "lstRows"},
         {"Ctrl+S", "file save ", "lstRows"},
@@ -158,7 +158,7 @@ TEST_F(Display, ChoosesMenuItemsByMouseAndKeys) {
 
 const std::string Odd = "\x01\t\x0b\x0c \xC2\xA0\xC2\x81\xC3\xBF~";  // all must survive
 
-TEST_F(Display, CorrectsWhatIsTypedInSightOfTheUser) {
+TEST_F(Display, ShowsCorrectionsOfTypedText) {
   PlayWhole(f, [&] {
     PressAt(f.txtName);
     Type("a");
@@ -177,7 +177,7 @@ TEST_F(Display, CorrectsWhatIsTypedInSightOfTheUser) {
   });
 }
 
-TEST_F(Display, SparesTheRestOfSeveralLines) {
+TEST_F(Display, PreservesTheRestOfSeveralLines) {
   f.txtLines.SetText("1\r2\n3\r\n" + Odd);
   PlayWhole(f, [&] {
     PressAt(f.txtLines);
@@ -191,7 +191,7 @@ TEST_F(Display, SparesTheRestOfSeveralLines) {
   });
 }
 
-TEST_F(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
+TEST_F(Display, ShowsChangedRowsAndDisabledOrHiddenControls) {
   f.cmdOK.Click = [&] {
     f.lstRows.Clear();
     for (const char* row : {"dog", "ant"}) f.lstRows.AddItem(row);
@@ -216,7 +216,7 @@ TEST_F(Display, ShowsRowsThatComeAndGoAndWhatIsGreyedOrHidden) {
 }
 
 // Every input from outside, on a window that must ignore it.
-void Disturb(TestForm& f) {
+void ActFromOutside(TestForm& f) {
   CloseFromOutside(f);
   ChooseFromOutside(f.mnuSave);
   ClickFromOutside(f.cmdHelp);
@@ -226,9 +226,9 @@ void Disturb(TestForm& f) {
   EXPECT_TRUE(f.IsOpen());
 }
 
-TEST_F(Display, HearsAnyoneOnlyInTheTopmostWindow) {
+TEST_F(Display, AcceptsInputFromOutsideInTheTopmostWindowOnly) {
   TestForm dialog;
-  int disturbed = 0;
+  int attempts = 0;
   dialog.Caption = "Dialog";
   dialog.cmdCancel.Click = [&] { dialog.Unload(); };
   dialog.QueryUnload = [] { return true; };
@@ -237,14 +237,14 @@ TEST_F(Display, HearsAnyoneOnlyInTheTopmostWindow) {
   PlayWhole(f, [&] {
     for (const char* key : {"Return", "Esc"}) {  // first a box, then a dialog
       WhenNext([&, key] {
-        Disturb(f);
-        ++disturbed;
+        ActFromOutside(f);
+        ++attempts;
         PressKey(key);
       });
       PressKey(key);
       EXPECT_EQ(ScreenDifferences(f), "");
     }
-    EXPECT_EQ(disturbed, 2);
+    EXPECT_EQ(attempts, 2);
     CloseFromOutside(f);
     ClickFromOutside(f.cmdHelp);
     ChooseFromOutside(f.mnuSave);
@@ -264,7 +264,7 @@ TEST_F(Display, AsksBeforeTheSessionEnds) {
   });
 }
 
-TEST_F(Display, EndsUnderADialogWithoutAQuestion) {
+TEST_F(Display, EndsWithoutAQuestionWhileADialogIsOpen) {
   TestForm dialog;
   f.cmdOK.Click = [&] { dialog.ShowModal(); };
   dialog.cmdCancel.Click = [] { EndProgram(); };
@@ -281,7 +281,7 @@ INSTANTIATE_TEST_SUITE_P(, Question,
                                          std::pair(std::string(400, '\n'), "Esc"),
                                          std::pair(std::string(2000, 'w'), "N")));
 
-TEST_P(Question, IsShownWholeOverTheStateOfItsMoment) {
+TEST_P(Question, IsShownCompletelyOverTheCurrentState) {
   const std::string& text = GetParam().first;  // clang++ 14 cannot capture structured bindings
   const char* const key = GetParam().second;
   const bool yes = key == std::string("Return") || key == std::string("Y");

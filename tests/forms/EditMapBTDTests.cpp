@@ -80,7 +80,7 @@ TEST_F(EditMapBTD, AnUntouchedSaveChangesOnlyTheseBytes) {
   EXPECT_FALSE(TablesDirty);
 }
 
-// Of two slots not in use the second shows nothing new, so nothing is stored.
+// The second of two unused slots shows the same text, so nothing is stored.
 TEST_F(EditMapBTD, SelectingASlotShowsItAndStoresWhatItShows) {
   Edit([](dlgEditBTD& dialog) {
     const std::tuple<const char*, std::string, int> slots[] = {
@@ -148,7 +148,7 @@ TEST_F(EditMapBTD, TheRowFollowsTheNameWithinItsLimitAndCodePage) {
   });
 }
 
-TEST_F(EditMapBTD, TileNumbersGoIntoTheSlotThatStoodAndARefusedOneHoldsTheDialog) {
+TEST_F(EditMapBTD, TileNumbersGoIntoThePreviousSlotAndARefusedOneKeepsTheDialogOpen) {
   Edit([&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtVLX, "123");
     PickRow(dialog.lstVLs, 1);
@@ -167,7 +167,7 @@ TEST_F(EditMapBTD, TileNumbersGoIntoTheSlotThatStoodAndARefusedOneHoldsTheDialog
   });
 }
 
-TEST_F(EditMapBTD, AskedAboutAFileInOtherLettersNoKeepsAll) {
+TEST_F(EditMapBTD, RefusingToReplaceAFileInOtherLetterCaseChangesNothing) {
   Edit([&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtFileName, "BYTES");
     session.Answer = MessageAnswer::No;
@@ -178,7 +178,7 @@ TEST_F(EditMapBTD, AskedAboutAFileInOtherLettersNoKeepsAll) {
   EXPECT_TRUE(File() == Before);
 }
 
-TEST_F(EditMapBTD, ANewNameMakesANewFileUnasked) {
+TEST_F(EditMapBTD, ANewNameCreatesAFileWithoutAQuestion) {
   Edit([&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtFileName, "toolongname");
     EditText(dialog.txtAxisBrief, {3, 1, "\r\n"});

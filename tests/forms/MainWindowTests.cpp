@@ -41,7 +41,7 @@ TEST_F(OddConnections, ShowTheirArrowIfThereIsOne) {
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST_F(OddConnections, ToAMapWithoutARowCanOnlyBeLookedAt) {
+TEST_F(OddConnections, ToAMapWithoutARowAreReadOnly) {
   PickRow(main.lstConnections, 3);
   Press(main.cmdDeleteConnection);
   PickRow(main.cboArrows, 2);
@@ -88,7 +88,7 @@ TEST_F(Connections, AreDeletedOnYesOnly) {
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST_F(Connections, CannotBeDeletedOnceNoneIsLeft) {
+TEST_F(Connections, CannotBeDeletedOnceNoneAreLeft) {
   for (int left = 3; left > 0; --left) Press(main.cmdDeleteConnection);
   EXPECT_EQ(Texts{session.TakeMessages().back()}, NoConnectionLeft);
   EXPECT_EQ(main.lstConnections.ListCount(), 0);
@@ -111,7 +111,7 @@ TEST_F(Connections, AreAddedToAnyMapButTheSameOne) {
   EXPECT_FALSE(TablesDirty);
 }
 
-TEST_F(Connections, AreReadAnewWhenTheDialogIsCancelled) {
+TEST_F(Connections, AreReloadedAfterACancel) {
   MapConnections(5, 0) = 80;
   Add({});
   EXPECT_FALSE(Closed);
@@ -141,7 +141,7 @@ struct Fields : testing::Test {
       &main.txtArrowWidth, &main.txtArrowHeight};
 };
 
-TEST_F(Fields, EnterTheirOwnNumberForTheRowThatStood) {
+TEST_F(Fields, EnterTheirNumberForThePreviousRow) {
   StrRect& arrow = StrArrow[main.cboArrows.ListIndex()];
   for (int box = 0; box < 10; ++box) {
     Session::Type(*Boxes[std::size_t(box)], "0" + std::to_string(1001 + box));
@@ -191,7 +191,7 @@ TEST_F(Fields, RefuseSeveralLines) {
   EXPECT_EQ(session.Beeps, 1);
 }
 
-TEST(MainWindow, StartsEmptyWithHelpAlone) {
+TEST(MainWindow, StartsEmptyWithOnlyHelpAvailable) {
   Session session(GameFiles(MakeSampleGame()));
   Form1& main = session.Main;
   PressKey(main, {'S', {.Ctrl = true}});
@@ -236,7 +236,7 @@ TEST(NoMaps, AreReportedOnceAndShowNothing) {
   EXPECT_TRUE(session.Messages.at(0).starts_with(message + " ")) << "with the reason";
 }
 
-TEST(MainWindow, NamesEachMapFileThatItCannotRead) {
+TEST(MainWindow, NamesEachUnreadableMapFile) {
   Session session;
   const std::string path = GamePath + Separator + "Maps" + Separator + "Merlaut.btd";
   FailFrom(0, FileStep::Read);
@@ -260,7 +260,7 @@ struct MapSlots : testing::Test {
   const std::string File = "Maps/" + Game.Maps[0].FileName;
 };
 
-TEST_F(MapSlots, AreAddedAndEditedAndLastOnlyWithAFile) {
+TEST_F(MapSlots, AreAddedAndKeptOnlyWithAFile) {
   std::string edited;
   session.InDialog = [&](Form&) { edited = main.lstMaps.Text(); };
   main.cmdNewBTD.Click();

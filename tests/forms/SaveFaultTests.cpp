@@ -26,15 +26,15 @@ namespace {
 
 using Contents = std::optional<std::string>;  // nothing for no file
 
-struct Strike {
+struct Fault {
   int Step = -1;  // counted from 0; -1 for none
   Moment When = Moment::Before;
 };
 
 // The faults of one save. Steps are counted when they begin.
 struct Plan {
-  std::array<Strike, 2> Strikes;
-  bool ForGood = false;  // every later step fails, too
+  std::array<Fault, 2> Faults;
+  bool Permanent = false;  // every later step fails as well
   int Steps = 0;
   int Allocated = 0;             // at the last call
   std::array<bool, 9> Failed{};  // by FileStep
@@ -44,11 +44,11 @@ struct Plan {
     if (moment == Moment::Before) ++Steps;
     if (step == FileStep::Write) MayNotAllocate = true;
     Allocated = Allocations;
-    for (const Strike& strike : Strikes) {
-      const bool hit = strike.Step == Steps - 1 || (ForGood && strike.Step < Steps - 1);
-      if (strike.Step < 0 || !hit || strike.When != moment) continue;
+    for (const Fault& fault : Faults) {
+      const bool hit = fault.Step == Steps - 1 || (Permanent && fault.Step < Steps - 1);
+      if (fault.Step < 0 || !hit || fault.When != moment) continue;
       Failed[std::size_t(step)] = true;
-      // An open, too: a file that cannot be opened cannot be read.
+      // This includes an open: a file that cannot be opened cannot be read.
       if (step != FileStep::Close) Blind = std::strchr("OSPR", FileStepLetters[int(step)]);
       return {EIO, std::generic_category()};
     }
@@ -98,9 +98,9 @@ struct SaveFaults : testing::Test {
     if (Old) Folder.Put("f", *Old);
   }
 
-  // The number of steps that the save took.
+  // Returns the number of steps of the save.
   int Save(Plan plan) {
-    SCOPED_TRACE(testing::PrintToString(std::pair(plan.Strikes[0].Step, plan.Strikes[1].Step)));
+    SCOPED_TRACE(testing::PrintToString(std::pair(plan.Faults[0].Step, plan.Faults[1].Step)));
     Place();
     Allocations = 0;
     InjectedFault = std::ref(plan);
@@ -117,20 +117,20 @@ struct SaveFaults : testing::Test {
     return plan.Steps;
   }
 
-  // Strikes at one step, for good and in a pair with each later step. The number of steps taken.
-  int StrikeAt(const Strike& first) {
-    Save({.Strikes = {first}, .ForGood = true});
-    const int taken = Save({.Strikes = {first}});
+  // Fails one step, permanently and in a pair with each later step. Returns the number of steps.
+  int FailAt(const Fault& first) {
+    Save({.Faults = {first}, .Permanent = true});
+    const int taken = Save({.Faults = {first}});
     for (int second = first.Step + 1; second < taken; ++second)
       for (const Moment later : {Moment::Before, Moment::After})
-        Save({.Strikes = {first, Strike{second, later}}});
+        Save({.Faults = {first, Fault{second, later}}});
     return taken;
   }
 };
 
 }  // namespace
 
-TEST_F(SaveFaults, AreReportedTrulyAndNeverAllocate) {
+TEST_F(SaveFaults, AreReportedCorrectlyAndNeverAllocate) {
   for (const int size : {-1, 0, 5, 3600, 4000, 5000}) {
     SCOPED_TRACE(size);
     Old = size < 0 ? std::nullopt : Contents(std::string(std::size_t(size), 'o'));
@@ -139,13 +139,13 @@ TEST_F(SaveFaults, AreReportedTrulyAndNeverAllocate) {
     Saved = Now();
     for (const Moment moment : {Moment::Before, Moment::After}) {
       int steps = 1;
-      for (int step = 0; step < steps; ++step) steps = std::max(steps, StrikeAt({step, moment}));
+      for (int step = 0; step < steps; ++step) steps = std::max(steps, FailAt({step, moment}));
       EXPECT_GT(steps, 7);
     }
   }
 }
 
-// What the windows make of a save that failed.
+// How the windows handle a failed save.
 TEST(FailedSave, OfTheTablesLeavesThemUnsaved) {
   Session session;
   for (MenuItem* command : {&session.Main.mnuFileSave, &session.Main.mnuFileSavePatch}) {
@@ -161,7 +161,7 @@ TEST(FailedSave, OfTheTablesLeavesThemUnsaved) {
   }
 }
 
-TEST(FailedSave, OfABtdFileLeavesTheDialogOpenAndTheExitsAsTheyWere) {
+TEST(FailedSave, OfABtdFileLeavesTheDialogOpenAndTheExitsUnchanged) {
   Session session;
   session.Within<dlgEditBTD>(session.Main.cmdEditBTD, [&](dlgEditBTD& dialog) {
     Session::Type(dialog.txtFileName, "new");

@@ -46,12 +46,12 @@ struct Window : testing::TestWithParam<const char*> {
     if (name == "dlgEditBTD") Shown = std::make_shared<dlgEditBTD>(0);
     if (name == "dlgAddConnection") Shown = std::make_shared<dlgAddConnection>(0);
   }
-  std::shared_ptr<Form> Shown;  // which deletes it as the window that it is
+  std::shared_ptr<Form> Shown;  // deletes the derived type
 };
 
 }  // namespace
 
-TEST_P(Window, LetsNoControlLeaveItsParentOrLieOverAnother) {
+TEST_P(Window, KeepsControlsInsideTheirParentsAndApart) {
   for (const AnyControl& any : Shown->Controls) {
     const Control& control = Any(any);
     const Place& at = control.At;
@@ -97,7 +97,7 @@ TEST(TypedLimits, AreOneLessThanTheWidthOfTheField) {
     EXPECT_EQ(box->TypedLimit, static_cast<int>(width) - 1) << box->Name;
 }
 
-TEST_P(Window, NamesABoxWithTheWordOfItsOnlyLabel) {
+TEST_P(Window, NamesEachBoxAfterItsLabel) {
   std::map<const Control*, std::string> words;
   for (const AnyControl& any : Shown->Controls) {
     Label* const* label = std::get_if<Label*>(&any);
@@ -116,7 +116,7 @@ TEST_P(Window, NamesABoxWithTheWordOfItsOnlyLabel) {
   }
 }
 
-TEST_P(Window, GivesEachMnemonicOnce) {
+TEST_P(Window, UsesEachMnemonicOnce) {
   std::vector<std::string> captions;
   for (const AnyControl& any : Shown->Controls) captions.emplace_back(Any(any).Caption);
   for (const MenuEntry* entry : Shown->Menus) captions.emplace_back(entry->Caption);

@@ -45,7 +45,7 @@ TEST_F(ConsistencyCheck, FindingsComeInOrderAndOncePerExit) {
       "\r\nNo STRARROW defined for BTD link from  to map  via VL0");
 }
 
-TEST_F(ConsistencyCheck, TheLastSlotCountsAndSoDoesANegativeArrow) {
+TEST_F(ConsistencyCheck, TheLastSlotAndNegativeArrowsCount) {
   VLDest(0, 9) = 1;
   VLDest(1, 9) = 0;  // the exit back
   MapConnections(0, 1) = MapConnections(1, 0) = -2;
@@ -67,10 +67,10 @@ TEST_F(ConsistencyCheck, RangesAreInclusiveAndTheFirstFaultOfASlotHidesTheOthers
       {&StrArrow[80].Top, 0, 600, "coordinates for STRARROW 80"},
       {&StrArrow[80].Width, 1, INT32_MAX, "size for STRARROW 80"},
       {&StrArrow[80].Height, 1, INT32_MAX, "size for STRARROW 80"}};
-  for (const auto& [field, least, most, what] : rows) {
-    for (const std::int64_t number : {least - 1, most + 1, least, most}) {
+  for (const auto& [field, min, max, what] : rows) {
+    for (const std::int64_t number : {min - 1, max + 1, min, max}) {
       *field = static_cast<std::int32_t>(number);  // the one above the largest is the smallest
-      const bool fits = number >= least && number <= most;
+      const bool fits = number >= min && number <= max;
       EXPECT_EQ(CheckTables(), fits ? "" : "\r\nInvalid " + what) << number;
     }
   }

@@ -47,7 +47,7 @@ TEST_F(DrawFiles, LeavesTheOldPictureWhenItFails) {
   EXPECT_EQ(std::distance(left, {}), 1) << "something beside the folder";
 }
 
-TEST_F(DrawFiles, ReplacesTheFileBehindALink) {
+TEST_F(DrawFiles, ReplacesTheTargetOfALink) {
   Folder.Put("real.svg", "old");
   std::error_code refused;
   std::filesystem::create_symlink("real.svg", Folder / "link.svg", refused);
@@ -76,7 +76,7 @@ TEST_F(DrawFiles, ReportsNoMissingExitsWithoutMapFiles) {
   EXPECT_NE(picture.find("aria-label=\"Map 42\""), picture.npos);
 }
 
-TEST_F(DrawFiles, AWatchRedrawsWhatChangedAndOutlivesFailures) {
+TEST_F(DrawFiles, AWatchRedrawsOnChangesAndSurvivesFailures) {
   const std::string file = Folder / "Maps/" + Game.Maps[42].FileName;
   const std::vector<std::function<void()>> acts = {
       [&] {
@@ -108,7 +108,7 @@ TEST_F(DrawFiles, AWatchRedrawsWhatChangedAndOutlivesFailures) {
   EXPECT_NE(Folder.Get("a.html").find(" data-reload=\"1500\""), std::string::npos);
 }
 
-TEST_F(DrawFiles, AWatchTriesAgainWhatFailedAndReportsItOnce) {
+TEST_F(DrawFiles, AWatchRetriesFailuresAndReportsThemOnce) {
   int step = 0;
   const auto pause = [&] {
     if (step == 25) std::filesystem::create_directory(Folder / "late");

@@ -12,7 +12,7 @@ using Json = nlohmann::json;
 
 namespace {
 
-// What a document reads as: the bytes of its file, or why it is refused.
+// The bytes of the file that a document describes, or why it is rejected.
 std::string ReadBack(const std::string& json) {
   const auto read = ParseJson(json);
   if (!read.Done()) return read.Error();
@@ -58,19 +58,19 @@ TEST(Json, WritesReadableTexts) {
   }
 }
 
-TEST(Json, TakesHexForAnyText) {
+TEST(Json, AcceptsHexForAnyText) {
   std::string json = SampleBtd;
   const std::size_t at = json.find("\"BaseName\": ") + 12;
   json.replace(at, json.find('\n', at) - at - 1, R"({"Hex": "466F72640081"})");
   EXPECT_EQ(ReadBack(json).substr(325, 9), std::string("Ford\0\x81\0\0\0", 9));
 }
 
-// A value of a sound document, what takes its place, and what is said of it there.
+// A value of a valid document, its replacement, and the error that this causes.
 struct Fault {
   const char* Place;
-  const char* Value;  // JSON; empty to take the place out
+  const char* Value;  // JSON; empty to remove the value
   const char* Reason;
-  const char* Blamed = Place;
+  const char* ReportedAt = Place;
 };
 
 static void ExpectRefused(const std::string& sample, const Fault& fault) {
@@ -83,7 +83,7 @@ static void ExpectRefused(const std::string& sample, const Fault& fault) {
   } else {
     parent.erase(place.back());
   }
-  EXPECT_EQ(ReadBack(json.dump()), std::string(fault.Blamed) + fault.Reason);
+  EXPECT_EQ(ReadBack(json.dump()), std::string(fault.ReportedAt) + fault.Reason);
 }
 
 constexpr char TooLarge[] = ": must be between -2147483648 and 2147483647";

@@ -1,11 +1,11 @@
-"""Makes games for the tests of what corvane-tool draws, by the programs' own commands."""
+"""Creates games for the tests of what corvane-tool draws, with the programs' own commands."""
 
 import json
 import os
 import subprocess
 
 HARM = "document.title='harm'"
-# They would do harm if they could.
+# Harmful if they were taken for markup.
 NAMES = ["<script>%s" % HARM, '"onmouseover="%s' % HARM, "two\nlines\x1b[31m",
          "\u202edtb.left-to-right\u202c", "<img src=x onerror=%s>" % HARM,
          "\u05e9\u05dc\u05d5\u05dd \u6771\u4eac",
@@ -50,15 +50,15 @@ class Game:
         self.maps[number] = name + ".btd"
 
 
-def lead(tables, start, end, arrow):
-    """Replaces a connection; None leaves none."""
+def connect(tables, start, end, arrow):
+    """Sets the arrow of a connection; None removes it."""
     others = [each for each in tables["MapConnections"]
               if (each["From"], each["To"]) != (start, end)]
     fresh = [] if arrow is None else [{"From": start, "To": end, "Arrow": arrow}]
     tables["MapConnections"] = others + fresh
 
 
-def spoil_places(tables):
+def break_places(tables):
     tiles, spots, arrows = tables["StrMap"], tables["MapHotspots"], tables["StrArrow"]
     tiles[10]["Left"] = 801
     tiles[11]["Width"] = 0
@@ -71,19 +71,19 @@ def spoil_places(tables):
     arrows[22].update(Left=780, Top=400, Width=60, Height=20)
 
 
-def spoil_roads(tables):
-    lead(tables, 0, 1, None)    # an exit without a connection
-    lead(tables, 24, 23, None)  # one way
-    lead(tables, 20, 36, 5)     # no exit leads along, an arrow of other maps
-    lead(tables, 30, 30, 40)    # joined to itself
-    lead(tables, 16, 17, 99)    # no arrow
+def break_roads(tables):
+    connect(tables, 0, 1, None)    # an exit without a connection
+    connect(tables, 24, 23, None)  # one way
+    connect(tables, 20, 36, 5)     # no exit; an arrow of other maps
+    connect(tables, 30, 30, 40)    # connected to itself
+    connect(tables, 16, 17, 99)    # no arrow
 
 
-def spoil(game):
-    """Puts every kind of fault into a game."""
+def break_game(game):
+    """Adds every kind of fault to a game."""
     tables = game.read(game.exe)
-    spoil_places(tables)
-    spoil_roads(tables)
+    break_places(tables)
+    break_roads(tables)
     game.write(tables, game.exe)
     game.change_map(8, lambda record: record["VictoryLocations"][0].update(Name="<b>\"&\x02'<b>"))
     game.change_map(41, lambda record: record["VictoryLocations"][9].update(
@@ -94,14 +94,14 @@ def spoil(game):
 
 
 def move(game):
-    """Moves a tile, its hotspot and an arrow, and takes a connection away."""
+    """Moves a tile, its hotspot and an arrow, and removes a connection."""
     tables = game.read(game.exe)
     tables["StrMap"][9]["Left"] += 30
     tables["StrMap"][9]["Top"] -= 12
     tables["MapHotspots"][9]["CenterX"] += 30
     tables["StrArrow"][53]["Top"] += 20
-    lead(tables, 5, 12, None)
-    lead(tables, 12, 5, None)
+    connect(tables, 5, 12, None)
+    connect(tables, 12, 5, None)
     game.write(tables, game.exe)
 
 
@@ -119,7 +119,7 @@ def draw_pages(sample, tool):
     folders = ("sample", "faulty", "moved", "crowded", "watched")
     games = [Game(sample, tool, folder) for folder in folders]
     plain, faulty, moved, crowded, watched = games
-    spoil(faulty)
+    break_game(faulty)
     move(moved)
     crowd(crowded)
     crowded.run("draw", crowded.exe, "crowded.html")

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""picture_tests.py CORVANE_SAMPLE CORVANE_TOOL: what the tool draws, read by a strict XML parser."""
+"""picture_tests.py CORVANE_SAMPLE CORVANE_TOOL: reads what the tool draws with a strict XML
+parser."""
 
 import itertools
 import os
@@ -8,7 +9,7 @@ import tempfile
 import unittest
 from xml.etree import ElementTree
 
-from games import Game, lead
+from games import Game, connect
 
 SVG = "{http://www.w3.org/2000/svg}"
 MARGIN, WIDTH, HEIGHT = 36, 800, 600  # of the sheet around the screen
@@ -35,7 +36,7 @@ class Picture:
         return self.id(of).find(SVG + name)
 
     def boxes(self, style):
-        """Of all rectangles in the groups of groups of this class."""
+        """The boxes of all rectangles in the nested groups of this class."""
         return [box_of(rect) for group in self.all("g", style)
                 for rect in group.findall(SVG + "g/" + SVG + "rect")]
 
@@ -101,7 +102,7 @@ class TwoMaps(unittest.TestCase):
         for x, y, path in ((330, 240, "M130 220Q330 260 530 220"),
                            (30, 590, "M130 220L30 590L530 220")):
             self.tables["StrArrow"][4] = tile(x - 10, y - 10, 20, 20)
-            lead(self.tables, 0, 1, 4)
+            connect(self.tables, 0, 1, 4)
             self.assertEqual(self.draw().all("path", "road no-exit")[0].get("d"), path)
 
     def test_distinguishes_kinds_of_roads(self):
@@ -117,8 +118,8 @@ class TwoMaps(unittest.TestCase):
                 (7, 7, None, None, ["no-exit 0<>1"]),
                 (None, None, 1, None, ["missing 0>1"]),
                 (81, -2, 1, 0, ["both 0>1", "both 1>0"])):
-            lead(self.tables, 0, 1, there)
-            lead(self.tables, 1, 0, back)
+            connect(self.tables, 0, 1, there)
+            connect(self.tables, 1, 0, back)
             self.exits(*({} if each is None else {0: each} for each in (exit_there, exit_back)))
             self.assertEqual(self.draw().roads(), roads, (there, back, exit_there, exit_back))
 
@@ -175,14 +176,14 @@ class TwoMaps(unittest.TestCase):
         self.assertEqual(picture.id("map-1").get("class"), "tile flawed")
         self.assertEqual(picture.id("map-0").get("class"), "tile")
 
-    def test_outlines_what_moved_where_it_was_and_connections_that_are_gone(self):
-        lead(self.tables, 0, 1, 3)
-        lead(self.tables, 1, 0, 3)
-        self.exits({0: 1}, {})  # what an exit asks for is no connection
+    def test_outlines_previous_positions_and_removed_connections(self):
+        connect(self.tables, 0, 1, 3)
+        connect(self.tables, 1, 0, 3)
+        self.exits({0: 1}, {})  # an exit alone is not a connection
         self.game.write(self.tables, "before.crv")
         self.tables["StrMap"][1]["Left"] = 600
         for arrow, gone in ((3, 0), (5, 0), (None, 1)):
-            lead(self.tables, 1, 0, arrow)
+            connect(self.tables, 1, 0, arrow)
             picture = self.draw("--against", "before.crv")
             self.assertEqual(len(picture.all("path", "gone")), gone, arrow)
             self.assertEqual(picture.boxes("old"), [(500, 200, 560, 250)])

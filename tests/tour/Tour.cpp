@@ -42,13 +42,13 @@ class Tour {
       Played = true;
     });
     Expect(Played && Awaited == 0, "the whole tour, and every message");
-    std::printf("\n%s\n", Failed ? "The tour FAILED." : "All came out as it must.");
+    std::printf("\n%s\n", Failed ? "The tour FAILED." : "All steps passed.");
     return Failed ? 1 : 0;
   }
 
  private:
   void Expect(bool holds, const std::string& what) {
-    std::printf("   %s %s\n", holds ? "seen:" : "MISSED:", what.c_str());
+    std::printf("   %s %s\n", holds ? "ok:" : "FAILED:", what.c_str());
     if (!holds) Failed = true;
   }
 
@@ -60,7 +60,7 @@ class Tour {
 
   void ExpectScreenLikeRecords() {
     const std::string differences = ScreenDifferences(Main);
-    Expect(differences.empty(), "every control as its record has it" + differences);
+    Expect(differences.empty(), "every control matches its record" + differences);
   }
 
   void Picture(const char* name) {
@@ -68,8 +68,8 @@ class Tour {
     Expect(SavePicture(file.string()), "picture " + file.string());
   }
 
-  // Acts, and lists the changed bytes of a file as runs; expects at least one and at most `most`.
-  void ExpectChange(const fs::path& name, std::size_t most, const std::function<void()>& act) {
+  // Acts, and lists the changed bytes of a file as runs; expects at least one and at most `max`.
+  void ExpectChange(const fs::path& name, std::size_t max, const std::function<void()>& act) {
     const std::string before = FileBytes(Game / name);
     act();
     const std::string after = FileBytes(Game / name);
@@ -82,7 +82,7 @@ class Tour {
                   at - start, start);
       changed += at - start;
     }
-    Expect(before.size() == after.size() && changed > 0 && changed <= most,
+    Expect(before.size() == after.size() && changed > 0 && changed <= max,
            name.generic_string() + " has its old length, and only the edited bytes differ");
   }
 
@@ -93,7 +93,7 @@ class Tour {
       --Awaited;
       const ShownMessage message = SeenMessage();
       Expect(message.Text.starts_with(start), "message \"" + message.Text + "\"");
-      Expect(message.OnScreen, "all of it");
+      Expect(message.OnScreen, "the complete box is on the screen");
       if (picture) Picture(picture);
       PressKey("Return");
     });
@@ -169,7 +169,7 @@ class Tour {
                  [&] { DoubleClickRow(Main.lstMaps, 1); });
   }
 
-  void BeRefused() {
+  void ExpectRefusal() {
     const std::string before = FileBytes(Game / "CC4.EXE");
     OnMessage("Error: \nNo reciprocating BTD link defined for connection from map 000 ",
               "findings.png");
@@ -177,7 +177,7 @@ class Tour {
     Expect(FileBytes(Game / "CC4.EXE") == before, "CC4.EXE untouched");
   }
 
-  void BreakAndMendTheNetwork() {
+  void BreakAndRepairTheNetwork() {
     Step("Delete the connections between the first two maps", [this] {
       RemoveTheConnection(1);
       RemoveTheConnection(0);
@@ -186,9 +186,9 @@ class Tour {
       AddTheConnection(0, 1);
       AddTheConnection(1, 0);
     });
-    Step("Double click on the second map: rename its first victory location, make it no exit, OK",
+    Step("Double-click the second map: rename its first victory location, set its type to NONE, OK",
          [this] { EditTheMapFile("Touring", 0); });
-    Step("File, Save EXE Changes: the check refuses", [this] { BeRefused(); });
+    Step("File, Save EXE Changes: the check refuses", [this] { ExpectRefusal(); });
     Step("Edit it again: name it after the road, make it an exit to the first map, OK",
          [this] { EditTheMapFile("Merlaut road", 1); });
   }
@@ -210,12 +210,12 @@ class Tour {
       PressKey("Ctrl+S");
       const std::string patch = FileBytes(Game / "Tour.crv"), exe = FileBytes(Game / "CC4.EXE");
       Expect(patch.size() == 11212, "11212 bytes");
-      Expect(exe.substr(1147264, 1204) == patch.substr(0, 1204), "first the tiles of CC4.EXE");
+      Expect(exe.substr(1147264, 1204) == patch.substr(0, 1204), "the tiles of CC4.EXE first");
     });
-    Step("File, Open: CC4.EXE once more", [this] {
+    Step("File, Open: CC4.EXE again", [this] {
       const ConnectionTable connections = std::exchange(MapConnections, {});
       Open("CC4.EXE");
-      Expect(MapConnections == connections && StrMap[1].Left == 321, "all as it was saved");
+      Expect(MapConnections == connections && StrMap[1].Left == 321, "everything as saved");
     });
     Step("Help, Basic Instructions", [this] {
       OnMessage("Basic Instructions on using Corvane:");
@@ -225,7 +225,7 @@ class Tour {
 
   void OpenThePatch() {
     Open("Tour.crv");
-    Expect(StrMap[1].Left == 321, "the tile where the patch has it");
+    Expect(StrMap[1].Left == 321, "the tile as in the patch");
     for (int row = 0; row < Main.lstMaps.ListCount(); ++row)
       std::printf("   %s\n", Main.lstMaps.List(row).c_str());
   }
@@ -237,8 +237,8 @@ class Tour {
       Picture("main-window.png");
     });
     if (part != "second") MoveAndAssign();
-    if (part != "first") BreakAndMendTheNetwork();
-    Step("File, Save EXE Changes: nothing is wrong any more", [this] {
+    if (part != "first") BreakAndRepairTheNetwork();
+    Step("File, Save EXE Changes: no findings remain", [this] {
       OnMessage("This will directly modify the file ");
       ExpectChange("CC4.EXE", 12, [this] { Choose(Main.mnuFileSave); });
       Expect(!TablesDirty, "nothing left to save");

@@ -7,7 +7,7 @@
 
 using namespace corvane;
 
-TEST(ScreenReader, HearsTheLabelOfAField) {
+TEST(ScreenReader, GetsTheLabelOfAField) {
   TestForm form;
   Label label(form, {"label", "Number:", {2100, 360, 600, 255}, 30}, Alignment::Right);
   PlayWhole(form, [&] {
@@ -21,7 +21,7 @@ TEST(ScreenReader, HearsTheLabelOfAField) {
   });
 }
 
-TEST(ScreenReader, HearsThatADialogIsOneAndModal) {
+TEST(ScreenReader, GetsTheRoleAndModalityOfADialog) {
   TestForm form, dialog;
   form.cmdOK.Click = [&] { dialog.ShowModal(); };
   PlayWhole(form, [&] {
@@ -36,11 +36,11 @@ TEST(ScreenReader, HearsThatADialogIsOneAndModal) {
   });
 }
 
-// As a screen reader sets it: at the widget, past the window.
-TEST(Focus, FromElsewhereIsTheFormsUnlessItsFieldRefuses) {
+// Set as by a screen reader: at the widget, bypassing the window.
+TEST(Focus, FromOutsideMovesUnlessTheFieldRefuses) {
   TestForm form;
   PlayWhole(form, [&] {
-    PressAt(form.cmdHelp);  // which makes the window the active one
+    PressAt(form.cmdHelp);  // activates the window
     WidgetOf(form.txtNumber)->setFocus();
     EXPECT_EQ(form.Focused, &form.txtNumber);
     form.txtNumber.SetText("x");
@@ -66,7 +66,7 @@ TEST(Focus, ReturnsFromAMenuThatABoxCloses) {
   });
 }
 
-TEST(ScreenReader, PicksARowOfAListAndDeselectsNone) {
+TEST(ScreenReader, SelectsButNeverDeselectsARow) {
   TestForm form;
   PlayWhole(form, [&] {
     QAccessibleTableInterface* rows =
@@ -86,7 +86,7 @@ TEST(ScreenReader, PicksARowOfAListAndDeselectsNone) {
   });
 }
 
-TEST(Lists, PickRowsUnderADrag) {
+TEST(Lists, PickRowsDuringADrag) {
   TestForm form;
   PlayWhole(form, [&] {
     const auto* list = WidgetOf<QListWidget>(form.lstRows);
@@ -99,7 +99,7 @@ TEST(Lists, PickRowsUnderADrag) {
 }
 
 // The platform used for tests has no bell either.
-TEST(Refusal, ShowsWhereThereIsNoBell) {
+TEST(Refusal, FlashesWithoutABell) {
   TestForm form;
   PlayWhole(form, [&] {
     PressAt(form.txtNumber);

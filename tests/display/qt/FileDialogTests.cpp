@@ -90,7 +90,7 @@ TEST_F(FileDialogs, ListHiddenFoldersAndTheDrivesOfTheWinePrefix) {
   });
 }
 
-TEST_F(FileDialogs, OpenWhatIsTyped) {
+TEST_F(FileDialogs, OpenTypedNames) {
   const std::pair<const char*, const char*> rows[] = {{"CC4.EXE", "cc4.exe"},
                                                       {"../Game/a.crv", "a.crv"},
                                                       {"Maps/../../Game/other.exe", "other.exe"}};
@@ -106,7 +106,7 @@ TEST_F(FileDialogs, OpenWhatIsTyped) {
   }
 }
 
-TEST_F(FileDialogs, RefuseAFileThatIsNotThereAndStay) {
+TEST_F(FileDialogs, StayOpenForAMissingFile) {
   const CommonDialog chosen = Show(&CommonDialog::ShowOpen, Open, [this](QFileDialog& dialog) {
     WhenNext([this] {
       EXPECT_EQ(SeenMessage().Text, Game.filePath("gone.exe").toStdString() + "\nFile not found.");
@@ -120,7 +120,7 @@ TEST_F(FileDialogs, RefuseAFileThatIsNotThereAndStay) {
   EXPECT_EQ(chosen.FileName, "");
 }
 
-TEST_F(FileDialogs, SaveWithoutAQuestionOfTheirOwn) {
+TEST_F(FileDialogs, SaveWithoutAskingAboutOverwriting) {
   const CommonDialog settings = {.Flags = PathMustExist,
                                  .DefaultExt = ".CRV",
                                  .Filter = "Corvane Patch Files (*.crv)|*.crv",

@@ -19,7 +19,7 @@ constexpr Desktop Desktops[] = {
     {"fields greyer than the window", "#FFFFFF", "#202020", "#F0F0F0", "#3584E4", "white"},
     {"dark", "#353535", "white", "#2D2D2D", "#15539E", "white"},
     {"black", "black", "white", "black", "yellow", "black"},
-    {"text like its ground", "#808080", "#848484", "#7F7F7F", "#828282", "#808080"},
+    {"text like its background", "#808080", "#848484", "#7F7F7F", "#828282", "#808080"},
 };
 
 QPalette PaletteOf(const Desktop& desktop) {
@@ -38,7 +38,7 @@ QPalette PaletteOf(const Desktop& desktop) {
 class Colours : public testing::TestWithParam<Desktop> {};
 INSTANTIATE_TEST_SUITE_P(, Colours, testing::ValuesIn(Desktops));
 
-TEST_P(Colours, HaveTextsThatCanBeRead) {
+TEST_P(Colours, MakeTextReadable) {
   const QPalette colours = ReadablePalette(PaletteOf(GetParam()));
   using enum QPalette::ColorRole;
   const std::pair<QPalette::ColorRole, QPalette::ColorRole> texts[] = {{WindowText, Window},
@@ -53,7 +53,7 @@ TEST_P(Colours, HaveTextsThatCanBeRead) {
 
 // The desktop's colours change while the window is on the screen. Its theme has colours of its own
 // for some classes.
-TEST_P(Colours, ShowTheEdgeAndTheGroundOfEveryControl) {
+TEST_P(Colours, ShowTheEdgeAndTheBackgroundOfEveryControl) {
   TestForm form;
   PlayWhole(form, [&] {
     for (const char* kind : {"QAbstractScrollArea", "QLineEdit", "QAbstractItemView"})
@@ -77,7 +77,7 @@ TEST_P(Colours, ShowTheEdgeAndTheGroundOfEveryControl) {
 }
 
 // Counts the pixels in a place that differ clearly between two pictures.
-int PlainlyDifferent(const QImage& before, const QImage& after, const QRect& place) {
+int ClearlyDifferent(const QImage& before, const QImage& after, const QRect& place) {
   int count = 0;
   for (int y = place.top(); y <= place.bottom(); ++y) {
     for (int x = place.left(); x <= place.right(); ++x) {
@@ -95,7 +95,7 @@ TEST_P(Colours, ShowTheFocusOfEveryControl) {
       const QImage before = Picture();
       PressKey("Tab");
       const QRect place = PlaceIn(*WidgetOf(*form.Focused));
-      EXPECT_GE(PlainlyDifferent(before, Picture(), place), place.width() + place.height())
+      EXPECT_GE(ClearlyDifferent(before, Picture(), place), place.width() + place.height())
           << form.Focused->Name;
     }
     EXPECT_EQ(form.Focused, &form.lstRows);  // a full round
@@ -192,8 +192,8 @@ TEST(Fonts, NarrowUntilATextFitsItsControl) {
   });
 }
 
-// Whatever fonts a theme sets, for all widgets or for a class of them, the picture stays.
-TEST(Fonts, AreThoseOfTheProgramWhateverAThemeSets) {
+// Fonts that a theme sets, for all widgets or for a class of them, do not change the picture.
+TEST(Fonts, IgnoreTheTheme) {
   TestForm form;
   PlayWhole(form, [&] {
     const QImage before = Picture();

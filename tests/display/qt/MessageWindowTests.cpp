@@ -32,7 +32,7 @@ std::string Lines(int count, std::size_t width) {
   return lines;
 }
 
-TEST(MessageBox, IsWholeOnTheScreenAndBreaksOnlyLinesThatItHasNoRoomFor) {
+TEST(MessageBox, FitsTheScreenAndWrapsOnlyLinesTooLongForIt) {
   const std::string paragraph(1500, 'w');
   // A text, whether it scrolls, and its wrapped lines.
   const std::tuple<std::string, bool, int> rows[] = {
@@ -71,7 +71,7 @@ TEST(MessageBox, ScrollsWhileItsButtonHasTheFocus) {
   });
 }
 
-TEST(MessageBox, CopiesWhatIsMarkedOrAll) {
+TEST(MessageBox, CopiesTheSelectionOrAll) {
   ShowBox("first\r\nsecond", [](const ShownBox& box) {
     PressKey("Ctrl+C");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "first\nsecond");

@@ -13,7 +13,7 @@ static HWND MessageText() {
   return GetDlgItem(GetActiveWindow(), TextOfMessage);
 }
 
-// Tells a text in a box and plays a script there.
+// Shows a message and plays a script in its box.
 static void Show(const std::string& text, const std::function<void()>& inBox) {
   TestForm form;
   form.cmdOK.Click = [&] { Tell(text); };
@@ -51,7 +51,7 @@ static std::string Clipboard() {
   return text;
 }
 
-TEST(TextBoxes, TakeSeveralPastedLinesAsTheyAre) {
+TEST(TextBoxes, KeepAllPastedLines) {
   TestForm f;
   Show("1\n2", [] {
     PressKey("Ctrl+C");
@@ -86,7 +86,7 @@ static BOOL WINAPI ChooseNothing(OPENFILENAMEW* dialog) {
   return FALSE;
 }
 
-TEST(FileDialogs, AreShownByTheirSettings) {
+TEST(FileDialogs, PassOnTheirSettings) {
   CommonDialog settings{.Flags = FileMustExist | PathMustExist,
                         .DefaultExt = ".CRV",
                         .Filter = "Executable|CC4.EXE|All|*.*",

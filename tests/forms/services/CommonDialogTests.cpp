@@ -40,8 +40,8 @@ TEST_F(Dialogs, ASavedNameEndsInAnExtensionOfTheFilter) {
   }
 }
 
-TEST_F(Dialogs, ANameInOtherLettersMeansTheFileThatStandsThere) {
-  if (Separator != '/') GTEST_SKIP() << "This system is blind to letter case.";
+TEST_F(Dialogs, ANameInOtherLetterCaseMeansTheExistingFile) {
+  if (Separator != '/') GTEST_SKIP() << "This system is case-insensitive.";
   Folder.Put("Mine.Crv");
   const CommonDialog settings = {.DefaultExt = ".CRV", .Filter = "Patches|*.crv"};
   for (const char* chosen : {"Mine.Crv", "MINE.CRV", "mine"}) {
@@ -64,7 +64,7 @@ TEST_F(Dialogs, ACancelGivesNothing) {
   }
 }
 
-TEST_F(Dialogs, TheFlagsRefuseWhatIsNotThere) {
+TEST_F(Dialogs, TheFlagsRejectMissingFilesAndFolders) {
   Folder.Put("there.crv");
   const std::string noFile = "\r\nFile not found.", noPath = "\r\nPath does not exist.";
   const std::tuple<int, const char*, std::string> rows[] = {

@@ -20,7 +20,7 @@ struct Row {
 };
 
 // clang-format off
-const Row AskTheField[] = {
+const Row ValidatingActions[] = {
     {"pick", [](TestForm& f) { PickRow(f.lstRows, 1); }, "rowbee ", "lstRows"},
     {"double-click", [](TestForm& f) { DoubleClick(f.lstRows, 2); }, "rowcat doublecat ", "lstRows"},
     {"double-click again", [](TestForm& f) { DoubleClick(f.lstRows, 2); }, "doublecat ", "lstRows"},
@@ -32,7 +32,7 @@ const Row AskTheField[] = {
     {"Tab", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Tab)); }, "", "txtName"},
     {"typing elsewhere", [](TestForm& f) { EditText(f.txtName, {0, 0, "y"}); }, "namey ", "txtName"}};
 
-const Row DoNotAskTheField[] = {
+const Row OtherActions[] = {
     {"Esc", [](TestForm& f) { EXPECT_TRUE(PressKey(f, Key::Escape)); }, "cancel ", "txtNumber"},
     {"menu item", [](TestForm& f) { Choose(f.mnuSave); }, "save ", "txtNumber"},
     {"close box", [](TestForm& f) { CloseWindow(f); }, "unload ", "txtNumber"},
@@ -63,11 +63,11 @@ struct Controls : Gestures {};
 
 }  // namespace
 
-TEST_F(Gestures, RunValidateFirst) { ExpectEvents(AskTheField, "", "accept "); }
-TEST_F(Gestures, DoNothingWhenValidateRefuses) { ExpectEvents(AskTheField, "x", "refuse "); }
-TEST_F(Gestures, RunNoValidateWhereTheFocusStays) { ExpectEvents(DoNotAskTheField, "x", ""); }
+TEST_F(Gestures, RunValidateFirst) { ExpectEvents(ValidatingActions, "", "accept "); }
+TEST_F(Gestures, DoNothingWhenValidateRefuses) { ExpectEvents(ValidatingActions, "x", "refuse "); }
+TEST_F(Gestures, RunNoValidateWhereTheFocusStays) { ExpectEvents(OtherActions, "x", ""); }
 
-TEST_F(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
+TEST_F(Gestures, TabCyclesThroughFocusableControls) {
   f.txtLines.SetEnabled(false);
   f.cmdOK.SetVisible(false);
   const std::pair<bool, const Control*> steps[] = {
@@ -80,7 +80,7 @@ TEST_F(Gestures, TabGoesRoundThroughWhatTakesTheFocus) {
   }
 }
 
-TEST_F(Gestures, TheFocusLeavesWhatIsGreyedOrHidden) {
+TEST_F(Gestures, TheFocusLeavesDisabledAndHiddenControls) {
   EXPECT_TRUE(MoveFocus(f.cmdCancel));
   f.cmdHelp.SetEnabled(false);
   EXPECT_EQ(f.Focused, &f.cmdCancel);
@@ -125,7 +125,7 @@ TEST_F(Gestures, TabSelectsAllOfASingleLine) {
   EXPECT_FALSE(f.txtLines.SelectionSet);
 }
 
-TEST_F(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
+TEST_F(Gestures, APressOrAFocusFromOutsideRunsValidate) {
   EXPECT_TRUE(MoveFocus(f.txtNumber));
   EXPECT_TRUE(AllowPress(f, nullptr));
   EXPECT_FALSE(AllowPress(f, &f.lblNote));
@@ -143,7 +143,7 @@ TEST_F(Gestures, APressOrAFocusFromElsewhereAsksTheField) {
   EXPECT_EQ(f.Focused, &f.txtName);
 }
 
-TEST_F(Gestures, ADoubleClickEndsWhereItsFirstHalfLeadsElsewhere) {
+TEST_F(Gestures, ADoubleClickStopsIfItsFirstClickLeadsElsewhere) {
   TestForm dialog;
   dialog.QueryUnload = [] { return true; };
   f.lstRows.Click = [&] { dialog.Open(); };
@@ -187,7 +187,7 @@ TEST_F(Controls, AListRaisesClickOnlyWhenItsSelectedRowChanges) {
   EXPECT_EQ(clicks, 3);
 }
 
-TEST_F(Controls, ATextBoxRaisesChangeAndUnselectsOnlyWhenItsTextChanges) {
+TEST_F(Controls, ATextBoxRaisesChangeAndDeselectsOnlyWhenItsTextChanges) {
   f.txtName.SetText("\xC3\xA4zz");
   EXPECT_EQ(f.TakeLog(), "name\xC3\xA4zz ");
   f.txtName.SelStart = 1;
@@ -202,7 +202,7 @@ TEST_F(Controls, ATextBoxRaisesChangeAndUnselectsOnlyWhenItsTextChanges) {
   EXPECT_EQ(f.txtName.SelLength, 0);
 }
 
-TEST_F(Controls, AnEditChangesWhatTheUserChangedAndNothingElse) {
+TEST_F(Controls, AnEditPreservesEverythingElse) {
   // The text, the edited text before and after the caret, and the result.
   const char* const edits[][4] = {
       {"a\rb\nc\r\nd", "a\nb\nx", "c\nd", "a\rb\nxc\r\nd"},
@@ -221,14 +221,14 @@ TEST_F(Controls, AnEditChangesWhatTheUserChangedAndNothingElse) {
       {"abc", "", "", ""},
       {"a\nb\rc", "\nb\nca", "", "\nb\rca"}};  // moved: line breaks stay
   TextBox box(f, {"Brief", "", {}, 11}, 12, TextLines::Several);
-  for (const auto& [text, before, behind, wanted] : edits) {
+  for (const auto& [text, before, rest, wanted] : edits) {
     box.SetText(text);
-    EditText(box, FindEdit(box, std::string(before) + behind, before));
+    EditText(box, FindEdit(box, std::string(before) + rest, before));
     EXPECT_EQ(box.Text(), wanted);
   }
 }
 
-TEST_F(Controls, TheProgramsFillingExceedsATypedLimit) {
+TEST_F(Controls, TheProgramMayExceedATypedLimit) {
   f.txtName.SetText("1\r\n456");
   f.txtName.SelectAll();
   f.TakeLog();

@@ -36,7 +36,7 @@ TEST_F(Undoing, GoesStepByStepAndBack) {
   EXPECT_EQ(Steps(f.txtLines, Redo), (Texts{"abc", "ac", "pastedac"}));
 }
 
-TEST_F(Undoing, TypedCharactersAreOneStepWhileTheyFollowEachOther) {
+TEST_F(Undoing, ConsecutiveTypedCharactersAreOneStep) {
   Type(f.txtLines, "abc");
   f.txtLines.SelStart = 1;
   Type(f.txtLines, "xy");
@@ -55,7 +55,7 @@ TEST_F(Undoing, ACorrectedEditIsOneStepAndARefusedOneIsNone) {
   EXPECT_EQ(Steps(f.txtName, Redo), Texts{"?1234"});
 }
 
-TEST_F(Undoing, EndsAtTheProgramsFilling) {
+TEST_F(Undoing, StopsAtATextSetByTheProgram) {
   for (const char* filling : {"same", "other"}) {
     f.txtNumber.SetText("");
     EditText(f.txtNumber, {0, 0, "same"});
@@ -66,7 +66,7 @@ TEST_F(Undoing, EndsAtTheProgramsFilling) {
   }
 }
 
-TEST_F(Undoing, ANewEditDropsWhatWasUndone) {
+TEST_F(Undoing, ANewEditDropsUndoneSteps) {
   EditText(f.txtNumber, {0, 0, "12"});
   Undo(f.txtNumber);
   EXPECT_TRUE(f.txtNumber.History.CanRedo());
@@ -75,7 +75,7 @@ TEST_F(Undoing, ANewEditDropsWhatWasUndone) {
   EXPECT_EQ(Steps(f.txtNumber, Undo), Texts{""});
 }
 
-TEST_F(Undoing, RaisesChangeAndPutsTheCaretWhereTheEditWas) {
+TEST_F(Undoing, RaisesChangeAndPlacesTheCaretAtTheEdit) {
   f.txtName.SetText("abcd");
   EditText(f.txtName, {1, 2, ""});
   f.TakeLog();
@@ -87,7 +87,7 @@ TEST_F(Undoing, RaisesChangeAndPutsTheCaretWhereTheEditWas) {
   EXPECT_TRUE(f.txtName.SelectionSet);
 }
 
-TEST_F(Undoing, HasItsKeys) {
+TEST_F(Undoing, RespondsToItsKeys) {
   const std::pair<KeyStroke, const char*> rows[] = {
       {{'Z', {.Ctrl = true}}, ""},           {{'y', {.Ctrl = true}}, "1"},
       {{Key::Backspace, {.Alt = true}}, ""}, {{'Z', {.Ctrl = true, .Shift = true}}, "1"},
