@@ -91,7 +91,8 @@ LONG ColumnsLeft(HWND combo, const Pixels& pixels) {
   LONG last = -1;
   for (LONG y = parts.rcItem.top; y < parts.rcItem.bottom; ++y) {
     for (LONG x = parts.rcItem.left; x < parts.rcItem.right; ++x) {
-      const COLORREF pixel = pixels[static_cast<std::size_t>(y * width + x)];
+      const COLORREF pixel = pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                                    static_cast<std::size_t>(x)];
       if ((pixel & 0xFF) < 0x60) last = std::max(last, x);
     }
   }
