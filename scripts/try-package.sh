@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# scripts/try-package.sh FILE.deb [SYSTEM]: installs the package on a clean Debian 13 (or another system
-# of scripts/roots.sh), starts both programs, removes the package, and fails if files remain. As root.
+# scripts/try-package.sh FILE.deb [SYSTEM]: installs the package on a clean system of scripts/roots.sh,
+# by default the one that this machine has, starts both programs, removes the package, and fails if
+# files remain. As root.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh
@@ -8,13 +9,14 @@ cd "$(dirname "$0")/.."
 
 [ -f "${1-}" ] || { echo "usage: scripts/try-package.sh FILE.deb [SYSTEM]" >&2; exit 2; }
 need roots
-new_root "${2-debian13}" package
+system=${2-$(. /etc/os-release && echo "$ID${VERSION_ID//./}")}
+new_root "$system" package
 trap 'remove_root package' EXIT
 cp "$1" "$roots/package/tmp/corvane.deb"
 in_root package root apt-get install -qq -y --no-install-recommends \
   xvfb xauth x11-utils openbox fonts-dejavu-core >/dev/null
 
-files() { (cd "$roots/package" && find etc home opt root srv usr var -xdev | sort); }
+files() { (cd "$roots/package" && find etc home opt root srv usr var -xdev | LC_ALL=C sort); }
 
 # Its dependencies stay installed, so install them before the first listing.
 depends=$(dpkg-deb -f "$1" Depends | sed 's/([^)]*)//g; s/|[^,]*//g; s/,/ /g')
@@ -42,12 +44,14 @@ for _ in $(seq 100); do
 done
 exit 1
 END
-in_root package modder xvfb-run -a -s "-screen 0 1280x900x24" sh /tmp/start.sh
+in_root package modder xvfb-run -a -w 30 -s "-screen 0 1280x900x24" sh /tmp/start.sh
 in_root package root apt-get purge -qq -y corvane >/dev/null
 files >"$roots/package.after"
-if diff "$roots/package.before" "$roots/package.after" | grep -E '^>' |
-  grep -vE ' (var/(lib|cache|log)/(apt|dpkg|ldconfig|debconf|fontconfig)|home/modder/\.cache/(fontconfig|mesa|openbox))'; then
-  echo "The files above remain after the removal." >&2
+# Logs and caches of the system's own programs do not count.
+own='var/(lib|cache|log)/(apt|dpkg|ldconfig|debconf|fontconfig)|home/modder/\.cache(/(fontconfig|mesa|openbox)|$)'
+remaining=$(LC_ALL=C comm -13 "$roots/package.before" "$roots/package.after" | grep -vE "^($own)" || true)
+if [ -n "$remaining" ]; then
+  printf 'These files remain after the removal:\n%s\n' "$remaining" >&2
   exit 1
 fi
-echo "installed, started and removed on ${2-debian13}: no files remain"
+echo "installed, started and removed on $system: no files remain"

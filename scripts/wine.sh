@@ -15,5 +15,5 @@ fi
 
 # on_screen COMMAND...: runs the command on its own virtual screen.
 on_screen() {
-  xvfb-run -a -s "-screen 0 1024x768x24" "$@"
+  xvfb-run -a -w 30 -s "-screen 0 1024x768x24" "$@"
 }
