@@ -92,7 +92,9 @@ TEST(Lists, PickRowsDuringADrag) {
     const auto* list = WidgetOf<QListWidget>(form.lstRows);
     const auto at = [&](int row) { return list->visualItemRect(list->item(row)).center(); };
     QTest::mousePress(list->viewport(), Qt::LeftButton, {}, at(1));
-    QTest::mouseMove(list->viewport(), at(3));
+    QMouseEvent move(QEvent::MouseMove, at(3), list->viewport()->mapToGlobal(at(3)), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QCoreApplication::sendEvent(list->viewport(), &move);
     QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, at(3));
     EXPECT_EQ(form.TakeLog(), "rowbee rowdog ");
   });
