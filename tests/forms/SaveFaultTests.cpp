@@ -36,6 +36,7 @@ struct Plan {
   std::array<Fault, 2> Faults;
   bool Permanent = false;  // every later step fails as well
   int Steps = 0;
+  bool Changed = false;          // a write or a new length took effect
   int Allocated = 0;             // at the last call
   std::array<bool, 9> Failed{};  // by FileStep
   bool Blind = false;            // the last failed step would have read the file's state
@@ -43,6 +44,8 @@ struct Plan {
   std::error_code operator()(FileStep step, Moment moment, std::size_t&) {
     if (moment == Moment::Before) ++Steps;
     if (step == FileStep::Write) MayNotAllocate = true;
+    if (moment == Moment::After && (step == FileStep::Write || step == FileStep::SetLength))
+      Changed = true;
     Allocated = Allocations;
     for (const Fault& fault : Faults) {
       const bool hit = fault.Step == Steps - 1 || (Permanent && fault.Step < Steps - 1);
@@ -63,7 +66,8 @@ bool IsTrue(FileState state, const Contents& old, const Contents& now, const Pla
     case FileState::Unchanged:
       return old && now == old && flushed;
     case FileState::Unconfirmed:
-      return old && now == old && (!flushed || plan.Failed[std::size_t(FileStep::Close)]);
+      return old && now == old && plan.Changed &&
+             (!flushed || plan.Failed[std::size_t(FileStep::Close)]);
     case FileState::NotCreated:
     case FileState::Removed:
     case FileState::Gone:

@@ -101,7 +101,7 @@ TEST_F(WineRegistry, ReadsEveryFormOfAText) {
       {Escapes, "A2中A2\1\"\tqxg\\\uE000\u0800"},
       {R"("\xd800\xd800\xdc00\xdc00\xdfff\xdbff\xdfff")", "?\U00010000??\U0010FFFF"},
       {R"(str(2):"%x%")", "%x%"},
-      {"dword:44434241", "ABCD"},
+      {"dword:444342410", "ABCD"},
       {"hex(1):41, 00,e4,00,7", "Aä"},
       {"hex(2):41,\\\n  00,2d,4e", "A中"},
       {"hex(a0):80", "€"},
