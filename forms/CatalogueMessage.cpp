@@ -18,7 +18,7 @@ std::string CatalogueMessage(const CatalogueReport& report) {
   if (!report.FoundFiles) return NoMapFiles(report);
   if (report.Failures.empty()) return {};
   std::string text =
-      "Error: Not all map files could be read. Those have no row, so the rows and the map numbers "
+      "Error: Some map files could not be read. They have no row, so the rows and the map numbers "
       "may no longer agree:";
   for (const Failure& failure : report.Failures) text += "\r\n" + FailureMessage(failure);
   return text;

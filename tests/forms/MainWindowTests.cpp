@@ -244,7 +244,7 @@ TEST(MainWindow, NamesEachUnreadableMapFile) {
   session.Main.ShowCatalogue();
   ASSERT_EQ(session.Messages.size(), 1U);
   const std::string& message = session.Messages[0];
-  EXPECT_TRUE(message.starts_with("Error: Not all map files could be read.")) << message;
+  EXPECT_TRUE(message.starts_with("Error: Some map files could not be read.")) << message;
   EXPECT_NE(message.find("\r\n" + path + " could not be read: "), message.npos) << message;
   EXPECT_EQ(session.Main.lstMaps.ListCount(), 0);
 }
