@@ -13,8 +13,6 @@ namespace {
 // Integers and records are copied from and to memory unchanged.
 static_assert(std::endian::native == std::endian::little);
 
-using BtdImage = std::array<std::byte, BtdSize>;
-
 constexpr std::size_t MapIndexOffset = 4;
 constexpr std::size_t VLsOffset = BtdHeaderSize;
 constexpr std::size_t TextOffset = BtdHeadSize;
@@ -28,14 +26,6 @@ void DecodeHead(const BtdImage& image, BtdHeader& header, VictoryLocations& vls)
   std::memcpy(&header.Magic, image.data(), sizeof header.Magic);
   header.MapIndex = std::to_integer<std::uint8_t>(image[MapIndexOffset]);
   std::memcpy(vls.data(), image.data() + VLsOffset, sizeof vls);
-}
-
-void Encode(const BtdHeader& header, const VictoryLocations& vls, const BtdText& text,
-            BtdImage& image) {
-  std::memcpy(image.data(), &header.Magic, sizeof header.Magic);
-  image[MapIndexOffset] = std::byte{header.MapIndex};
-  std::memcpy(image.data() + VLsOffset, vls.data(), sizeof vls);
-  std::memcpy(image.data() + TextOffset, &text, sizeof text);
 }
 
 }  // namespace
@@ -59,14 +49,22 @@ Result<BtdFile> ReadBtd(const std::string& path) {
   return file;
 }
 
+BtdImage EncodeBtd(const BtdHeader& header, const VictoryLocations& vls, const BtdText& text) {
+  BtdImage image;
+  std::memcpy(image.data(), &header.Magic, sizeof header.Magic);
+  image[MapIndexOffset] = std::byte{header.MapIndex};
+  std::memcpy(image.data() + VLsOffset, vls.data(), sizeof vls);
+  std::memcpy(image.data() + TextOffset, &text, sizeof text);
+  return image;
+}
+
 Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex, const VictoryLocations& vls,
                   const BtdText& text, const BtdFile* known) {
-  BtdImage image;
-  Encode({BtdMagic, mapIndex}, vls, text, image);
+  const BtdImage image = EncodeBtd({BtdMagic, mapIndex}, vls, text);
   BtdImage old;
   WriteRange range{0, image};
   if (known != nullptr) {
-    Encode(known->Header, known->VLs, known->Text, old);
+    old = EncodeBtd(known->Header, known->VLs, known->Text);
     range.Known = old;
   }
   return SaveInPlace(path, {&range, 1}, IfMissing::Create);

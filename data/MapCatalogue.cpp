@@ -11,8 +11,6 @@ namespace {
 
 constexpr std::size_t RowDigits = 3;
 
-std::string MapsFolder() { return JoinPath(GamePath, NameInFolder(GamePath, "Maps")); }
-
 void AddMapFile(const std::string& name, const HeadReader& readHead, CatalogueReport& report) {
   const auto head = readHead(JoinPath(report.Folder, name));
   if (!head.Done()) return report.Failures.push_back(head.Error());
@@ -21,6 +19,8 @@ void AddMapFile(const std::string& name, const HeadReader& readHead, CatalogueRe
 }
 
 }  // namespace
+
+std::string MapsFolder() { return JoinPath(GamePath, NameInFolder(GamePath, "Maps")); }
 
 CatalogueReport LoadMapCatalogue(const HeadReader& readHead) {
   MapRows.clear();

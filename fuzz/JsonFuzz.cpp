@@ -52,5 +52,5 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   RequireHarmless(ListTables(layer));
   RequireHarmless(ListBtd(file));
   const std::string image = Reached(input, BtdSize).substr(0, BtdSize);
-  Require(BtdImage(ParseJson(BtdToJson(file))->Btd) == image, "every byte survives");
+  Require(EncodeMapFile(ParseJson(BtdToJson(file))->Btd) == image, "every byte survives");
 }

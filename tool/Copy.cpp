@@ -77,8 +77,8 @@ void PrintChanges(const Source& from, const Target& to, const std::optional<Sour
 // Saves, unless the target has changed since the changes were printed.
 Result<> Save(const Source& from, const Target& to, const std::optional<Source>& old) {
   if (to.Kind == SourceKind::Btd) {
-    const std::string image = BtdImage(from.Btd);
-    const std::string known = old ? BtdImage(old->Btd) : std::string();
+    const std::string image = EncodeMapFile(from.Btd);
+    const std::string known = old ? EncodeMapFile(old->Btd) : std::string();
     const WriteRange whole{0, std::as_bytes(std::span(image)), std::as_bytes(std::span(known))};
     return SaveInPlace(to.Path, {&whole, 1}, IfMissing::Create);
   }

@@ -1,7 +1,6 @@
 #include "tool/Layer.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "base/FolderScan.h"
@@ -9,8 +8,6 @@
 
 namespace corvane {
 namespace {
-
-std::string MapsFolder() { return GamePath + Separator + NameInFolder(GamePath, "Maps"); }
 
 // Moves the file that each row names to the index of the row.
 void ArrangeByRow(std::vector<MapFile>& files) {
@@ -63,15 +60,15 @@ MapFile MakeMapFile(std::string name, const BtdFile& file) {
        std::string(WithoutPadding(text.AxisBrief))}};
 }
 
-std::string BtdImage(const MapFile& file) {
-  std::string image(BtdHeadSize, '\0');
-  std::memcpy(image.data(), &file.Header.Magic, sizeof file.Header.Magic);
-  image[sizeof file.Header.Magic] = static_cast<char>(file.Header.MapIndex);
-  std::memcpy(image.data() + BtdHeaderSize, file.VLs.data(), sizeof file.VLs);
-  const MapText& text = file.Text;
-  return image.append(PadText(text.BaseName, sizeof BtdText::BaseName))
-      .append(PadText(text.AlliedBrief, sizeof BtdText::AlliedBrief))
-      .append(PadText(text.AxisBrief, sizeof BtdText::AxisBrief));
+std::string EncodeMapFile(const MapFile& file) {
+  BtdText text;
+  file.Text.BaseName.copy(text.BaseName.data(), text.BaseName.size());
+  file.Text.AlliedBrief.copy(text.AlliedBrief.data(), text.AlliedBrief.size());
+  file.Text.AxisBrief.copy(text.AxisBrief.data(), text.AxisBrief.size());
+  std::string bytes;
+  for (const std::byte byte : EncodeBtd(file.Header, file.VLs, text))
+    bytes += std::to_integer<char>(byte);
+  return bytes;
 }
 
 }  // namespace corvane

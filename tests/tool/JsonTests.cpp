@@ -16,7 +16,7 @@ namespace {
 std::string ReadBack(const std::string& json) {
   const auto read = ParseJson(json);
   if (!read.Done()) return read.Error();
-  if (read->IsBtd) return BtdImage(read->Btd);
+  if (read->IsBtd) return EncodeMapFile(read->Btd);
   return PatchBytes(TablesOf(read->Tables));
 }
 
@@ -29,7 +29,7 @@ const std::string SampleBtd = BtdToJson(Sample.Files[4]);
 TEST(Json, PreservesTheSample) {
   EXPECT_TRUE(ReadBack(SampleTables) == PatchBytes(MakeSampleGame().Tables));
   for (const MapFile& file : Sample.Files) {
-    EXPECT_TRUE(ReadBack(BtdToJson(file)) == BtdImage(file)) << file.Name;
+    EXPECT_TRUE(ReadBack(BtdToJson(file)) == EncodeMapFile(file)) << file.Name;
   }
 }
 

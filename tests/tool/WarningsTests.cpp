@@ -176,8 +176,10 @@ TEST_F(Warnings, AndFindingsNameTheirSlots) {
     return places;
   };
   Of.Hotspots[2] = {};
-  EXPECT_EQ(placesOf(WarningsOf(Of))[0], std::pair(2, -1));
-  EXPECT_EQ(placesOf(WarningsOf(Of)).back(), std::pair(-1, 80));
+  const Places warnings = placesOf(WarningsOf(Of));
+  ASSERT_FALSE(warnings.empty());
+  EXPECT_EQ(warnings.front(), std::pair(2, -1));
+  EXPECT_EQ(warnings.back(), std::pair(-1, 80));
   Of.Destinations(1, 1) = NotAnExit;    // map 0 has no exit back
   Of.Connections(2, 1) = NoConnection;  // map 1 has no connection back, and the exit of 2 none
   Of.Tiles[30].Height = 0;

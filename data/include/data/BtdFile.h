@@ -73,6 +73,11 @@ static_assert(sizeof(VictoryLocation) == 32 && offsetof(VictoryLocation, Kind) =
               offsetof(VictoryLocation, Name) == 8 && offsetof(VictoryLocation, Destination) == 29);
 static_assert(BtdHeadSize == 325 && BtdSize == 8526);
 
+/// The known part of a BTD file.
+using BtdImage = std::array<std::byte, BtdSize>;
+[[nodiscard]] BtdImage EncodeBtd(const BtdHeader& header, const VictoryLocations& vls,
+                                 const BtdText& text);
+
 /// Reads the first 325 or 8526 bytes. Bytes past the end of a short file are zero.
 [[nodiscard]] Result<BtdHead> ReadBtdHead(const std::string& path);
 [[nodiscard]] Result<BtdFile> ReadBtd(const std::string& path);

@@ -20,6 +20,9 @@ inline std::vector<std::string> ArrowRows;  // "000" to "080" once a catalogue i
 /// here, so that each is read once.
 using HeadReader = std::function<Result<BtdHead>(const std::string& path)>;
 
+/// The path of the Maps folder, in its own letter case.
+[[nodiscard]] std::string MapsFolder();
+
 struct CatalogueReport {
   std::string Folder;             // the Maps folder
   bool FoundFiles = false;        // the folder holds map files

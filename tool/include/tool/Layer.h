@@ -52,6 +52,6 @@ struct Layer {
 [[nodiscard]] MapFile MakeMapFile(std::string name, const BtdFile& file);
 
 /// The 8526 bytes of a BTD file that hold these records.
-[[nodiscard]] std::string BtdImage(const MapFile& file);
+[[nodiscard]] std::string EncodeMapFile(const MapFile& file);
 
 }  // namespace corvane
