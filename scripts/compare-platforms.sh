@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Compares the Linux program with the Windows program under Wine: a game folder that either edits, or
-# one after the other, must be byte-identical, and both must find the same maps for a patch file
+# Compares the Linux program with the Windows program under Wine: a game folder edited by either
+# program, or by one after the other, must end up byte-identical, and both must find the same maps for a patch file
 # through the registry of one prefix. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."

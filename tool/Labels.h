@@ -23,8 +23,8 @@ class LabelSheet {
   /// Keeps labels away from `box`.
   void Take(const Box& box);
   [[nodiscard]] bool IsFree(const Box& box) const;
-  /// Places `text` at the first of `corners` (its left top) where it fits. Returns False if it fits
-  /// nowhere.
+  /// Places `text` at the first of `corners` (its upper left corner) where it fits. Returns False
+  /// if it fits nowhere.
   [[nodiscard]] bool Put(std::string_view text, int size, std::span<const Point> corners,
                          PlacedLabel& label);
 

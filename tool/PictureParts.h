@@ -45,7 +45,7 @@ void DrawBox(Markup& out, const Box& box);
 void DrawBadges(Sheet& sheet);
 void DrawLegend(Sheet& sheet);
 
-/// The right bottom corner of the list of findings and warnings, in pixels of the sheet.
+/// The lower right corner of the list of findings and warnings, in pixels of the sheet.
 [[nodiscard]] Point ListEnd(const Marks& marks);
 void DrawList(Sheet& sheet);
 

@@ -190,7 +190,7 @@ class LayerCheck {
     const std::string name = "the connection to map " + MapLabel(TheLayer, to);
     const std::int32_t arrow = TheLayer.Connections(from, to);
     if (arrow < 0 || arrow >= ArrowSlotCount) {
-      Warn(from, name + " has the number " + std::to_string(arrow) + ", which is not an arrow");
+      Warn(from, name + " names arrow " + std::to_string(arrow) + ", which does not exist");
     } else {
       AddUser(arrow, {std::min(from, to), std::max(from, to)});
     }

@@ -17,7 +17,7 @@
 namespace corvane {
 namespace {
 
-// In bytes. Real registry files have a few megabytes.
+// In bytes. Real registry files are a few megabytes.
 constexpr std::uint64_t MaxRegistrySize = std::uint64_t{16} << 20;
 
 std::string HomeFolder() {

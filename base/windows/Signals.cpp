@@ -1,4 +1,4 @@
-// A console handler records Ctrl+C and Ctrl+Break, and they are raised again later.
+// A console handler records Ctrl+C and Ctrl+Break, and raises Ctrl+C for either later.
 #include "base/Signals.h"
 
 #include <windows.h>

@@ -17,7 +17,7 @@ constexpr int MinStretch = 44;  // percent; narrower letters are illegible
 constexpr int StretchStep = 4;
 constexpr int ButtonMargins = 6;  // pixels, both sides of a caption
 constexpr int FieldMargins = 6;   // pixels, both sides of a combo box's text
-constexpr int ListMargins = 24;   // pixels, including the scroll bar of a dropped list
+constexpr int ListMargins = 24;   // pixels, including the scroll bar of the dropdown list
 
 QRect PlaceOf(const Control& control) {
   const Place& at = control.At;

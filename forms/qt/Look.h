@@ -11,7 +11,7 @@
 namespace corvane {
 
 inline constexpr double EdgeContrast = 3;    // minimum contrast of edges and the focus
-inline constexpr double TextContrast = 4.5;  // minimum contrast of text with its ground
+inline constexpr double TextContrast = 4.5;  // minimum contrast of text with its background
 inline constexpr int ComboArrow = 14;        // width of a combo box's arrow, in pixels
 
 /// The contrast ratio of two colours: 1 for equal colours, 21 for black and white.

@@ -41,7 +41,7 @@ ControlWidget Make(Label& label, HWND parent) {
   return made;
 }
 
-// Paints the frame's ground: a group box leaves that to its parent, which clips its children.
+// Paints the frame's background: a group box leaves that to its parent, which clips its children.
 LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM first, LPARAM second, UINT_PTR,
                            DWORD_PTR) {
   if (message != WM_ERASEBKGND) return DefSubclassProc(frame, message, first, second);
@@ -155,7 +155,7 @@ RowColours ColoursOf(UINT state) {
   return {COLOR_WINDOW, COLOR_WINDOWTEXT};
 }
 
-// Text in the field shrinks to fit; dropped rows use the normal font.
+// Text in the field shrinks to fit; the rows of the dropdown list use the normal font.
 void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
   constexpr LONG Margin = 2;
   const RECT& at = row.rcItem;
@@ -181,7 +181,7 @@ void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
     DrawFocusRect(row.hDC, &at);
 }
 
-// Whether the current input is a click on a dropped row or Enter.
+// Whether the current input is a click on a row of the dropdown list or Enter.
 bool PicksInRows(HWND combo) {
   if (!Send(combo, CB_GETDROPPEDSTATE)) return false;
   const DWORD at = GetMessagePos();
@@ -198,8 +198,8 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
   made.Mirror = RowMirror(widget, OfComboBox, combo);
   made.OnNotify = [&combo, widget](int code) {
     const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
-    // An arrow key in dropped rows is not yet a choice and can be cancelled. The shown row is a
-    // choice only if picked among them.
+    // An arrow key in the dropdown list is not yet a choice and can be cancelled. The shown row is
+    // a choice only if picked among them.
     const bool chosen = row != combo.ListIndex() || PicksInRows(widget);
     if (code == CBN_SELENDOK && chosen) PickRow(combo, row);
     if (code != CBN_CLOSEUP) return;
@@ -224,7 +224,7 @@ void PlaceWidget(const ControlWidget& widget, int dpi) {
   widget.SetFont(widget, dpi);
 }
 
-// Aligns a label's base line with that of its field.
+// Aligns a label's baseline with that of its field.
 void AlignLabel(const ControlWidget& label, std::span<const ControlWidget> widgets, int dpi) {
   const auto* shown = dynamic_cast<const Label*>(label.Shown);
   const Control* beside = shown ? FieldBeside(*shown) : nullptr;

@@ -279,7 +279,7 @@ bool FormWindow::RefusesPress(const MSG& press) {
   return list && IsBelowRows(press.hwnd, press.lParam);
 }
 
-// Whether the focused combo box has its rows dropped.
+// Whether the focused combo box is dropped down.
 bool FormWindow::RowsAreDropped() const {
   const HWND focused = GetFocus();
   return dynamic_cast<ComboBox*>(ControlOf(focused)) &&

@@ -22,7 +22,7 @@ static const std::string DeleteQuestion =
     "with all connections to this map from all other maps, will be deleted.  The contents of the "
     "BTD file will also be deleted.";
 
-TEST(FixedTexts, OfTheHelpMenuComeWithNothingOpen) {
+TEST(FixedTexts, OfTheHelpMenuNeedNoOpenGame) {
   Session session(GameFiles(MakeSampleGame()));
   session.Menu(session.Main.mnuHelpBasic);
   session.Menu(session.Main.mnuHelpAbout);

@@ -134,7 +134,7 @@ struct SaveFaults : testing::Test {
 
 }  // namespace
 
-TEST_F(SaveFaults, AreReportedCorrectlyAndNeverAllocate) {
+TEST_F(SaveFaults, AreReportedCorrectlyWithoutAllocation) {
   for (const int size : {-1, 0, 5, 3600, 4000, 5000}) {
     SCOPED_TRACE(size);
     Old = size < 0 ? std::nullopt : Contents(std::string(std::size_t(size), 'o'));

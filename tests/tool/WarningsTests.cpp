@@ -88,12 +88,12 @@ TEST_F(Warnings, CoverTilesThatOverlap) {
 }
 
 TEST_F(Warnings, CoverConnections) {
-  const std::string toB = "map 000 A.btd: the connection to map 001 B.btd has ";
+  const std::string toB = "map 000 A.btd: the connection to map 001 B.btd ";
   const std::tuple<int, int, int, std::string> rows[] = {
-      {0, 1, 81, toB + "the number 81, which is not an arrow\n"},
-      {0, 1, -2, toB + "the number -2, which is not an arrow\n"},
+      {0, 1, 81, toB + "names arrow 81, which does not exist\n"},
+      {0, 1, -2, toB + "names arrow -2, which does not exist\n"},
       {1, 0, NoConnection,
-       toB + "no connection back\n"
+       toB + "has no connection back\n"
              "map 000 A.btd: the exit VL0 leads to map 001 B.btd, which has no connection back\n"
              "map 000 A.btd: no other map leads to it\n"},
       {0, 2, 0,

@@ -51,7 +51,7 @@ struct ShownMessage {
 
 [[nodiscard]] std::string SeenSelection(const TextBox& box);  // of a single line
 [[nodiscard]] bool SeenEnabled(const MenuItem& item);
-[[nodiscard]] bool SeenPopup();         // an open menu or dropped rows
+[[nodiscard]] bool SeenPopup();         // an open menu or dropdown list
 [[nodiscard]] std::string SeenFocus();  // the focused control's name
 
 }  // namespace corvane

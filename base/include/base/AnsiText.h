@@ -1,5 +1,5 @@
-// Converts between the system's 8-bit ANSI code page, which BTD files use, and UTF-8, which the
-// program uses.
+// Converts between the system's ANSI code page, which BTD files use, and UTF-8, which the program
+// uses. Windows-1252 takes the place of a code page with several bytes per character.
 #pragma once
 
 #include <string>
@@ -11,7 +11,8 @@ namespace corvane {
 [[nodiscard]] std::string AnsiToText(std::string_view bytes);
 
 /// Converts UTF-8 to bytes in the code page. A character that the code page lacks, or a byte that
-/// is not UTF-8, becomes '?'. Exactly reverses AnsiToText.
+/// is not UTF-8, becomes '?'. Reverses AnsiToText for every byte that the code page
+/// defines.
 [[nodiscard]] std::string TextToAnsi(std::string_view text);
 
 }  // namespace corvane

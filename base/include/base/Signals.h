@@ -7,9 +7,10 @@ namespace corvane {
 /// no such call.
 void IgnoreFileSizeSignal();
 
-/// While a guard exists, requests to end the program (SIGTERM, SIGINT, SIGHUP, SIGQUIT; Ctrl+C on
-/// Windows) are held back in every thread, and a write above the file size limit fails instead of
-/// ending the program. Held requests take effect when the last guard is destroyed.
+/// While a guard exists, requests to end the program (SIGTERM, SIGINT, SIGHUP, SIGQUIT; on
+/// Windows Ctrl+C and Ctrl+Break) are held back in every thread, and a write above the file size
+/// limit fails instead of ending the program. Held requests take effect when the last guard is
+/// destroyed.
 class EndSignalGuard {
  public:
   EndSignalGuard();

@@ -1,4 +1,5 @@
 // Converts between UTF-8, which the program uses, and UTF-16, which the system's calls use.
+// Windows only.
 #pragma once
 
 #include <string>

@@ -1,6 +1,6 @@
 // The list of maps, built from the BTD files in the Maps folder of GamePath. The position of a row
-// is its map slot, whatever number its text begins with. Only the rows of connections and the file
-// of a cleared slot use that number.
+// is its map slot, whatever number its text begins with. That number is used only when VLDest is
+// loaded, for the rows of connections, and for the file of a cleared slot.
 #pragma once
 
 #include <functional>

@@ -6,9 +6,10 @@
 
 namespace corvane {
 
-/// Replaces the contents of a file by `text`; creates a missing file. Returns the empty text, or a
-/// message that says what failed and the state of the file. Trailing blank lines must not matter in
-/// `text`: while a longer file is replaced, and after some failures, the file ends in them.
+/// Replaces the contents of a file by `text`; creates a missing file. Returns an empty string on
+/// success, otherwise a message that says what failed and the state of the file. Readers of the
+/// file must tolerate trailing blank lines: while a longer file is replaced, and after some
+/// failures, the file ends in them.
 [[nodiscard]] std::string WriteWhole(const std::string& path, std::string_view text);
 
 }  // namespace corvane
