@@ -10,7 +10,7 @@ foreach(option -fstack-protector-strong -fstack-clash-protection -fcf-protection
   target_compile_options(corvane_compiler INTERFACE $<$<BOOL:${${has}}>:${option}>)
 endforeach()
 
-# Some systems predefine it; it requires optimization.
+# Some systems predefine _FORTIFY_SOURCE; it requires optimization.
 target_compile_options(corvane_compiler INTERFACE
   $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE>
   $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Compares the Linux program with the Windows program under Wine: a game folder edited by either
-# program, or by one after the other, must end up byte-identical, and both must find the same maps for a patch file
-# through the registry of one prefix. For Debian and Ubuntu.
+# program, or by one after the other, must end up byte-identical, and both must find the same maps
+# for a patch file through the registry of one prefix. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

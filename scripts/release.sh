@@ -26,7 +26,6 @@ for place in "$first" "$second"; do
     { tail -n 40 "$place/log"; echo "The build failed." >&2; exit 1; }
 done
 
-mkdir -p build
 rm -rf "$out"
 mkdir -p build
 cp -r "$first/files" "$out"

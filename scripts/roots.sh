@@ -37,17 +37,17 @@ about_system() {
 
 # Debian 12 lacks Ubuntu's keyring; Debian 13 has it.
 ubuntu_keyring() {
-  local taken=$roots/ubuntu-archive-keyring.gpg
+  local copy=$roots/ubuntu-archive-keyring.gpg
   [ -e "$keyring" ] && return 0
-  if [ ! -e "$taken" ]; then
+  if [ ! -e "$copy" ]; then
     (
       new_root debian13 keyring
       in_root keyring root apt-get install -qq -y ubuntu-keyring >/dev/null
-      cp "$roots/keyring/usr/share/keyrings/ubuntu-archive-keyring.gpg" "$taken"
+      cp "$roots/keyring/usr/share/keyrings/ubuntu-archive-keyring.gpg" "$copy"
       remove_root keyring
     ) || return 1
   fi
-  keyring=$taken
+  keyring=$copy
 }
 
 # bootstrap SYSTEM: creates the archive from which its roots are unpacked.
@@ -85,7 +85,7 @@ new_root() {
   in_root "$2" root apt-get update -qq
 }
 
-# Mounts end with their command, so removing a root removes nothing of the host.
+# The mounts of in_root last only as long as their command, so removing a root cannot reach the host.
 remove_root() {
   rm -rf "${roots:?}/$1" "$roots/$1.system"
 }

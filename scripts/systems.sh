@@ -2,7 +2,8 @@
 # scripts/systems.sh [SYSTEM...]: builds and tests the last commit on clean installations of other
 # systems (debian12 debian13 ubuntu2204 ubuntu2404): runs run.sh and test.sh there, once as an ordinary
 # user (with sudo) with g++ and once as root with clang++, and prints the results. For Debian and
-# Ubuntu, as root. Packages come from DEBIAN_MIRROR and UBUNTU_MIRROR, or from the package sources of this machine.
+# Ubuntu, as root. Packages come from DEBIAN_MIRROR and UBUNTU_MIRROR, or from the package sources of
+# this machine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/try-package.sh FILE.deb [SYSTEM]: installs the package on a clean system of scripts/roots.sh,
-# by default the one that this machine has, starts both programs, removes the package, and fails if
+# by default the system of this machine, starts both programs, removes the package, and fails if
 # files remain. As root.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -11,7 +11,7 @@ if [ ! -f "$WINEPREFIX/system.reg" ]; then
     >>"$WINEPREFIX/boot.log" 2>&1
   # Wine's fallback fonts.
   cp -n /usr/share/wine/fonts/*.ttf "$WINEPREFIX"/drive_c/windows/Fonts/ 2>/dev/null || true
-  # These had no screen; a program that meets their desktop would never show a window.
+  # These commands had no screen. A program on the desktop that they started would never show a window.
   wineserver -k && wineserver -w || true
 fi
 
