@@ -14,7 +14,7 @@ namespace {
 constexpr std::int32_t MaxX = 800;
 constexpr std::int32_t MaxY = 600;
 
-constexpr std::size_t UsualMaxLength = std::size_t{64} << 10;  // bytes; fits 554 findings
+constexpr std::size_t ReservedLength = std::size_t{64} << 10;  // bytes; enough for 554 findings
 
 constexpr std::string_view LineBreak = "\r\n";
 
@@ -42,7 +42,7 @@ struct Report {
  private:
   template <class... Pieces>
   void Append(Finding finding, const Pieces&... pieces) {
-    if (Text.empty()) Text.reserve(UsualMaxLength);
+    if (Text.empty()) Text.reserve(ReservedLength);
     Add(Text, LineBreak);
     finding.Start = Text.size();
     (Add(Text, pieces), ...);

@@ -16,7 +16,7 @@ static_assert(sizeof(off_t) == sizeof(std::int64_t), "offsets must reach beyond 
 std::error_code LastError() { return {errno, std::system_category()}; }
 
 template <class Call>
-auto Uninterrupted(Call call) {
+auto RetryInterrupted(Call call) {
   auto result = call();
   while (result == -1 && errno == EINTR) result = call();
   return result;
@@ -68,7 +68,7 @@ NativePath ToNativePath(const std::string& path) { return path; }
 std::error_code SystemOpen(const NativePath& path, OpenMode mode, SystemHandle& handle) {
   constexpr mode_t Permissions = 0666;  // the umask reduces them
   const int descriptor =
-      Uninterrupted([&] { return ::open(path.c_str(), FlagsFor(mode), Permissions); });
+      RetryInterrupted([&] { return ::open(path.c_str(), FlagsFor(mode), Permissions); });
   if (descriptor < 0) return LastError();
   handle = descriptor;
   return {};
@@ -94,7 +94,7 @@ std::error_code SystemPathStatus(const NativePath& path, FileStatus& status) {
 
 std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<std::byte> buffer,
                            std::size_t& moved) {
-  const auto result = Uninterrupted([&] {
+  const auto result = RetryInterrupted([&] {
     return ::pread(Descriptor(handle), buffer.data(), buffer.size(), static_cast<off_t>(offset));
   });
   return MovedOrError(result, moved);
@@ -102,7 +102,7 @@ std::error_code SystemRead(SystemHandle handle, std::uint64_t offset, std::span<
 
 std::error_code SystemWrite(SystemHandle handle, std::uint64_t offset,
                             std::span<const std::byte> bytes, std::size_t& moved) {
-  const auto result = Uninterrupted([&] {
+  const auto result = RetryInterrupted([&] {
     return ::pwrite(Descriptor(handle), bytes.data(), bytes.size(), static_cast<off_t>(offset));
   });
   return MovedOrError(result, moved);
@@ -110,7 +110,7 @@ std::error_code SystemWrite(SystemHandle handle, std::uint64_t offset,
 
 std::error_code SystemSetLength(SystemHandle handle, std::uint64_t length) {
   const int result =
-      Uninterrupted([&] { return ::ftruncate(Descriptor(handle), static_cast<off_t>(length)); });
+      RetryInterrupted([&] { return ::ftruncate(Descriptor(handle), static_cast<off_t>(length)); });
   return result == 0 ? std::error_code() : LastError();
 }
 

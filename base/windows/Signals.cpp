@@ -1,4 +1,4 @@
-// A console handler records Ctrl+C and Ctrl+Break, and raises Ctrl+C for either later.
+// A console handler records Ctrl+C and Ctrl+Break; the last guard raises Ctrl+C again for either.
 #include "base/Signals.h"
 
 #include <windows.h>

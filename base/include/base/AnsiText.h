@@ -11,8 +11,7 @@ namespace corvane {
 [[nodiscard]] std::string AnsiToText(std::string_view bytes);
 
 /// Converts UTF-8 to bytes in the code page. A character that the code page lacks, or a byte that
-/// is not UTF-8, becomes '?'. Reverses AnsiToText for every byte that the code page
-/// defines.
+/// is not UTF-8, becomes '?'. Reverses AnsiToText for every byte that the code page defines.
 [[nodiscard]] std::string TextToAnsi(std::string_view text);
 
 }  // namespace corvane

@@ -1,5 +1,5 @@
-// A failure of a file operation: what failed, on which file, and why. FailureMessage makes the text
-// that every user of the library shows.
+// A failure of a file operation: what failed, on which file, and why. FailureMessage composes the
+// message that both programs show.
 #pragma once
 
 #include <string>

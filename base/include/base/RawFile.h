@@ -30,7 +30,7 @@ struct FileStatus {
   FileType Type = FileType::None;
   std::uint64_t Length = 0;  // bytes
   FileIdentity Identity{};
-  std::int64_t Written = 0;  // when its contents last changed, in the finest unit of the system
+  std::int64_t Written = 0;  // when its contents last changed, in the system's finest unit
 };
 
 /// An open file. Every operation returns the system's error. Offsets and lengths are in bytes.
@@ -69,6 +69,7 @@ class RawFile {
   NativePath Path;
 };
 
+/// Removes a file, or a link without its target. Returns the system's error.
 [[nodiscard]] std::error_code RemoveFile(const std::string& path);
 
 /// The status of a path; of type None if it does not exist or cannot be determined.

@@ -23,7 +23,7 @@ inline constexpr char InstallKey[] = R"(Software\Strategic Simulations Inc.\Clos
 inline constexpr char InstallValue[] = "InstalledTo";
 inline constexpr std::size_t InstallValueLimit = 1024;  // bytes, including the closing NUL
 
-/// Looks at the name only, case-insensitive. Never NoInstallPath.
+/// Determines the kind from the name alone, in any letter case. Never NoInstallPath.
 [[nodiscard]] FileKind KindOfFile(std::string_view fileTitle);
 
 /// The folder of the installed game, if the registry names one.
@@ -39,7 +39,7 @@ enum class OthersChanges { Keep, Overwrite };
 
 /// Writes the four tables to a file of the kind GameExeFile or PatchFile. With Keep, fails with
 /// ChangedByAnother if the tables in the file differ from those that were last opened from it or
-/// saved to it. Lengthens a file that was only truncated.
+/// saved to it. Extends a file that was only truncated.
 [[nodiscard]] Result<> SaveTables(const std::string& fileName, FileKind kind, OthersChanges others);
 
 /// Forgets the tables that were opened from or saved to files.

@@ -12,12 +12,12 @@
 
 namespace corvane {
 
-// A row is three digits (the file's MapIndex), a blank, and the file's name as the folder lists it.
+// A row is three digits (the file's MapIndex), a space, and the file's name as the folder lists it.
 inline std::vector<std::string> MapRows;    // in text order, letter case ignored; at most 43
 inline std::vector<std::string> ArrowRows;  // "000" to "080" once a catalogue is loaded
 
-/// Reads the head of a map file for the catalogue. A caller that needs complete files reads them
-/// here, so that each is read once.
+/// Reads the head of a map file for the catalogue. A caller that needs complete files can read and
+/// keep them here, so that each file is read only once.
 using HeadReader = std::function<Result<BtdHead>(const std::string& path)>;
 
 /// The path of the Maps folder, in its own letter case.

@@ -15,13 +15,14 @@ namespace corvane {
 /// True if a map with `rowCount` connection rows may get another.
 [[nodiscard]] bool CanAddConnection(std::int16_t rowCount);
 
-/// Connects the maps by arrow 0. Returns False and changes nothing if both are the same map.
+/// Connects the maps with arrow 0. Returns false and changes nothing if both are the same map.
 [[nodiscard]] bool AddConnection(int fromMap, int toMap);
 
 /// The question to ask before a connection is deleted. Names the maps by their rows.
 [[nodiscard]] std::string ConnectionDeletePrompt(std::string_view mapRow,
                                                  std::string_view connectionRow);
 
+/// Deletes a connection, if it exists.
 void DeleteConnection(int fromMap, int toMap);
 
 /// Assigns an arrow to a connection and marks the tables as changed, even if it is the same arrow.

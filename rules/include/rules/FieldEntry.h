@@ -26,7 +26,7 @@ extern const NumericField ArrowLeft, ArrowTop, ArrowWidth, ArrowHeight;
 [[nodiscard]] bool IsAllDigits(std::string_view text);
 
 /// Stores the number in `text`, 0 if it is empty. If it is not a number or too large, beeps, stores
-/// nothing and returns False. With no selected row (index -1), accepts the text but stores nothing.
+/// nothing and returns false. With no selected row (index -1), accepts the text but stores nothing.
 [[nodiscard]] bool EnterField(const NumericField& field, int index, std::string_view text);
 
 }  // namespace corvane

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// Adds a row without a name for the next map slot. Returns False at the limit. Changes no table.
+/// Adds a row without a name for the next map slot. Returns false at the limit. Changes no table.
 [[nodiscard]] bool AddMapSlot();
 
 /// Clears a map slot: its records, its connections in both directions, the exits of other maps to
