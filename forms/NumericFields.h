@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// Makes the box's Validate enter its text for the selected row of `rows`. A rejected text keeps
+/// Lets Validate of the box store its number for the selected row of `rows`. A rejected text keeps
 /// the focus and is fully selected.
 void BindField(TextBox& box, const NumericField& field, const RowControl& rows);
 

@@ -1,7 +1,7 @@
 // The floor for the program's window: the same controls, texts and rows, created with system calls
 // only. Its argument is the control list.
 #include <windows.h>
-//
+
 #include <commctrl.h>
 
 #include "../ControlList.h"

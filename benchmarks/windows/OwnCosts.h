@@ -2,7 +2,7 @@
 #pragma once
 
 #include <windows.h>
-//
+
 #include <psapi.h>
 
 #include <cstdio>

@@ -9,7 +9,7 @@
 namespace corvane {
 namespace {
 
-// Interfaces are kept, and may be made before the window is modal.
+// Qt keeps an interface, and may create it before its window is modal.
 class WindowInterface : public QAccessibleWidget {
  public:
   using QAccessibleWidget::QAccessibleWidget;

@@ -115,8 +115,8 @@ void Select(QPlainTextEdit& edit, int start, int length) {
   edit.setTextCursor(cursor);
 }
 
-void SwitchUndoOff(QLineEdit&) {}  // no key or menu reaches its own undo
-void SwitchUndoOff(QPlainTextEdit& edit) { edit.setUndoRedoEnabled(false); }
+void DisableUndo(QLineEdit&) {}  // no key or menu reaches its own undo
+void DisableUndo(QPlainTextEdit& edit) { edit.setUndoRedoEnabled(false); }
 QPoint OnScreen(const QLineEdit& edit, const QPoint& at) { return edit.mapToGlobal(at); }
 QPoint OnScreen(const QPlainTextEdit& edit, const QPoint& at) {
   return edit.viewport()->mapToGlobal(at);
@@ -140,7 +140,7 @@ void ShowMenu(Edit& edit, TextBox& box, const QPoint& at) {
 
 template <class Edit>
 ControlWidget MakeEdit(TextBox& box, Edit* edit) {
-  SwitchUndoOff(*edit);
+  DisableUndo(*edit);
   edit->setContextMenuPolicy(Qt::CustomContextMenu);
   QObject::connect(edit, &QWidget::customContextMenuRequested, edit,
                    [&box, edit](const QPoint& at) { ShowMenu(*edit, box, at); });

@@ -15,6 +15,7 @@ struct ControlWidget {
   std::function<void()> Mirror;  // shows the control's state; leaves unchanged parts alone
 };
 
+/// Creates the widget of a control in its place, named after it. Its parent owns it.
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, QWidget* parent);
 
 }  // namespace corvane

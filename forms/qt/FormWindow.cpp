@@ -99,13 +99,13 @@ void FormWindow::MirrorFocus(void* widget) {
   auto* const wanted = static_cast<QWidget*>(widget);
   if (wanted == focusWidget()) return;
   if (wanted) {
-    wanted->setFocus(MovesFor);
+    wanted->setFocus(MoveReason);
   } else {
     focusWidget()->clearFocus();
   }
 }
 
-// A menu that a box has closed leaves the native focus behind in its bar.
+// When a message box closes a menu, the native focus stays in the menu bar.
 bool FormWindow::KeyboardInMenu() const {
   const auto* bar = qobject_cast<const QMenuBar*>(focusWidget());
   return bar && bar->activeAction();
@@ -116,9 +116,9 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   CloseWindow(Shown);
 }
 
-// Closes the rows of a combo box on a key that opens them. In some versions of Qt, it would also
-// pick a row.
-static bool ClosesRows(const QWidget& popup, const QKeyEvent& key) {
+// Closes the dropdown list of a combo box on a key that also opens it. Some versions of Qt would
+// pick a row as well.
+static bool CloseRows(const QWidget& popup, const QKeyEvent& key) {
   const bool isArrow = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
   if (key.key() != Qt::Key_F4 && !(isArrow && key.modifiers() == Qt::AltModifier)) return false;
   auto* combo = qobject_cast<QComboBox*>(popup.parentWidget());
@@ -130,7 +130,7 @@ bool FormWindow::eventFilter(QObject* target, QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride && target->isWidgetType()) {
     const QWidget& window = *static_cast<QWidget*>(target)->window();
     KeyInPopup = window.windowType() == Qt::Popup;
-    if (KeyInPopup && ClosesRows(window, *static_cast<QKeyEvent*>(event))) return true;
+    if (KeyInPopup && CloseRows(window, *static_cast<QKeyEvent*>(event))) return true;
   }
   if (target != windowHandle() || QApplication::activePopupWidget()) return false;
   switch (event->type()) {
@@ -141,7 +141,7 @@ bool FormWindow::eventFilter(QObject* target, QEvent* event) {
     case QEvent::MouseButtonDblClick:  // follows the second press immediately
       return PressRefused;
     case QEvent::KeyPress:  // the rows of a combo box close before this arrives
-      return KeyInPopup || TakesKey(*static_cast<QKeyEvent*>(event));
+      return KeyInPopup || HandleKey(*static_cast<QKeyEvent*>(event));
     case QEvent::Wheel:
       return !AllowWheel(Shown, ControlAt(static_cast<QWheelEvent*>(event)->position().toPoint()));
     default:
@@ -156,12 +156,12 @@ Control* FormWindow::ControlAt(const QPoint& at) const {
   return nullptr;
 }
 
-bool FormWindow::TakesKey(const QKeyEvent& event) {
+bool FormWindow::HandleKey(const QKeyEvent& event) {
   if (KeyboardInMenu()) return false;
   const KeyStroke stroke = StrokeOf(event);
-  MovesFor = stroke.Pressed == Key::Tab ? Qt::TabFocusReason : Qt::OtherFocusReason;
+  MoveReason = stroke.Pressed == Key::Tab ? Qt::TabFocusReason : Qt::OtherFocusReason;
   const bool taken = PressKey(Shown, stroke);
-  MovesFor = Qt::OtherFocusReason;
+  MoveReason = Qt::OtherFocusReason;
   auto* lines = qobject_cast<QPlainTextEdit*>(focusWidget());
   if (taken || stroke.Pressed != Key::Enter || !lines) return taken;
   lines->insertPlainText("\n");  // the widget ignores Ctrl+Enter

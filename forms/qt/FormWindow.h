@@ -33,12 +33,12 @@ class FormWindow : public QMainWindow, public FormView {
   void SetFrame();
   [[nodiscard]] bool KeyboardInMenu() const;
   [[nodiscard]] Control* ControlAt(const QPoint& at) const;  // nullptr if there is none
-  bool TakesKey(const QKeyEvent& event);
+  bool HandleKey(const QKeyEvent& event);
 
   QEventLoop Loop;
   bool PressRefused = false;  // the last mouse press
   bool KeyInPopup = false;    // the last key press started in a popup
-  Qt::FocusReason MovesFor = Qt::OtherFocusReason;
+  Qt::FocusReason MoveReason = Qt::OtherFocusReason;
 };
 
 }  // namespace corvane

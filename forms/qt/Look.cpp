@@ -7,7 +7,7 @@ namespace {
 
 constexpr int FontHeight = 11;     // pixels; captions and rows fit their places
 constexpr int FrameWidth = 2;      // pixels; the edge and the focus inside it
-constexpr qreal CornerRadius = 3;  // pixels, of corners
+constexpr qreal CornerRadius = 3;  // pixels
 constexpr int TitleLeft = 7;       // pixels, of a group box's title
 constexpr int TitleMargin = 3;     // pixels, on either side of it
 constexpr int FlashTime = 150;     // milliseconds
@@ -19,7 +19,7 @@ QColor ColourOf(const QStyleOption& option, QPalette::ColorRole role) {
 }
 
 // A filled box with an edge, which has double width and a colour on focus.
-void DrawBox(QPainter& painter, const QStyleOption& option, const QColor& ground,
+void DrawBox(QPainter& painter, const QStyleOption& option, const QColor& background,
              QPalette::ColorRole edge = QPalette::Mid) {
   const bool focused = Has(option, QStyle::State_HasFocus);
   const int width = focused ? 2 : 1;
@@ -28,7 +28,7 @@ void DrawBox(QPainter& painter, const QStyleOption& option, const QColor& ground
   painter.setPen(Qt::NoPen);
   painter.setBrush(ColourOf(option, focused ? QPalette::Highlight : edge));
   painter.drawRoundedRect(QRectF(option.rect), CornerRadius, CornerRadius);
-  painter.setBrush(ground);
+  painter.setBrush(background);
   painter.drawRoundedRect(QRectF(option.rect).adjusted(width, width, -width, -width),
                           CornerRadius - width, CornerRadius - width);
   painter.restore();

@@ -107,12 +107,12 @@ void AddButton(QDialog& box, QDialogButtonBox& row, const char* caption, int res
 
 MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageButtons buttons) {
   MessageBox box(owner, QString::fromStdString(text));
-  auto* rows = new QVBoxLayout(&box);
+  auto* layout = new QVBoxLayout(&box);
   auto* row = new QDialogButtonBox;
   row->setMinimumWidth(box.fontMetrics().horizontalAdvance(box.windowTitle()) + TitleButtons);
-  rows->setSizeConstraint(QLayout::SetFixedSize);
-  rows->addWidget(box.Text, 0, Qt::AlignHCenter);
-  rows->addWidget(row);
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  layout->addWidget(box.Text, 0, Qt::AlignHCenter);
+  layout->addWidget(row);
   row->setCenterButtons(true);
   int number = 0;  // counted from 1; 0: the box was closed
   for (const MessageButton& choice : ButtonsOf(buttons)) {

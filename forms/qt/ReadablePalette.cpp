@@ -24,23 +24,23 @@ QColor Mixed(const QColor& from, const QColor& to, double share) {
   return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
 }
 
-QColor BlackOrWhite(const QColor& ground) {
-  return Contrast(Qt::black, ground) > Contrast(Qt::white, ground) ? Qt::black : Qt::white;
+QColor BlackOrWhite(const QColor& background) {
+  return Contrast(Qt::black, background) > Contrast(Qt::white, background) ? Qt::black : Qt::white;
 }
 
-QColor ReadableText(const QColor& wanted, const QColor& ground) {
-  return Contrast(wanted, ground) >= TextContrast ? wanted : BlackOrWhite(ground);
+QColor ReadableText(const QColor& wanted, const QColor& background) {
+  return Contrast(wanted, background) >= TextContrast ? wanted : BlackOrWhite(background);
 }
 
-struct Grounds {
+struct Backgrounds {
   QColor Window, Base, Button;
-  [[nodiscard]] bool Show(const QColor& colour) const {
+  [[nodiscard]] bool AllShow(const QColor& colour) const {
     return std::min({Contrast(colour, Window), Contrast(colour, Base), Contrast(colour, Button)}) >=
            EdgeContrast;
   }
 };
 
-// The first acceptable colour on the way from one to the other; `to` if there is none.
+// The first acceptable colour between `from` and `to`; `to` if there is none.
 template <class Test>
 QColor FirstMatch(const QColor& from, const QColor& to, const Test& good) {
   constexpr int Steps = 50;
@@ -51,22 +51,23 @@ QColor FirstMatch(const QColor& from, const QColor& to, const Test& good) {
   return to;
 }
 
-QColor FirstVisible(const QColor& from, const QColor& to, const Grounds& grounds) {
-  return FirstMatch(from, to, [&](const QColor& colour) { return grounds.Show(colour); });
+QColor FirstVisible(const QColor& from, const QColor& to, const Backgrounds& backgrounds) {
+  return FirstMatch(from, to, [&](const QColor& colour) { return backgrounds.AllShow(colour); });
 }
 
-// A ground on which the wanted text is readable, if one exists; otherwise the text must change.
-QColor SelectedGround(const QColor& wanted, const QColor& wantedText, const QColor& text,
-                      const Grounds& grounds) {
+// A background on which the wanted text is readable, if there is one; otherwise the text must
+// change.
+QColor SelectionBackground(const QColor& wanted, const QColor& wantedText, const QColor& text,
+                           const Backgrounds& backgrounds) {
   const auto good = [&](const QColor& colour) {
-    return grounds.Show(colour) && Contrast(wantedText, colour) >= TextContrast;
+    return backgrounds.AllShow(colour) && Contrast(wantedText, colour) >= TextContrast;
   };
   const QColor found = FirstMatch(wanted, text, good);
-  return good(found) ? found : FirstVisible(wanted, text, grounds);
+  return good(found) ? found : FirstVisible(wanted, text, backgrounds);
 }
 
 // In a light window, fields are never darker than the window; in a dark one, they are dark.
-QColor FieldGround(const QColor& wanted, const QColor& window, const QColor& text) {
+QColor FieldBackground(const QColor& wanted, const QColor& window, const QColor& text) {
   const bool dark = Luminance(text) > Luminance(window);
   if (dark) return Contrast(wanted, text) >= TextContrast ? wanted : window;
   return Luminance(wanted) > Luminance(window) ? wanted : QColor(Qt::white);
@@ -93,14 +94,15 @@ QPalette ReadablePalette(const QPalette& desktop) {
   };
   const QColor window = wanted(QPalette::Window);
   const QColor text = ReadableText(wanted(QPalette::WindowText), window);
-  const QColor base = FieldGround(wanted(QPalette::Base), window, text);
+  const QColor base = FieldBackground(wanted(QPalette::Base), window, text);
   const QColor baseText = ReadableText(wanted(QPalette::Text), base);
   const bool dark = Luminance(text) > Luminance(window);
   const QColor button = dark ? Mixed(window, text, 0.12) : Mixed(window, base, 0.5);
-  const Grounds grounds{window, base, button};
-  const QColor edge = FirstVisible(window, text, grounds);
+  const Backgrounds backgrounds{window, base, button};
+  const QColor edge = FirstVisible(window, text, backgrounds);
   const QColor selectedText = wanted(QPalette::HighlightedText);
-  const QColor selected = SelectedGround(wanted(QPalette::Highlight), selectedText, text, grounds);
+  const QColor selected =
+      SelectionBackground(wanted(QPalette::Highlight), selectedText, text, backgrounds);
   const QColor grey = Mixed(window, text, 0.5);
   struct Row {
     QPalette::ColorRole Role = QPalette::NoRole;

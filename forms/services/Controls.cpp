@@ -51,10 +51,10 @@ void RowControl::AddItem(std::string_view text) {
   InsertItem(static_cast<int>(place), text);
 }
 
-void RowControl::InsertItem(int ahead, std::string_view text) {
-  ahead = std::clamp(ahead, 0, ListCount());
-  if (ahead <= Selected) ++Selected;
-  Rows.emplace(Rows.begin() + ahead, text);
+void RowControl::InsertItem(int before, std::string_view text) {
+  before = std::clamp(before, 0, ListCount());
+  if (before <= Selected) ++Selected;
+  Rows.emplace(Rows.begin() + before, text);
   Redraw();
 }
 

@@ -76,14 +76,18 @@ bool IsTyped(const TextEdit& edit) {
 
 bool Edit(TextBox& box, const TextEdit& edit) {
   if (!Focus(box)) return false;
-  const int behind = CharacterCount(ShownText(box)) - edit.Start - edit.Removed;
+  const int remaining = CharacterCount(ShownText(box)) - edit.Start - edit.Removed;
   const std::string after = EditedText(box, edit);
   if (after != box.Text()) {
     const EditHistory::State before{box.Text(), edit.Start + edit.Removed};
-    IsTyped(edit) ? box.History.AddTyped(before) : box.History.Add(before);
+    if (IsTyped(edit)) {
+      box.History.AddTyped(before);
+    } else {
+      box.History.Add(before);
+    }
   }
   box.ReplaceText(after);
-  box.SelStart = std::max(0, CharacterCount(ShownText(box)) - behind);
+  box.SelStart = std::max(0, CharacterCount(ShownText(box)) - remaining);
   box.SelLength = 0;
   box.Redraw();  // the widget may show more than was accepted
   return true;
@@ -177,8 +181,8 @@ bool PressLetter(const Form& form, char letter, Modifiers with) {
   if (with == Modifiers{.Ctrl = true} && key == 'Z') {
     return StepThroughFocused(form, &EditHistory::Undo);
   }
-  const bool again = with == Modifiers{.Ctrl = true, .Shift = true} && key == 'Z';
-  if (again || (with == Modifiers{.Ctrl = true} && key == 'Y')) {
+  const bool isRedo = with == Modifiers{.Ctrl = true, .Shift = true} && key == 'Z';
+  if (isRedo || (with == Modifiers{.Ctrl = true} && key == 'Y')) {
     return StepThroughFocused(form, &EditHistory::Redo);
   }
   return false;
@@ -293,7 +297,11 @@ bool QueryEndSession() {
 void EndSession() {
   const bool ends = QueryEndSession();
   SessionEndPending = IsBoxOpen();
-  ends ? EndProgram() : ShowChanges();
+  if (ends) {
+    EndProgram();
+  } else {
+    ShowChanges();
+  }
 }
 
 }  // namespace corvane

@@ -95,8 +95,8 @@ TextEdit FindEdit(std::string_view before, std::string_view after, int caret) {
   const std::size_t shorter = std::min(old.size(), now.size());
   // The text after the caret is unchanged unless the edit was made elsewhere.
   const std::size_t at = std::min(static_cast<std::size_t>(std::max(caret, 0)), now.size());
-  const std::size_t behind = std::min(now.size() - at, shorter);
-  std::size_t suffix = CommonSuffix(old, now, behind) == behind ? behind : 0;
+  const std::size_t tail = std::min(now.size() - at, shorter);
+  std::size_t suffix = CommonSuffix(old, now, tail) == tail ? tail : 0;
   const std::size_t prefix = CommonPrefix(old, now, shorter - suffix);
   suffix = std::max(suffix, CommonSuffix(old, now, shorter - prefix));
   TextEdit edit{static_cast<int>(prefix), static_cast<int>(old.size() - prefix - suffix), {}};

@@ -21,10 +21,10 @@ namespace corvane {
 namespace {
 
 // Shrinks the font until the caption, wrapped if necessary, fits the widget.
-void FitCaption(const ControlWidget& of, int dpi) {
-  const SIZE room = SizeOf(of.Widget);
-  const std::wstring caption = TextToWide(of.Shown->Caption);
-  SetFontOf(of.Widget, ShrinkToFit(ControlFont(dpi), [&](HFONT font) {
+void FitCaption(const ControlWidget& widget, int dpi) {
+  const SIZE room = SizeOf(widget.Widget);
+  const std::wstring caption = TextToWide(widget.Shown->Caption);
+  SetFontOf(widget.Widget, ShrinkToFit(ControlFont(dpi), [&](HFONT font) {
               const SIZE needed = MeasureText(caption, font, room.cx);
               return needed.cx <= room.cx && needed.cy <= room.cy;
             }));
@@ -36,25 +36,25 @@ ControlWidget Make(Label& label, HWND parent) {
   constexpr DWORD alignments[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
   const DWORD style = alignments[static_cast<std::size_t>(label.Align)];
   ControlWidget made{&label, MakeWidget(label, parent, WC_STATICW, style)};
-  made.In = Layer::Labels;
+  made.ZOrder = Layer::Labels;
   made.SetFont = FitCaption;
   return made;
 }
 
 // Paints the frame's background: a group box leaves that to its parent, which clips its children.
-LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                            DWORD_PTR) {
-  if (message != WM_ERASEBKGND) return DefSubclassProc(frame, message, first, second);
+  if (message != WM_ERASEBKGND) return DefSubclassProc(frame, message, wParam, lParam);
   RECT all{};
   GetClientRect(frame, &all);
-  FillRect(reinterpret_cast<HDC>(first), &all, GetSysColorBrush(COLOR_BTNFACE));
+  FillRect(reinterpret_cast<HDC>(wParam), &all, GetSysColorBrush(COLOR_BTNFACE));
   return TRUE;
 }
 
 ControlWidget Make(Frame& frame, HWND parent) {
   ControlWidget made{&frame, MakeWidget(frame, parent, WC_BUTTONW, BS_GROUPBOX)};
   SetWindowSubclass(made.Widget, FrameProc, 0, 0);
-  made.In = Layer::Frames;
+  made.ZOrder = Layer::Frames;
   return made;
 }
 
@@ -82,11 +82,12 @@ struct RowMessages {
   UINT Count, Delete, Insert, Index, Select, Widen;
   int Bar;  // system metric of the width to add to the rows
 };
-constexpr RowMessages OfListBox = {LB_GETCOUNT,  LB_DELETESTRING, LB_INSERTSTRING,
-                                   LB_GETCURSEL, LB_SETCURSEL,    LB_SETHORIZONTALEXTENT,
-                                   SM_CXEDGE};
-constexpr RowMessages OfComboBox = {CB_GETCOUNT,  CB_DELETESTRING,    CB_INSERTSTRING, CB_GETCURSEL,
-                                    CB_SETCURSEL, CB_SETDROPPEDWIDTH, SM_CXVSCROLL};
+constexpr RowMessages ListBoxMessages = {LB_GETCOUNT,  LB_DELETESTRING, LB_INSERTSTRING,
+                                         LB_GETCURSEL, LB_SETCURSEL,    LB_SETHORIZONTALEXTENT,
+                                         SM_CXEDGE};
+constexpr RowMessages ComboBoxMessages = {CB_GETCOUNT,  CB_DELETESTRING, CB_INSERTSTRING,
+                                          CB_GETCURSEL, CB_SETCURSEL,    CB_SETDROPPEDWIDTH,
+                                          SM_CXVSCROLL};
 
 LONG WidthOfRows(const RowControl& list, HFONT font) {
   LONG width = 0;
@@ -96,20 +97,22 @@ LONG WidthOfRows(const RowControl& list, HFONT font) {
   return width;
 }
 
-std::function<void()> RowMirror(HWND widget, const RowMessages& of, const RowControl& list) {
+std::function<void()> RowMirror(HWND widget, const RowMessages& messages, const RowControl& list) {
   const auto remove = [=](int from) {
-    while (Send(widget, of.Count) > from) Send(widget, of.Delete, from);
+    while (Send(widget, messages.Count) > from) Send(widget, messages.Delete, from);
   };
   const auto set = [=](int row, const std::string& text) {
-    if (row < Send(widget, of.Count)) Send(widget, of.Delete, row);
-    Send(widget, of.Insert, row, TextToWide(text).c_str());
+    if (row < Send(widget, messages.Count)) Send(widget, messages.Delete, row);
+    Send(widget, messages.Insert, row, TextToWide(text).c_str());
   };
   return [=, &list, shown = ShownRows()]() mutable {
     Send(widget, WM_SETREDRAW, FALSE);
     shown.Mirror(list, remove, set);
-    Send(widget, of.Widen, WidthOfRows(list, FontOf(widget)) + GetSystemMetrics(of.Bar));
+    Send(widget, messages.Widen,
+         WidthOfRows(list, FontOf(widget)) + GetSystemMetrics(messages.Bar));
     Send(widget, WM_SETREDRAW, TRUE);
-    if (Send(widget, of.Index) != list.ListIndex()) Send(widget, of.Select, list.ListIndex());
+    if (Send(widget, messages.Index) != list.ListIndex())
+      Send(widget, messages.Select, list.ListIndex());
   };
 }
 
@@ -117,7 +120,7 @@ ControlWidget Make(ListBox& list, HWND parent) {
   const DWORD style = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
   const HWND widget = MakeWidget(list, parent, WC_LISTBOXW, style, WS_EX_CLIENTEDGE);
   ControlWidget made{&list, widget};
-  made.Mirror = RowMirror(widget, OfListBox, list);
+  made.Mirror = RowMirror(widget, ListBoxMessages, list);
   made.OnNotify = [&list, widget](int code) {
     const auto row = static_cast<int>(Send(widget, LB_GETCURSEL));
     if (code == LBN_SELCHANGE) PickRow(list, row);
@@ -146,7 +149,7 @@ LONG LetterTop(const RECT& field, HFONT font) {
 }
 
 struct RowColours {
-  int Ground, Text;  // system colours
+  int Background, Text;  // system colours
 };
 
 RowColours ColoursOf(UINT state) {
@@ -169,7 +172,7 @@ void DrawRow(const ComboBox& combo, const DRAWITEMSTRUCT& row) {
                             })
               : normal;
   const RowColours colours = ColoursOf(row.itemState);
-  SetBkColor(row.hDC, GetSysColor(colours.Ground));
+  SetBkColor(row.hDC, GetSysColor(colours.Background));
   SetTextColor(row.hDC, GetSysColor(colours.Text));
   const HGDIOBJ before = SelectObject(row.hDC, font);
   const LONG baseLine = at.top + LetterTop(at, normal) + MetricsOf(normal).tmAscent;
@@ -195,7 +198,7 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
       CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP;
   const HWND widget = MakeWidget(combo, parent, WC_COMBOBOXW, style);
   ControlWidget made{&combo, widget};
-  made.Mirror = RowMirror(widget, OfComboBox, combo);
+  made.Mirror = RowMirror(widget, ComboBoxMessages, combo);
   made.OnNotify = [&combo, widget](int code) {
     const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
     // An arrow key in the dropdown list is not yet a choice and can be cancelled. The shown row is
@@ -242,7 +245,7 @@ void ArrangeLayers(std::span<const ControlWidget> widgets) {
   std::vector<const ControlWidget*> order;
   for (const ControlWidget& widget : widgets) order.push_back(&widget);
   std::ranges::sort(order, {}, [](const ControlWidget* widget) {
-    return std::pair(widget->In, widget->Shown->TabIndex);
+    return std::pair(widget->ZOrder, widget->Shown->TabIndex);
   });
   for (const ControlWidget* widget : order) {
     SetWindowPos(widget->Widget, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

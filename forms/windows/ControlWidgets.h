@@ -19,7 +19,7 @@ void SetDefaultFont(const ControlWidget& widget, int dpi);
 struct ControlWidget {
   Control* Shown;
   HWND Widget;
-  Layer In = Layer::Front;
+  Layer ZOrder = Layer::Front;
   // Shows the control's state; leaves unchanged parts alone.
   std::function<void()> Mirror = [] {};
   std::function<void(int code)> OnNotify = [](int) {};  // handles a notification from the widget
@@ -30,6 +30,7 @@ struct ControlWidget {
   std::function<int()> LineTop = [] { return 0; };
 };
 
+/// Creates the widget of a control, without its place and font. Its parent destroys it.
 [[nodiscard]] ControlWidget MakeControlWidget(const AnyControl& control, HWND parent);
 
 /// Sets the places of all widgets of a window in pixels, and fonts that fit their captions.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <windows.h>
-//
+
 #include <commdlg.h>
 
 #include "services/Display.h"
@@ -15,7 +15,7 @@ struct SystemDialog {
   DWORD(WINAPI* Error)();                // CommDlgExtendedError: 0 after a cancel
 };
 
-/// A dialog that fails reports why, and returns no file, like a cancelled one.
+/// If the dialog fails, shows the reason and sets no file name, as after a cancel.
 void RunFileDialog(HWND owner, CommonDialog& settings, const SystemDialog& system);
 
 }  // namespace corvane

@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-// Measures texts at the screen's colour depth: letters without smoothing have other widths.
+// Measures texts at the screen's colour depth: unsmoothed letters have other widths.
 HDC Canvas() {
   static const HDC canvas = [] {
     const HDC screen = GetDC(nullptr);

@@ -176,28 +176,28 @@ void FormWindow::MirrorFocus(void* widget) {
   if (GetActiveWindow() == Window && GetFocus() != wanted) SetFocus(wanted);
 }
 
-LRESULT FormWindow::WindowProc(HWND window, UINT message, WPARAM first, LPARAM second) {
+LRESULT FormWindow::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   auto* form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  if (!form) return DefWindowProcW(window, message, first, second);  // still in CreateWindowExW
-  return form->OnMessage(message, first, second);
+  if (!form) return DefWindowProcW(window, message, wParam, lParam);  // still in CreateWindowExW
+  return form->OnMessage(message, wParam, lParam);
 }
 
-LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
-      OnCommand(LOWORD(first), HIWORD(first), reinterpret_cast<HWND>(second));
+      OnCommand(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
       return 0;
     case WM_DRAWITEM:
-      OnDrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+      OnDrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     case WM_INITMENUPOPUP:
-      if (HIWORD(second) == 0) OnMenuDrop(reinterpret_cast<HMENU>(first), LOWORD(second));
+      if (HIWORD(lParam) == 0) OnMenuDrop(reinterpret_cast<HMENU>(wParam), LOWORD(lParam));
       return 0;
     case WM_SETFOCUS:
       ShowChanges();
       return 0;
     case WM_DPICHANGED:
-      ApplySettings(HIWORD(first), reinterpret_cast<const RECT*>(second));
+      ApplySettings(HIWORD(wParam), reinterpret_cast<const RECT*>(lParam));
       return 0;
     case WM_SYSCOLORCHANGE:
       for (const ControlWidget& widget : Widgets) SendMessageW(widget.Widget, message, 0, 0);
@@ -212,10 +212,10 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_QUERYENDSESSION:
       return OnQueryEndSession();
     case WM_ENDSESSION:
-      if (first) EndProgram();
+      if (wParam) EndProgram();
       return 0;
     default:
-      return DefWindowProcW(Window, message, first, second);
+      return DefWindowProcW(Window, message, wParam, lParam);
   }
 }
 
@@ -256,10 +256,10 @@ bool FormWindow::PreTranslate(MSG& message) {
     case WM_RBUTTONUP:  // after a refused press, an edit would take the focus for its menu
       return ControlOf(message.hwnd) && message.hwnd != GetFocus();
     case WM_KEYDOWN:
-      return TakesKey(message);
+      return HandleKey(message);
     case WM_SYSKEYDOWN:
       // The system must see that a key came with Alt, or releasing Alt would open the menu.
-      return message.wParam == VK_BACK && TakesKey(message) &&
+      return message.wParam == VK_BACK && HandleKey(message) &&
              DefWindowProcW(Window, message.message, message.wParam, message.lParam) == 0;
     case WM_SYSCHAR:
       return message.wParam < 0x80 &&
@@ -279,21 +279,21 @@ bool FormWindow::RefusesPress(const MSG& press) {
   return list && IsBelowRows(press.hwnd, press.lParam);
 }
 
-// Whether the focused combo box is dropped down.
-bool FormWindow::RowsAreDropped() const {
+// Whether the list of the focused combo box is open.
+bool FormWindow::IsListOpen() const {
   const HWND focused = GetFocus();
   return dynamic_cast<ComboBox*>(ControlOf(focused)) &&
          SendMessageW(focused, CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
 
-bool FormWindow::TakesKey(const MSG& key) {
-  if (RowsAreDropped() && key.wParam != VK_TAB) return false;
+bool FormWindow::HandleKey(const MSG& key) {
+  if (IsListOpen() && key.wParam != VK_TAB) return false;
   return PressKey(Shown, StrokeOf(key.wParam));
 }
 
 // The wheel goes to the widget under the pointer.
 bool FormWindow::RefusesWheel(MSG& turn) const {
-  if (RowsAreDropped()) return false;
+  if (IsListOpen()) return false;
   turn.hwnd = WindowFromPoint({GET_X_LPARAM(turn.lParam), GET_Y_LPARAM(turn.lParam)});
   return !AllowWheel(Shown, ControlOf(turn.hwnd));  // another program's window may not respond
 }

@@ -33,8 +33,8 @@ class FormWindow : public FormView {
   void SetClientSize(SIZE client);
   void ApplySettings(int dpi, const RECT* place = nullptr);
 
-  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM first, LPARAM second);
-  LRESULT OnMessage(UINT message, WPARAM first, LPARAM second);
+  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void OnCommand(WORD command, WORD code, HWND from);
   void OnDrawRow(const DRAWITEMSTRUCT& row);
   void OnMenuDrop(HMENU menu, WORD entry);
@@ -43,9 +43,9 @@ class FormWindow : public FormView {
   /// Sees a message before the widget it is for. Returns true to withhold it from the widget.
   bool PreTranslate(MSG& message);
   bool RefusesPress(const MSG& press);
-  bool TakesKey(const MSG& key);
+  bool HandleKey(const MSG& key);
   bool RefusesWheel(MSG& turn) const;
-  [[nodiscard]] bool RowsAreDropped() const;
+  [[nodiscard]] bool IsListOpen() const;
 
   HWND Owner;
   HWND Window = nullptr;

@@ -1,5 +1,5 @@
 #include "Dialogs.h"
-//
+
 #include <commctrl.h>
 
 #include <algorithm>
@@ -36,10 +36,10 @@ class MessageWindow {
   MessageAnswer Run(HWND owner);
 
  private:
-  static INT_PTR CALLBACK DialogProc(HWND box, UINT message, WPARAM first, LPARAM second);
-  static LRESULT CALLBACK ChildProc(HWND child, UINT message, WPARAM first, LPARAM second, UINT_PTR,
-                                    DWORD_PTR self);
-  INT_PTR OnMessage(UINT message, WPARAM first, LPARAM second);
+  static INT_PTR CALLBACK DialogProc(HWND box, UINT message, WPARAM wParam, LPARAM lParam);
+  static LRESULT CALLBACK ChildProc(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
+                                    UINT_PTR, DWORD_PTR self);
+  INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void OnOpen();
   bool OnKey(HWND child, WPARAM key) const;
   void CopyText() const;
@@ -78,33 +78,33 @@ MessageAnswer MessageWindow::Run(HWND owner) {
   return AnswerOf(Choices, pressed - FirstButton);
 }
 
-INT_PTR CALLBACK MessageWindow::DialogProc(HWND box, UINT message, WPARAM first, LPARAM second) {
+INT_PTR CALLBACK MessageWindow::DialogProc(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
-    SetWindowLongPtrW(box, DWLP_USER, second);
-    auto* self = reinterpret_cast<MessageWindow*>(second);
+    SetWindowLongPtrW(box, DWLP_USER, lParam);
+    auto* self = reinterpret_cast<MessageWindow*>(lParam);
     self->Box = box;
     self->OnOpen();
     return FALSE;  // the focus is already set
   }
   auto* self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(box, DWLP_USER));
-  return self ? self->OnMessage(message, first, second) : FALSE;
+  return self ? self->OnMessage(message, wParam, lParam) : FALSE;
 }
 
-INT_PTR MessageWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+INT_PTR MessageWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
-      if (LOWORD(first) == TextId || HIWORD(first) != BN_CLICKED) return FALSE;
-      EndDialog(Box, LOWORD(first));
+      if (LOWORD(wParam) == TextId || HIWORD(wParam) != BN_CLICKED) return FALSE;
+      EndDialog(Box, LOWORD(wParam));
       return TRUE;
     case WM_DPICHANGED:
-      ApplyLayout(HIWORD(first));
+      ApplyLayout(HIWORD(wParam));
       return TRUE;
     case WM_SETTINGCHANGE:
       ApplyLayout(DpiOf(Box));
       return TRUE;
     case WM_SYSCOLORCHANGE:
-      for (const HWND button : Buttons) SendMessageW(button, message, first, second);
-      SendMessageW(View, message, first, second);
+      for (const HWND button : Buttons) SendMessageW(button, message, wParam, lParam);
+      SendMessageW(View, message, wParam, lParam);
       return FALSE;
     case WM_DESTROY:
       ClearAccessibleText(Box);
@@ -136,11 +136,11 @@ HWND MessageWindow::MakeChild(const wchar_t* kind, const wchar_t* text, DWORD st
   return child;
 }
 
-LRESULT CALLBACK MessageWindow::ChildProc(HWND child, UINT message, WPARAM first, LPARAM second,
+LRESULT CALLBACK MessageWindow::ChildProc(HWND child, UINT message, WPARAM wParam, LPARAM lParam,
                                           UINT_PTR, DWORD_PTR self) {
   const auto* box = reinterpret_cast<const MessageWindow*>(self);
-  if (message == WM_KEYDOWN && box->OnKey(child, first)) return 0;
-  const LRESULT result = DefSubclassProc(child, message, first, second);
+  if (message == WM_KEYDOWN && box->OnKey(child, wParam)) return 0;
+  const LRESULT result = DefSubclassProc(child, message, wParam, lParam);
   // The box handles the text's Tab, Esc, Enter and letters.
   if (message == WM_GETDLGCODE && child == box->View) return DLGC_WANTARROWS;
   return result;

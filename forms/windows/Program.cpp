@@ -1,7 +1,7 @@
 #include "services/Program.h"
 
 #include <windows.h>
-//
+
 #include <commctrl.h>
 #include <objbase.h>
 

@@ -85,7 +85,7 @@ HMENU MakeContextMenu(HWND edit, const TextBox& box) {
   const Range selected = SelectionOf(edit);
   const bool some = selected.Start < selected.End;
   const struct {
-    Command Does;
+    Command Id;
     const wchar_t* Caption;
     bool Enabled;
   } items[] = {{UndoCommand, L"&Undo", box.History.CanUndo()},
@@ -96,9 +96,9 @@ HMENU MakeContextMenu(HWND edit, const TextBox& box) {
                {DeleteCommand, L"&Delete", some},
                {SelectAllCommand, L"Select &All", GetWindowTextLengthW(edit) > 0}};
   const HMENU menu = CreatePopupMenu();
-  for (const auto& [does, caption, enabled] : items) {
-    if (does == CutCommand || does == SelectAllCommand) AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
-    AppendMenuW(menu, enabled ? UINT{MF_STRING} : UINT{MF_GRAYED}, does, caption);
+  for (const auto& [id, caption, enabled] : items) {
+    if (id == CutCommand || id == SelectAllCommand) AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(menu, enabled ? UINT{MF_STRING} : UINT{MF_GRAYED}, id, caption);
   }
   return menu;
 }
@@ -140,7 +140,7 @@ void ShowContextMenu(HWND edit, TextBox& box, LPARAM pressed) {
   if (chosen) Do(edit, box, static_cast<Command>(chosen));
 }
 
-LRESULT CALLBACK EditProc(HWND edit, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+LRESULT CALLBACK EditProc(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                           DWORD_PTR shown) {
   auto& box = *reinterpret_cast<TextBox*>(shown);
   switch (message) {
@@ -154,10 +154,10 @@ LRESULT CALLBACK EditProc(HWND edit, UINT message, WPARAM first, LPARAM second, 
     case EM_CANUNDO:
       return box.History.CanUndo();
     case WM_CONTEXTMENU:
-      ShowContextMenu(edit, box, second);
+      ShowContextMenu(edit, box, lParam);
       return 0;
     default:
-      return DefSubclassProc(edit, message, first, second);
+      return DefSubclassProc(edit, message, wParam, lParam);
   }
 }
 

@@ -8,9 +8,9 @@ namespace corvane {
 
 bool IsHeld(int key) { return GetKeyState(key) < 0; }
 
-LRESULT Send(HWND widget, UINT message, LRESULT first, const void* second) {
-  return SendMessageW(widget, message, static_cast<WPARAM>(first),
-                      reinterpret_cast<LPARAM>(second));
+LRESULT Send(HWND widget, UINT message, LRESULT wParam, const void* lParam) {
+  return SendMessageW(widget, message, static_cast<WPARAM>(wParam),
+                      reinterpret_cast<LPARAM>(lParam));
 }
 
 HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,

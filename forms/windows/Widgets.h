@@ -9,12 +9,13 @@ namespace corvane {
 
 [[nodiscard]] bool IsHeld(int key);  // at the time of the current message
 
-LRESULT Send(HWND widget, UINT message, LRESULT first = 0, const void* second = nullptr);
+LRESULT Send(HWND widget, UINT message, LRESULT wParam = 0, const void* lParam = nullptr);
 
 /// A child of a window, without place, font or state.
 [[nodiscard]] HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
                               DWORD extended = 0);
 
+/// Sizes and places in pixels; those of a widget include its border.
 [[nodiscard]] SIZE SizeOf(const RECT& place);
 [[nodiscard]] SIZE SizeOf(HWND widget);
 [[nodiscard]] RECT PlaceInParent(HWND widget);
@@ -30,7 +31,7 @@ struct Range {
 /// The selection of an edit control.
 [[nodiscard]] Range SelectionOf(HWND edit);
 
-/// The upper left corner that keeps a window on the screen that shows another one.
+/// The upper left corner at which a window fits on the screen of another one.
 [[nodiscard]] POINT OnScreenOf(HWND other, const RECT& window);
 
 [[nodiscard]] HFONT FontOf(HWND widget);

@@ -83,9 +83,9 @@ struct RowControl : Control {
 
   void Clear();                         // removes all rows without raising Click
   void AddItem(std::string_view text);  // at the end, or in text order
-  /// Inserts a row before row `ahead`, ignoring Order; clamps `ahead` to the list. Keeps the
+  /// Inserts a row before row `before`, ignoring Order; clamps `before` to the list. Keeps the
   /// selection.
-  void InsertItem(int ahead, std::string_view text);
+  void InsertItem(int before, std::string_view text);
   [[nodiscard]] const std::vector<std::string>& AllRows() const { return Rows; }
   [[nodiscard]] int ListCount() const { return static_cast<int>(Rows.size()); }
   [[nodiscard]] const std::string& List(int row) const;  // empty for an invalid row

@@ -75,7 +75,7 @@ struct Form : FormRow {
   void Open();
   /// Opens the form as a modal dialog and returns when it is unloaded, possibly during Load.
   void ShowModal();
-  /// Closes the window unless QueryUnload returns False.
+  /// Closes the window unless QueryUnload returns false.
   void Unload();
 
   [[nodiscard]] bool IsOpen() const;

@@ -22,13 +22,13 @@ struct KeyStroke {
   Modifiers With;
 };
 
-/// A key by the number that a display gives it.
+/// A key by its code in the toolkit of a display.
 struct NativeKey {
   int Code;
   Key Means;
 };
 
-/// The stroke of a native key. The numbers of letters are those of 'A' to 'Z' on every display.
+/// The stroke of a native key. The codes of letters are those of 'A' to 'Z' on every display.
 [[nodiscard]] inline KeyStroke StrokeOf(int code, Modifiers with, std::span<const NativeKey> keys) {
   if (code >= 'A' && code <= 'Z') return {static_cast<char>(code), with};
   const auto known = std::ranges::find(keys, code, &NativeKey::Code);

@@ -29,11 +29,11 @@ struct TextEdit {
 /// was replaced (`filled`) or the program selected. Otherwise the user's selection stays.
 [[nodiscard]] bool TakeSelection(TextBox& box, bool filled);
 
-/// The edit that leads from one shown text to another. `caret` is the position after the edit, in
+/// The edit that turns one shown text into another. `caret` is the position after the edit, in
 /// characters; it determines which of several equal characters changed.
 [[nodiscard]] TextEdit FindEdit(std::string_view before, std::string_view after, int caret);
 
-/// The edit that leads from the shown text of a box to the text that its widget holds, with line
+/// The edit that turns the shown text of a box into the text that its widget holds, with line
 /// breaks of any form (CR LF, CR or LF). `beforeCaret` is the held text before the caret.
 [[nodiscard]] TextEdit FindEdit(const TextBox& box, std::string_view held,
                                 std::string_view beforeCaret);
