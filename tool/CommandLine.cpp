@@ -27,7 +27,8 @@ struct Call {
 };
 
 constexpr char SourceHelp[] =
-    "a CC4.EXE with Maps beside it, a patch file (.crv), a BTD file (.btd), or either as .json";
+    "a CC4.EXE with Maps beside it, a patch file (.crv), a BTD file (.btd), or any of these as "
+    ".json";
 constexpr char GameHelp[] =
     "the game folder with the Maps of a patch or JSON file; default: the installed game";
 
@@ -113,7 +114,7 @@ void AddCopy(CLI::App& app, Call& call) {
       "  corvane-tool copy --force --game ~/game tables.json bulge.crv");
 }
 
-// Shorter than a person takes to look from the editor to the browser.
+// Shorter than the glance from the editor to the browser.
 bool PauseWatch() {
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   return true;
@@ -206,7 +207,7 @@ int RunTool(const std::vector<std::string>& arguments, const Console& console) {
   AddFiles(app, call);
   app.footer("corvane-tool COMMAND --help describes a command, with examples.");
   if (std::ranges::any_of(arguments, IsEmpty))
-    return Misuse("an argument is empty; is a shell variable not set?", console);
+    return Misuse("an argument is empty; is a shell variable unset?", console);
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForVersion& version) {

@@ -39,7 +39,8 @@ std::string Mismatch(const Source& from, const Target& to) {
                     : from.Path + " has tables but no BTD record for " + to.Path + ".";
 }
 
-// The game folder whose maps the tables are checked against: that of the game that receives them.
+// The game folder with the maps to check against: as given or, by default, that of a CC4.EXE
+// target.
 std::string GameToCheck(const CopyOptions& options, const Target& to) {
   if (options.Game.empty() && to.Kind == SourceKind::GameExe) return FolderOf(to.Path);
   return options.Game;
@@ -91,9 +92,9 @@ Result<> Save(const Source& from, const Target& to, const std::optional<Source>&
 int Write(const Source& from, const Target& to, const std::optional<Source>& old,
           const Console& console) {
   if (to.Kind == SourceKind::Json) {
-    const std::string failure =
+    const auto written =
         WriteWhole(to.Path, from.IsBtd ? BtdToJson(from.Btd) : TablesToJson(from.Tables));
-    return failure.empty() ? StatusDone : Fail(console, failure);
+    return written.Done() ? StatusDone : Fail(console, written.Error());
   }
   const Result<> saved = Save(from, to, old);
   if (saved.Done()) return StatusDone;

@@ -19,7 +19,7 @@
 namespace corvane {
 namespace {
 
-enum class Form { Svg, Page, Neither };
+enum class Format { Svg, Page, Neither };
 
 // The result of a drawing, and the folders whose files it shows.
 struct Drawing {
@@ -27,10 +27,10 @@ struct Drawing {
   std::vector<std::string> Folders{};
 };
 
-Form FormOf(const std::string& path) {
+Format FormatOf(const std::string& path) {
   const std::string title = ToUpper(FileTitle(path));
-  if (title.ends_with(".SVG")) return Form::Svg;
-  return title.ends_with(".HTML") || title.ends_with(".HTM") ? Form::Page : Form::Neither;
+  if (title.ends_with(".SVG")) return Format::Svg;
+  return title.ends_with(".HTML") || title.ends_with(".HTM") ? Format::Page : Format::Neither;
 }
 
 std::string TextOf(const std::filesystem::path& path) {
@@ -65,7 +65,7 @@ Failure NotPublished(const std::string& path, const Failure& fresh) {
 }
 
 // Replaces the file in one step, so that a browser never reads half a page.
-std::string Publish(const std::string& path, std::string_view text) {
+Result<void, std::string> Publish(const std::string& path, std::string_view text) {
   const EndSignalGuard guard;  // a signal would leave the fresh file behind
   const std::filesystem::path file = ResolveLinks(path);
   const std::string fresh = FreshName(file);
@@ -79,7 +79,7 @@ std::string Publish(const std::string& path, std::string_view text) {
   return FailureMessage({FileAction::Save, path, error});
 }
 
-// Reports why a source cannot be drawn, and is then empty.
+// Returns nothing if the source cannot be drawn, and reports why.
 std::optional<Source> ReadLayer(const std::string& path, const std::string& game,
                                 const Console& console, Drawing& drawing) {
   auto source = ReadSource(path, game, MapsWanted::IfThere);
@@ -126,9 +126,9 @@ Drawing DrawOnce(const DrawOptions& options, Reload reload, const Console& conso
   if (!now) return drawing;
   const Picture picture = PictureOf(*now, before);
   const std::string text =
-      FormOf(options.Out) == Form::Svg ? DrawSvg(picture) : DrawPage(picture, reload);
-  const std::string failure = Publish(options.Out, text);
-  if (!failure.empty()) drawing.Status = Fail(console, failure);
+      FormatOf(options.Out) == Format::Svg ? DrawSvg(picture) : DrawPage(picture, reload);
+  const auto published = Publish(options.Out, text);
+  if (!published.Done()) drawing.Status = Fail(console, published.Error());
   return drawing;
 }
 
@@ -136,8 +136,8 @@ int FailForOut(const DrawOptions& options, const Console& console) {
   return Fail(console, options.Out + " does not end in .svg or .html.");
 }
 
-// A text that changes whenever the file changes. Uses no file time of the standard library, which
-// has whole seconds only on some systems.
+// A text that changes whenever the file changes. The standard library's file times would not do: on
+// some systems they count whole seconds.
 std::string StampOf(const std::string& file) {
   const FileStatus status = StatusAt(file);
   std::string stamp = file;
@@ -176,13 +176,13 @@ std::string NewTemporaryFolder(std::error_code& error) {
 }  // namespace
 
 int Draw(const DrawOptions& options, const Console& console) {
-  if (FormOf(options.Out) == Form::Neither) return FailForOut(options, console);
+  if (FormatOf(options.Out) == Format::Neither) return FailForOut(options, console);
   return DrawOnce(options, Reload::Never, console).Status;
 }
 
 int WatchAndDraw(const DrawOptions& options, const Console& console,
                  const std::function<bool()>& pause) {
-  if (FormOf(options.Out) == Form::Neither) return FailForOut(options, console);
+  if (FormatOf(options.Out) == Format::Neither) return FailForOut(options, console);
   constexpr int PausesAfterFailure = 10;
   std::vector<std::string> folders;
   std::string drawn, errors, printed;

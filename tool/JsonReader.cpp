@@ -29,8 +29,8 @@ struct Place {
   }
 };
 
-// Converts values to fields. An operation that meets an invalid value returns False; the first sets
-// Fault.
+// Converts values to fields. An operation that meets an invalid value returns false; the first one
+// sets Fault.
 class Decoder {
  public:
   std::string Fault;

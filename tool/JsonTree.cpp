@@ -17,7 +17,7 @@ std::string LineAndColumn(std::string_view text, std::size_t bytesRead) {
          std::to_string(std::max<std::size_t>(read.size() - start, 1));
 }
 
-// Receives the events of the parser. Returning False stops it.
+// Receives the events of the parser. Returning false stops it.
 class TreeBuilder : public nlohmann::json_sax<Json> {
  public:
   explicit TreeBuilder(std::string_view text) : Text(text) {}

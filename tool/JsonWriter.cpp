@@ -38,10 +38,7 @@ std::string JsonString(std::string_view text) {
 
 std::string HexObject(std::string_view bytes) {
   std::string json = R"({"Hex": ")";
-  for (const char byte : bytes) {
-    json += "0123456789ABCDEF"[static_cast<unsigned char>(byte) >> 4];
-    json += "0123456789ABCDEF"[static_cast<unsigned char>(byte) & 0xF];
-  }
+  for (const char byte : bytes) AppendHex(json, static_cast<unsigned char>(byte), 2);
   return json + "\"}";
 }
 

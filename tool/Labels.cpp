@@ -97,8 +97,8 @@ std::vector<std::string> Wrapped(std::string_view text, int size, int width) {
   std::vector<std::string> lines;
   while (!text.empty()) {
     std::size_t bytes = std::max<std::size_t>(BytesWithin(text, width * 100 / size), 1);
-    const std::size_t blank = text.substr(0, bytes).rfind(' ');
-    if (bytes < text.size() && blank != text.npos && blank > 0) bytes = blank;
+    const std::size_t space = text.substr(0, bytes).rfind(' ');
+    if (bytes < text.size() && space != text.npos && space > 0) bytes = space;
     lines.emplace_back(text.substr(0, bytes));
     text.remove_prefix(bytes);
     if (text.starts_with(' ')) text.remove_prefix(1);

@@ -23,7 +23,7 @@ class LabelSheet {
   /// Keeps labels away from `box`.
   void Take(const Box& box);
   [[nodiscard]] bool IsFree(const Box& box) const;
-  /// Places `text` at the first of `corners` (its upper left corner) where it fits. Returns False
+  /// Places `text` at the first of `corners` (its upper left corner) where it fits. Returns false
   /// if it fits nowhere.
   [[nodiscard]] bool Put(std::string_view text, int size, std::span<const Point> corners,
                          PlacedLabel& label);
@@ -49,7 +49,7 @@ class LabelSheet {
 /// bytes of it fit.
 [[nodiscard]] std::string Shortened(const std::string& text, int size, int width);
 
-/// Breaks `text` into lines of at most `width`, at blanks if possible.
+/// Breaks `text` into lines of at most `width`, at spaces if possible.
 [[nodiscard]] std::vector<std::string> Wrapped(std::string_view text, int size, int width);
 
 }  // namespace corvane

@@ -8,13 +8,14 @@
 
 namespace corvane {
 
-/// A path in UTF-8, as the standard library takes it on every system.
+/// Converts a UTF-8 path for the standard library, on every system.
 [[nodiscard]] std::filesystem::path ToSystemPath(const std::string& path);
 
 /// The name after the last separator.
 [[nodiscard]] std::string_view FileTitle(std::string_view path);
 
-/// The part before the title. Never empty: with a separator appended, that would be the root.
+/// The part before the title. Never empty: an empty one with a separator appended would be the
+/// root.
 [[nodiscard]] std::string FolderOf(std::string_view path);
 
 /// In bytes; 0 if unknown.

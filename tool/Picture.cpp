@@ -59,18 +59,18 @@ std::string MarkLines(const Marks& marks, int map, int arrow) {
 }
 
 std::string TileTitle(const Sheet& sheet, const SceneTile& tile) {
-  const Layer& layer = *sheet.Of.Now;
+  const Layer& layer = *sheet.Input.Now;
   const Hotspot& spot = layer.Hotspots[tile.Map];
   return (tile.Row.empty() ? "Map " + std::to_string(tile.Map) + ", without a file" : tile.Row) +
          "\nTile: " + Numbers(layer.Tiles[tile.Map]) +
          "\nHotspot: " + std::to_string(spot.CenterX) + ", " + std::to_string(spot.CenterY) +
-         MarkLines(sheet.Of.Found, tile.Map, -1);
+         MarkLines(sheet.Input.Found, tile.Map, -1);
 }
 
 void DrawTiles(Sheet& sheet) {
   sheet.Out.Open("g", {{"class", "tiles"}});
   for (const SceneTile& tile : sheet.Now.Tiles) {
-    const bool flawed = IsMarked(sheet.Of.Found, tile.Map, -1);
+    const bool flawed = IsMarked(sheet.Input.Found, tile.Map, -1);
     sheet.Out.Open("g", {{"id", "map-" + std::to_string(tile.Map)},
                          {"class", flawed ? "tile flawed" : "tile"},
                          {"tabindex", 0},
@@ -96,9 +96,9 @@ std::string UsedBy(const Scene& scene, int arrow) {
 
 void DrawArrows(Sheet& sheet) {
   sheet.Out.Open("g", {{"class", "arrows"}});
-  const Layer& layer = *sheet.Of.Now;
+  const Layer& layer = *sheet.Input.Now;
   for (const SceneArrow& arrow : sheet.Now.Arrows) {
-    const bool flawed = IsMarked(sheet.Of.Found, -1, arrow.Arrow);
+    const bool flawed = IsMarked(sheet.Input.Found, -1, arrow.Arrow);
     const std::string number = std::to_string(arrow.Arrow);
     sheet.Out.Open("g", {{"id", "arrow-" + number},
                          {"class", flawed ? "arrow flawed" : "arrow"},
@@ -107,7 +107,8 @@ void DrawArrows(Sheet& sheet) {
                          {"data-arrow", arrow.Arrow}});
     sheet.Out.Leaf("title", {},
                    "Arrow " + number + ": " + Numbers(layer.Arrows[arrow.Arrow]) +
-                       UsedBy(sheet.Now, arrow.Arrow) + MarkLines(sheet.Of.Found, -1, arrow.Arrow));
+                       UsedBy(sheet.Now, arrow.Arrow) +
+                       MarkLines(sheet.Input.Found, -1, arrow.Arrow));
     DrawBox(sheet.Out, arrow.Place);
     sheet.Out.Close();
   }
@@ -274,9 +275,9 @@ void DrawHeading(Sheet& sheet) {
   constexpr int Size = 16;
   sheet.Out.Open("g", {{"class", "heading"}});
   sheet.Out.Leaf("text", {{"x", -SheetMargin}, {"y", HeadingTop + Size}, {"class", "title"}},
-                 Shortened(PictureTitle(sheet.Of), Size, ScreenWidth));
+                 Shortened(PictureTitle(sheet.Input), Size, ScreenWidth));
   sheet.Out.Leaf("text", {{"x", -SheetMargin}, {"y", HeadingTop + 2 * Size}, {"class", "summary"}},
-                 Summary(sheet.Of, sheet.Now));
+                 Summary(sheet.Input, sheet.Now));
   sheet.Out.Close();
 }
 
@@ -296,8 +297,8 @@ void OpenPicture(Sheet& sheet, Point end) {
                          {"height", height},
                          {"role", "graphics-document document"},
                          {"aria-labelledby", "picture-title picture-text"}});
-  sheet.Out.Leaf("title", {{"id", "picture-title"}}, PictureTitle(sheet.Of));
-  sheet.Out.Leaf("desc", {{"id", "picture-text"}}, Summary(sheet.Of, sheet.Now) + ".");
+  sheet.Out.Leaf("title", {{"id", "picture-title"}}, PictureTitle(sheet.Input));
+  sheet.Out.Leaf("desc", {{"id", "picture-text"}}, Summary(sheet.Input, sheet.Now) + ".");
   sheet.Out.Raw("<style>");
   sheet.Out.Raw(picture_css);
   sheet.Out.Raw("</style>\n");

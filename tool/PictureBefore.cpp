@@ -28,8 +28,8 @@ void DrawOldSpot(Markup& out, Point was, const std::string& title) {
 }
 
 void DrawOldTiles(Sheet& sheet, const Scene& before) {
-  const Layer& was = *sheet.Of.Before;
-  const Layer& is = *sheet.Of.Now;
+  const Layer& was = *sheet.Input.Before;
+  const Layer& is = *sheet.Input.Now;
   for (const SceneTile& tile : before.Tiles) {
     const int map = tile.Map;
     const std::string title = "map " + MapTitle(before, map);
@@ -41,8 +41,8 @@ void DrawOldTiles(Sheet& sheet, const Scene& before) {
 }
 
 void DrawOldArrows(Sheet& sheet, const Scene& before) {
-  const Layer& was = *sheet.Of.Before;
-  const Layer& is = *sheet.Of.Now;
+  const Layer& was = *sheet.Input.Before;
+  const Layer& is = *sheet.Input.Now;
   for (const auto& [arrow, place] : before.Arrows) {
     if (SamePlace(was.Arrows[arrow], is.Arrows[arrow])) continue;
     DrawOldBox(sheet.Out, was.Arrows[arrow], is.Arrows[arrow], "Arrow " + std::to_string(arrow));
@@ -76,8 +76,8 @@ void DrawLostRoads(Sheet& sheet, const Scene& before) {
 }  // namespace
 
 void DrawBefore(Sheet& sheet) {
-  if (!sheet.Of.Before) return;
-  const Scene before = MakeScene(*sheet.Of.Before);
+  if (!sheet.Input.Before) return;
+  const Scene before = MakeScene(*sheet.Input.Before);
   sheet.Out.Open("g", {{"class", "old"}});
   DrawLostRoads(sheet, before);
   DrawOldTiles(sheet, before);

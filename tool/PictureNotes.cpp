@@ -107,7 +107,7 @@ Point LineStart(int line, int lines) {
 void DrawListLine(Sheet& sheet, const ListLine& line, Point start) {
   if (line.Mark > 0) {
     const int width = BadgeWidth(line.Mark);
-    const Mark& mark = sheet.Of.Found[line.Mark - 1];
+    const Mark& mark = sheet.Input.Found[line.Mark - 1];
     sheet.Out.Open("g", {{"id", "mark-" + std::to_string(line.Mark)},
                          {"class", "badge " + std::string(KindName(mark.Kind))}});
     DrawBadge(sheet.Out, {start.X, start.Y - BadgeHeight + 1, start.X + width, start.Y + 1},
@@ -184,8 +184,8 @@ std::string_view KindClass(RoadKind kind) {
 
 void DrawBadges(Sheet& sheet) {
   sheet.Out.Open("g", {{"class", "badges"}});
-  for (std::size_t i = 0; i < sheet.Of.Found.size(); ++i) {
-    DrawBadgeAt(sheet, sheet.Of.Found[i], i + 1);
+  for (std::size_t i = 0; i < sheet.Input.Found.size(); ++i) {
+    DrawBadgeAt(sheet, sheet.Input.Found[i], i + 1);
   }
   sheet.Out.Close();
 }
@@ -210,11 +210,11 @@ void DrawLegend(Sheet& sheet) {
     sheet.Out.Leaf("text", {{"x", at.X + 38}, {"y", at.Y + 9}}, text);
     ++place;
   }
-  if (sheet.Of.Before) {
+  if (sheet.Input.Before) {
     const Point at{-SheetMargin, LegendTop + 32};
     DrawSymbol(sheet.Out, "old", at);
     sheet.Out.Leaf("text", {{"x", at.X + 38}, {"y", at.Y + 9}},
-                   "as in " + Shortened(Printable(sheet.Of.BeforeName), 10, 400));
+                   "as in " + Shortened(Printable(sheet.Input.BeforeName), 10, 400));
   }
   sheet.Out.Close();
 }
@@ -227,8 +227,8 @@ Point ListEnd(const Marks& marks) {
 }
 
 void DrawList(Sheet& sheet) {
-  if (sheet.Of.Found.empty()) return;
-  const std::vector<ListLine> lines = ListLines(sheet.Of.Found);
+  if (sheet.Input.Found.empty()) return;
+  const std::vector<ListLine> lines = ListLines(sheet.Input.Found);
   sheet.Out.Open("g", {{"class", "list"}});
   sheet.Out.Leaf("text", {{"class", "title"}, {"x", FirstColumn}, {"y", -8}},
                  "Findings and warnings");

@@ -13,7 +13,7 @@
 namespace corvane {
 
 struct Sheet {
-  const Picture& Of;
+  const Picture& Input;
   Scene Now;
   Markup Out;
   LabelSheet Labels;

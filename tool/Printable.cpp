@@ -32,11 +32,6 @@ constexpr std::array Unprintable{
     Codes{0x180E, 0x180E}, Codes{0x200B, 0x200F}, Codes{0x2028, 0x202E}, Codes{0x2060, 0x206F},
     Codes{0xFEFF, 0xFEFF}, Codes{0xFFF9, 0xFFFB}, Codes{0xFFFE, 0xFFFF}, Codes{0xE0000, 0xE007F}};
 
-void AppendHex(std::string& text, std::uint32_t number, int digits) {
-  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
-    text += "0123456789ABCDEF"[number >> shift & 0xF];
-}
-
 void AppendEscape(std::string& text, const Character& character) {
   if (character.Code == '\r' || character.Code == '\n') {
     text += character.Code == '\r' ? "\\r" : "\\n";
@@ -69,6 +64,11 @@ Character NextCharacter(std::string_view& text) {
 bool IsUnprintable(std::uint32_t code) {
   return std::ranges::any_of(
       Unprintable, [&](const Codes& codes) { return code >= codes.First && code <= codes.Last; });
+}
+
+void AppendHex(std::string& text, std::uint32_t number, int digits) {
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+    text += "0123456789ABCDEF"[number >> shift & 0xF];
 }
 
 std::string Printable(std::string_view text) {

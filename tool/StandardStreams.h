@@ -18,6 +18,6 @@ enum class Stream { Output, Errors };
 
 /// The arguments after the program's name, in UTF-8. On Windows, where the shell does not, expands
 /// wildcards in file names; keeps a pattern that matches nothing.
-[[nodiscard]] std::vector<std::string> ProgramArguments(int count, char** arguments);
+[[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 }  // namespace corvane

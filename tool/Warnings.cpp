@@ -35,7 +35,7 @@ struct Edges {
 };
 
 // A warning for each text field of a BTD file that lacks its NUL.
-void AppendUnended(std::vector<std::string>& texts, const MapFile& file) {
+void AppendUnterminated(std::vector<std::string>& texts, const MapFile& file) {
   const auto check = [&](std::span<const char> field, std::size_t width, const std::string& name) {
     if (TrimAtNul({field.data(), field.size()}).size() == width)
       texts.push_back(name + " has no terminating NUL");
@@ -82,7 +82,7 @@ std::vector<std::string> FileWarnings(const MapFile& file) {
   if (!file.Name.empty() && !IsNamedAsItsFile(file))
     texts.push_back("the base name is " + FieldText(file.Text.BaseName) + ", not the file's name");
   for (std::size_t vl = 0; vl < file.VLs.size(); ++vl) AppendVLWarnings(texts, file.VLs[vl], vl);
-  AppendUnended(texts, file);
+  AppendUnterminated(texts, file);
   return texts;
 }
 

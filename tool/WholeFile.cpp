@@ -23,7 +23,7 @@ std::error_code Truncate(const std::string& path, std::size_t length) {
 
 }  // namespace
 
-std::string WriteWhole(const std::string& path, std::string_view text) {
+Result<void, std::string> WriteWhole(const std::string& path, std::string_view text) {
   const std::uint64_t oldLength = FileLength(path);
   if (oldLength > MaxLength)
     return FailureMessage({FileAction::Save, path, make_error_code(std::errc::file_too_large)});

@@ -36,8 +36,7 @@ std::string HexBytes(std::span<const std::uint8_t> bytes) {
   std::string hex;
   for (const std::uint8_t byte : bytes) {
     if (!hex.empty()) hex += ' ';
-    hex += "0123456789ABCDEF"[byte >> 4];
-    hex += "0123456789ABCDEF"[byte & 0xF];
+    AppendHex(hex, byte, 2);
   }
   return hex;
 }

@@ -44,10 +44,10 @@ bool WantsColour() {
 
 }  // namespace
 
-int main(int count, char** arguments) {
+int main(int argc, char** argv) {
   IgnoreFileSizeSignal();
   const Console console{Print, PrintError, WantsColour()};
-  const int status = RunTool(ProgramArguments(count, arguments), console);
+  const int status = RunTool(ProgramArguments(argc, argv), console);
   Flush();
   if (!OutputError) return status;
   return Fail(console, "standard output could not be written: " + ReasonText(OutputError) + ".");

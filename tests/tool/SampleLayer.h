@@ -24,7 +24,7 @@ inline Layer EmptyLayer() {
   return layer;
 }
 
-/// The maps stand at the slots that their headers name, one each.
+/// Each map is at the slot that its header names.
 inline Layer LayerOf(const SampleGame& game) {
   Layer layer;
   PutTables(layer, game.Tables);

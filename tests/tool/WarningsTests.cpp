@@ -14,49 +14,49 @@ using namespace corvane;
 struct Warnings : testing::Test {
   Warnings() {
     ResetTables();
-    for (int map = 0; map < MapSlotCount; ++map) Of.Tiles[map] = {.Width = 1, .Height = 1};
+    for (int map = 0; map < MapSlotCount; ++map) Checked.Tiles[map] = {.Width = 1, .Height = 1};
     for (int arrow = 0; arrow < ArrowSlotCount; ++arrow)
-      Of.Arrows[arrow] = {.Left = 5 * arrow, .Top = 300, .Width = 5, .Height = 5};
+      Checked.Arrows[arrow] = {.Left = 5 * arrow, .Top = 300, .Width = 5, .Height = 5};
     for (int map = 0; map < 3; ++map) AddMap(map, "ABC"[map]);
     Join(0, 1, 0);
     Join(1, 2, 1);
-    for (const Mark& mark : WarningsOf(Of)) Ignored.push_back(mark.Text);
+    for (const Mark& mark : WarningsOf(Checked)) Ignored.push_back(mark.Text);
   }
 
   void AddMap(int map, char name) {
-    Of.Rows.push_back(ThreeDigits(map) + ' ' + name + ".btd");
-    Of.Tiles[map] = {.Left = 100 * map, .Top = 50, .Width = 80, .Height = 60};
-    Of.Hotspots[map] = {100 * map + 40, 80};
+    Checked.Rows.push_back(ThreeDigits(map) + ' ' + name + ".btd");
+    Checked.Tiles[map] = {.Left = 100 * map, .Top = 50, .Width = 80, .Height = 60};
+    Checked.Hotspots[map] = {100 * map + 40, 80};
     MapFile file{.Name = std::string(1, name) + ".btd", .Length = 8526};
     file.Header = {19990326, static_cast<std::uint8_t>(map)};
     file.Text.BaseName = name;
-    Of.Files.push_back(file);
+    Checked.Files.push_back(file);
   }
 
   void Join(int left, int right, int arrow) {
-    Of.Connections(left, right) = Of.Connections(right, left) = arrow;
-    Of.Destinations(left, 0) = right;
-    Of.Destinations(right, 1) = left;
+    Checked.Connections(left, right) = Checked.Connections(right, left) = arrow;
+    Checked.Destinations(left, 0) = right;
+    Checked.Destinations(right, 1) = left;
   }
 
-  // A line each, without the unused arrows of the start.
+  // One per line, without those of the unchanged fixture.
   std::string NewWarnings() {
     std::string lines;
-    for (const Mark& mark : WarningsOf(Of))
+    for (const Mark& mark : WarningsOf(Checked))
       if (std::ranges::find(Ignored, mark.Text) == Ignored.end()) lines += mark.Text + '\n';
     return lines;
   }
 
-  Layer Of = EmptyLayer();
+  Layer Checked = EmptyLayer();
   std::vector<std::string> Ignored;
 };
 
 TEST_F(Warnings, CoverUnusedArrows) {
   ASSERT_EQ(Ignored.size(), 79U);
   EXPECT_EQ(Ignored[0], "arrow 002: no connection uses it");
-  Of.Connections(0, 1) = 80;
+  Checked.Connections(0, 1) = 80;
   EXPECT_EQ(NewWarnings(), "");  // arrow 0 still leads back
-  Of.Connections(1, 0) = 80;
+  Checked.Connections(1, 0) = 80;
   EXPECT_EQ(NewWarnings(), "arrow 000: no connection uses it\n");
 }
 
@@ -72,18 +72,18 @@ TEST_F(Warnings, CoverTilesAndHotspotsOutOfPlace) {
       {{0, 0, 0, 720, 500, 79, 60}, {720, 499}, spot},
       {{0, 0, 0, 2147483647, 0, 2147483647, 1}, {5, 0}, tile + spot}};
   for (const auto& [rect, place, expected] : rows) {
-    Of.Tiles[0] = rect;
-    Of.Hotspots[0] = place;
+    Checked.Tiles[0] = rect;
+    Checked.Hotspots[0] = place;
     EXPECT_EQ(NewWarnings(), expected) << rect.Left << " " << rect.Top;
   }
 }
 
 TEST_F(Warnings, CoverTilesThatOverlap) {
-  Of.Tiles[0].Width = 100;
+  Checked.Tiles[0].Width = 100;
   EXPECT_EQ(NewWarnings(), "");  // they touch
-  Of.Tiles[0].Width = 101;
+  Checked.Tiles[0].Width = 101;
   EXPECT_EQ(NewWarnings(), "map 000 A.btd: its tile overlaps that of map 001 B.btd\n");
-  Of.Tiles[0].Height = 0;
+  Checked.Tiles[0].Height = 0;
   EXPECT_EQ(NewWarnings(), "map 000 A.btd: its hotspot is outside its tile\n");
 }
 
@@ -105,23 +105,23 @@ TEST_F(Warnings, CoverConnections) {
        "map 001 B.btd: the connection to map 001 B.btd has no exit\n"
        "arrow 001: unrelated connections use it: 001 - 001, 001 - 002\n"}};
   for (const auto& [from, to, arrow, expected] : rows) {
-    const std::int32_t old = std::exchange(Of.Connections(from, to), arrow);
+    const std::int32_t old = std::exchange(Checked.Connections(from, to), arrow);
     EXPECT_EQ(NewWarnings(), expected) << from << " to " << to << " by " << arrow;
-    Of.Connections(from, to) = old;
+    Checked.Connections(from, to) = old;
   }
 }
 
 TEST_F(Warnings, NameAtMostFourConnectionsOfAnArrow) {
-  for (int to = 3; to < 9; ++to) Of.Connections(0, to) = Of.Connections(to, 0) = 0;
+  for (int to = 3; to < 9; ++to) Checked.Connections(0, to) = Checked.Connections(to, 0) = 0;
   EXPECT_NE(NewWarnings().find("use it: 000 - 001, 000 - 003, 000 - 004, 000 - 005 and 3 more\n"),
             std::string::npos);
 }
 
 TEST_F(Warnings, CoverExitsAndArrows) {
-  Of.Destinations(2, 5) = 2;
-  Of.Destinations(2, 6) = 7;
-  Of.Destinations(2, 7) = OffMap;
-  Of.Arrows[1] = {.Left = 795, .Top = 595, .Width = 5, .Height = 6};
+  Checked.Destinations(2, 5) = 2;
+  Checked.Destinations(2, 6) = 7;
+  Checked.Destinations(2, 7) = OffMap;
+  Checked.Arrows[1] = {.Left = 795, .Top = 595, .Width = 5, .Height = 6};
   EXPECT_EQ(NewWarnings(),
             "map 002 C.btd: the exit VL5 leads to the map itself\n"
             "map 002 C.btd: the exit VL6 leads to map 007, which has no BTD file\n"
@@ -129,7 +129,7 @@ TEST_F(Warnings, CoverExitsAndArrows) {
 }
 
 TEST_F(Warnings, CoverNumbersOutOfOrder) {
-  Of.Files[1].Header.MapIndex = 2;
+  Checked.Files[1].Header.MapIndex = 2;
   EXPECT_EQ(NewWarnings(),
             "map 001 B.btd: its file has the map number 2, but is in row 1\n"
             "map 001 B.btd: C.btd has the same map number\n"
@@ -153,7 +153,7 @@ TEST_F(Warnings, CoverBtdFiles) {
       {[](MapFile& file) { file.Text.AxisBrief.assign(4096, 'x'); },
        "the Axis briefing has no terminating NUL"}};
   for (const auto& [change, expected] : rows) {
-    MapFile file = Of.Files[0];
+    MapFile file = Checked.Files[0];
     change(file);
     const Marks marks = WarningsOf(file);
     ASSERT_EQ(marks.size(), 1U) << expected;
@@ -162,9 +162,9 @@ TEST_F(Warnings, CoverBtdFiles) {
 }
 
 TEST_F(Warnings, IgnoreTheLetterCaseOfFiles) {
-  Of.Files[0].Name = "a.BTD";
-  Of.Files[1].VLs[0] = {.Kind = VLKind::Exit, .Destination = 254};
-  Of.Files[1].VLs[1] = {.Kind = VLKind::Unused, .Destination = 200};
+  Checked.Files[0].Name = "a.BTD";
+  Checked.Files[1].VLs[0] = {.Kind = VLKind::Exit, .Destination = 254};
+  Checked.Files[1].VLs[1] = {.Kind = VLKind::Unused, .Destination = 200};
   EXPECT_EQ(NewWarnings(), "");
 }
 
@@ -175,17 +175,17 @@ TEST_F(Warnings, AndFindingsNameTheirSlots) {
     for (const Mark& mark : marks) places.emplace_back(mark.Map, mark.Arrow);
     return places;
   };
-  Of.Hotspots[2] = {};
-  const Places warnings = placesOf(WarningsOf(Of));
+  Checked.Hotspots[2] = {};
+  const Places warnings = placesOf(WarningsOf(Checked));
   ASSERT_FALSE(warnings.empty());
   EXPECT_EQ(warnings.front(), std::pair(2, -1));
   EXPECT_EQ(warnings.back(), std::pair(-1, 80));
-  Of.Destinations(1, 1) = NotAnExit;    // map 0 has no exit back
-  Of.Connections(2, 1) = NoConnection;  // map 1 has no connection back, and the exit of 2 none
-  Of.Tiles[30].Height = 0;
-  Of.Arrows[80].Left = -1;
-  Tables = TablesOf(Of);
-  VLDest = Of.Destinations;
-  MapRows = Of.Rows;
+  Checked.Destinations(1, 1) = NotAnExit;    // map 0 has no exit back
+  Checked.Connections(2, 1) = NoConnection;  // map 1 has no connection back, and the exit of 2 none
+  Checked.Tiles[30].Height = 0;
+  Checked.Arrows[80].Left = -1;
+  Tables = TablesOf(Checked);
+  VLDest = Checked.Destinations;
+  MapRows = Checked.Rows;
   EXPECT_EQ(placesOf(FindingMarks()), (Places{{0, -1}, {1, -1}, {2, -1}, {30, -1}, {-1, 80}}));
 }

@@ -10,10 +10,10 @@ TEST(WholeFile, ReplacesLongerAndShorterFiles) {
   const TestFolder folder;
   for (const std::size_t length : {std::size_t{0}, std::size_t{3}, std::size_t{5000}}) {
     folder.Put("a.json", std::string(length, 'x'));
-    EXPECT_EQ(WriteWhole(folder / "a.json", "{}\n"), "") << length;
+    EXPECT_TRUE(WriteWhole(folder / "a.json", "{}\n").Done()) << length;
     EXPECT_EQ(folder.Get("a.json"), "{}\n") << length;
   }
-  EXPECT_EQ(WriteWhole(folder / "new.json", "[]\n"), "");
+  EXPECT_TRUE(WriteWhole(folder / "new.json", "[]\n").Done());
   EXPECT_EQ(folder.Get("new.json"), "[]\n");
 }
 
@@ -24,7 +24,8 @@ TEST(WholeFile, IsCompleteOrUnchangedOrReportsItsStateWhicheverStepFails) {
   for (int first = 0; first < 80; ++first) {
     folder.Put("a.json", old);
     FailFrom(first);
-    const std::string failure = WriteWhole(folder / "a.json", "{}\n");
+    const auto written = WriteWhole(folder / "a.json", "{}\n");
+    const std::string failure = written.Done() ? "" : written.Error();
     InjectedFault = nullptr;
     std::string now = folder.Get("a.json");
     if (failure.find("could not be truncated") != failure.npos) {

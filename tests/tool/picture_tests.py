@@ -58,8 +58,6 @@ def tile(left, top, width=60, height=50):
             "Height": height}
 
 
-
-
 def overlap(one, other):
     return (one[0] < other[2] and other[0] < one[2] and one[1] < other[3] and other[1] < one[3])
 

@@ -55,7 +55,7 @@
     remember();
   }
 
-  function look(next) {
+  function setView(next) {
     const width = Math.min(Math.max(next[2], home[2] / 16), home[2] * 2);
     const height = width * home[3] / home[2];
     view = [next[0] + (next[2] - width) / 2, next[1] + (next[3] - height) / 2, width, height];
@@ -67,11 +67,11 @@
   function zoom(factor, at = { x: view[0] + view[2] / 2, y: view[1] + view[3] / 2 }) {
     const least = home[2] / 16 / view[2];
     const scale = Math.min(Math.max(1 / factor, least), home[2] * 2 / view[2]);
-    look([at.x - (at.x - view[0]) * scale, at.y - (at.y - view[1]) * scale,
+    setView([at.x - (at.x - view[0]) * scale, at.y - (at.y - view[1]) * scale,
       view[2] * scale, view[3] * scale]);
   }
 
-  const pan = (right, down) => look([view[0] + right, view[1] + down, view[2], view[3]]);
+  const pan = (right, down) => setView([view[0] + right, view[1] + down, view[2], view[3]]);
 
   function pointAt(event) {
     return new DOMPoint(event.clientX, event.clientY).matrixTransform(svg.getScreenCTM().inverse());
@@ -81,7 +81,7 @@
     const box = element.getBBox();
     const width = Math.min(view[2], home[2] / 3);
     const height = width * home[3] / home[2];
-    look([box.x + box.width / 2 - width / 2, box.y + box.height / 2 - height / 2, width, height]);
+    setView([box.x + box.width / 2 - width / 2, box.y + box.height / 2 - height / 2, width, height]);
   }
 
   function flash(element) {
@@ -134,11 +134,11 @@
   function remember() {
     if (storing === 0) storing = setTimeout(store, 150);
   }
-  function recall(state) {
+  function restore(state) {
     if (!state) return;
     filter.value = state.filter;
     applyFilter();
-    look(state.view);
+    setView(state.view);
     pin(state.pinned);
     show(state.shown);
     aside.scrollTop = state.scroll;
@@ -196,7 +196,7 @@
   }
 
   const keys = {
-    "+": () => zoom(1.25), "-": () => zoom(0.8), 0: () => look(home), Escape: () => pin(-1),
+    "+": () => zoom(1.25), "-": () => zoom(0.8), 0: () => setView(home), Escape: () => pin(-1),
     ArrowLeft: () => pan(-view[2] / 12, 0), ArrowRight: () => pan(view[2] / 12, 0),
     ArrowUp: () => pan(0, -view[3] / 12), ArrowDown: () => pan(0, view[3] / 12),
   };
@@ -215,13 +215,13 @@
   filter.addEventListener("input", applyFilter);
   document.getElementById("nearer").addEventListener("click", () => zoom(1.25));
   document.getElementById("farther").addEventListener("click", () => zoom(0.8));
-  document.getElementById("whole").addEventListener("click", () => look(home));
+  document.getElementById("whole").addEventListener("click", () => setView(home));
   addEventListener("beforeprint", () => svg.setAttribute("viewBox", svg.dataset.whole));
-  addEventListener("afterprint", () => look(view));
+  addEventListener("afterprint", () => setView(view));
 
   document.body.classList.add("live");
-  look(home);
-  recall(history.state);
+  setView(home);
+  restore(history.state);
 
   // Reloads the page to show a redrawn picture, but never while the user works with it.
   const interval = Number(document.documentElement.dataset.reload ?? 0);

@@ -22,8 +22,8 @@ std::error_code WriteStream(Stream stream, std::string_view bytes) {
 
 bool SupportsColour(Stream stream) { return ::isatty(Descriptor(stream)) == 1; }
 
-std::vector<std::string> ProgramArguments(int count, char** arguments) {
-  return {arguments + (count > 0 ? 1 : 0), arguments + count};
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+  return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
 }  // namespace corvane

@@ -19,7 +19,7 @@ struct DrawOptions {
 [[nodiscard]] int Draw(const DrawOptions& options, const Console& console);
 
 /// Draws, and redraws whenever a file in the picture changes. Calls `pause` between checks of the
-/// files and stops when it returns False. Continues after a failed drawing.
+/// files and stops when it returns false. Continues after a failed drawing.
 [[nodiscard]] int WatchAndDraw(const DrawOptions& options, const Console& console,
                                const std::function<bool()>& pause);
 

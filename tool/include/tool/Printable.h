@@ -21,6 +21,9 @@ struct Character {
 /// True for control characters, direction marks and invisible characters.
 [[nodiscard]] bool IsUnprintable(std::uint32_t code);
 
+/// Appends a number as this many hexadecimal digits, in capitals.
+void AppendHex(std::string& text, std::uint32_t number, int digits);
+
 /// Replaces what is unprintable or not UTF-8 by an escape such as \x1B or \u202E.
 [[nodiscard]] std::string Printable(std::string_view text);
 

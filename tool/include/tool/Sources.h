@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-// Determined from the name only, case-insensitive.
+// Determined from the name alone, in any letter case.
 enum class SourceKind {
   GameExe,  // CC4.EXE
   Patch,    // *.crv
@@ -38,8 +38,8 @@ struct Source {
   std::string Path;
   SourceKind Kind = SourceKind::Other;
   bool IsBtd = false;
-  Layer Tables{};                     // if IsBtd is False
-  MapFile Btd{};                      // if IsBtd is True
+  Layer Tables{};                     // if IsBtd is false
+  MapFile Btd{};                      // if IsBtd is true
   bool HasMaps = false;               // the Maps folder holds map files
   std::string MapsFolder{};           // the folder that was searched for them
   std::vector<std::string> Faults{};  // why map files could not be read
