@@ -19,7 +19,7 @@ inline void Require(bool holds, const char* property) {
 }
 
 /// The contents of a file after its first `size` bytes were read and written back.
-inline std::string Reached(std::string bytes, std::size_t size) {
+inline std::string ZeroExtended(std::string bytes, std::size_t size) {
   bytes.resize(std::max(bytes.size(), size), '\0');
   return bytes;
 }

@@ -3,7 +3,7 @@
 
 void corvane::Run(const TestFolder& folder, const std::string& input) {
   static std::string exe = GameExeBytes({});
-  const std::string images = Reached(input, PatchFileSize);
+  const std::string images = ZeroExtended(input, PatchFileSize);
   for (const TablePlace& place : TablePlaces)
     exe.replace(place.GameOffset, place.Size, images, place.PatchOffset, place.Size);
   folder.Put("CC4.EXE", exe);

@@ -51,6 +51,6 @@ void corvane::Run(const TestFolder& folder, const std::string& input) {
   RequireRoundTrip(BtdToJson(file));
   RequireHarmless(ListTables(layer));
   RequireHarmless(ListBtd(file));
-  const std::string image = Reached(input, BtdSize).substr(0, BtdSize);
+  const std::string image = ZeroExtended(input, BtdSize).substr(0, BtdSize);
   Require(EncodeMapFile(ParseJson(BtdToJson(file))->Btd) == image, "every byte survives");
 }

@@ -125,7 +125,7 @@ def findings_jump_to_their_place(browser):
             const view = document.querySelector('main').getBoundingClientRect();
             return [flash.x + flash.width / 2 - view.x - view.width / 2,
                     flash.y + flash.height / 2 - view.y - view.height / 2]""")
-        assert max(map(abs, place)) < 3, "finding %s is shown %s off the middle" % (number, place)
+        assert max(map(abs, place)) < 3, "finding %s is shown %s off centre" % (number, place)
 
 
 def a_badge_leads_to_its_line(browser):

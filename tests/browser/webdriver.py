@@ -1,4 +1,4 @@
-"""A browser driven over WebDriver: as little of it as the tests of the page need."""
+"""A minimal WebDriver client for the tests of the page."""
 
 import base64
 import json

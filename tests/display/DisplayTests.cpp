@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-// A press at a control, and keys separated by blanks.
+// A press at a control, and keys separated by spaces.
 struct At {
   const Control* Pressed;
   std::string Keys = {};

@@ -104,8 +104,8 @@ class Harness:
         shutil.copy(program, self.program)
         self.counts = dict.fromkeys(OUTCOMES.values(), 0)
         self.faults = self.mixed = self.injected = 0
-        # A killed session leaves its folder behind, so that is here. The tests do not read the
-        # user's home folder, and a traced program cannot be checked for leaks.
+        # A killed session leaves its temporary folder behind, so that is created here. The tests
+        # do not read the user's home folder, and a traced program cannot be checked for leaks.
         temporary = self.scratch / 'tmp'
         temporary.mkdir()
         temporary.chmod(0o1777)

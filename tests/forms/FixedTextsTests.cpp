@@ -22,28 +22,28 @@ static const std::string DeleteQuestion =
     "with all connections to this map from all other maps, will be deleted.  The contents of the "
     "BTD file will also be deleted.";
 
-TEST(FixedTexts, OfTheHelpMenuNeedNoOpenGame) {
+TEST(FixedTexts, AppearInTheHelpMenuWithoutAGame) {
   Session session(GameFiles(MakeSampleGame()));
   session.Menu(session.Main.mnuHelpBasic);
   session.Menu(session.Main.mnuHelpAbout);
   EXPECT_EQ(session.TakeMessages(), (Texts{Instructions, "Corvane for Close Combat 4"}));
 }
 
-TEST(FixedTexts, OfTheQuestionBeforeClearingASlot) {
+TEST(FixedTexts, AppearInTheQuestionBeforeClearingASlot) {
   Session session;
   session.Answer = MessageAnswer::No;
   session.Main.cmdDelete.Click();
   EXPECT_EQ(session.TakeMessages(), Texts{DeleteQuestion});
 }
 
-TEST(FixedTexts, OfTheNoteInAddConnection) {
+TEST(FixedTexts, AppearInTheNoteOfAddConnection) {
   EXPECT_STREQ(dlgAddConnection(0).Label2.Caption,
                "NOTE: You must have a reciprocating link from the destination back to this map.  "
                "You must also edit the BTD files and set up a Victory Location on each map to "
                "represent the link.");
 }
 
-TEST(FixedTexts, OfTheQuestionBeforeDeletingAConnection) {
+TEST(FixedTexts, AppearInTheQuestionBeforeDeletingAConnection) {
   EXPECT_EQ(ConnectionDeletePrompt("000 A.btd", "001 B.btd"),
             "Are you sure you want to delete the connection from map 000 A.btd to map 001 B.btd?  "
             "Note: You must manually delete the connection in the opposite direction, if one "

@@ -43,7 +43,7 @@ void EndSessionFromOutside();
 
 /// The message box, if it is the topmost window.
 struct ShownMessage {
-  std::string Title, Text, Buttons;  // button captions, no mnemonics, a blank after each
+  std::string Title, Text, Buttons;  // button captions, no mnemonics, a space after each
   std::string Description;           // for screen readers
   bool OnScreen;                     // all of the box and its buttons
 };

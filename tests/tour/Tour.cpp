@@ -124,7 +124,7 @@ class Tour {
     Type(text);
   }
 
-  // Drops the rows of a combo box and picks one by keys.
+  // Opens the list of a combo box and picks a row by keys.
   static void PickByKeys(const ComboBox& combo, int row) {
     PressAt(combo);
     PressKey("Home");

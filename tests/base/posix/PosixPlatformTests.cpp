@@ -1,4 +1,4 @@
-// What only systems with pipes, links, letter case and Wine prefixes have.
+// Pipes, links, case-sensitive names and Wine prefixes, which Windows does not have.
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -180,11 +180,11 @@ TEST(PosixFiles, NamesMatchInEveryAlphabet) {
       {"Карта.btd", "кАРТА.BTD"},   {"Ёлка.btd", "ёлка.btd"},     {"άλφα.btd", "ΆΛΦΑ.btd"},
       {"Ωμέγας.btd", "ωμέγαΣ.btd"}, {"Évêché.btd", "éVÊCHÉ.btd"}, {"Łódź.btd", "łÓDŹ.btd"},
       {"карты.btd", "карта.btd"}};
-  for (const auto& [stands, asked] : rows) {
+  for (const auto& [onDisk, asked] : rows) {
     const TestFolder folder;
-    folder.Put(stands);
+    folder.Put(onDisk);
     const bool matches = asked != std::string("карта.btd");
-    EXPECT_EQ(NameInFolder(folder.Path.string(), asked), matches ? stands : asked);
+    EXPECT_EQ(NameInFolder(folder.Path.string(), asked), matches ? onDisk : asked);
   }
 }
 

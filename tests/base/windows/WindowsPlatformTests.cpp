@@ -12,8 +12,8 @@
 
 using namespace corvane;
 
-static bool MakeKey(REGSAM view,
-                    HKEY& key) {  // True if it is new; the system removes it when it shuts down
+// Returns true if the key is new. The system removes it when it shuts down.
+static bool MakeKey(REGSAM view, HKEY& key) {
   DWORD outcome = 0;
   RegCreateKeyExA(HKEY_LOCAL_MACHINE, InstallKey, 0, nullptr, REG_OPTION_VOLATILE,
                   KEY_ALL_ACCESS | view, nullptr, &key, &outcome);

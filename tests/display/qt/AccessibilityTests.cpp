@@ -107,10 +107,11 @@ TEST(Refusal, FlashesWithoutABell) {
     PressAt(form.txtNumber);
     const QImage before = Picture();
     const QRect place = PlaceIn(*WidgetOf(form.txtNumber));
-    const QPoint ground(place.right() - 6, place.center().y());
+    const QPoint background(place.right() - 6, place.center().y());
     SystemBeep();
-    EXPECT_GE(Contrast(Picture().pixelColor(ground), before.pixelColor(ground)), EdgeContrast);
-    EXPECT_TRUE(
-        QTest::qWaitFor([&] { return Picture().pixelColor(ground) == before.pixelColor(ground); }));
+    EXPECT_GE(Contrast(Picture().pixelColor(background), before.pixelColor(background)),
+              EdgeContrast);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return Picture().pixelColor(background) == before.pixelColor(background); }));
   });
 }

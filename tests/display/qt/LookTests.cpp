@@ -46,8 +46,8 @@ TEST_P(Colours, MakeTextReadable) {
                                                                        {ButtonText, Button},
                                                                        {HighlightedText, Highlight},
                                                                        {ToolTipText, ToolTipBase}};
-  for (const auto& [text, ground] : texts) {
-    EXPECT_GE(Contrast(colours.color(text), colours.color(ground)), TextContrast) << text;
+  for (const auto& [text, background] : texts) {
+    EXPECT_GE(Contrast(colours.color(text), colours.color(background)), TextContrast) << text;
   }
 }
 
@@ -60,9 +60,9 @@ TEST_P(Colours, ShowTheEdgeAndTheBackgroundOfEveryControl) {
       QApplication::setPalette(QPalette(Qt::red), kind);
     QApplication::setPalette(PaletteOf(GetParam()));
     const QImage picture = Picture();
-    const QColor ground = ReadablePalette(PaletteOf(GetParam())).color(QPalette::Base);
+    const QColor background = ReadablePalette(PaletteOf(GetParam())).color(QPalette::Base);
     const QPoint empty = PlaceIn(*WidgetOf(form.lstFew)).center();
-    EXPECT_EQ(picture.pixelColor(empty), ground);
+    EXPECT_EQ(picture.pixelColor(empty), background);
 
     for (const Control* control : std::initializer_list<const Control*>{
              &form.Holder, &form.lstFew, &form.cboRows, &form.txtNumber, &form.txtLines,
@@ -136,7 +136,7 @@ TEST(Look, DrawsEachPartInItsPlace) {
     const QImage picture = Picture();
     const struct {
       const Control& At;
-      QPoint From;  // the left upper corner, or if negative the right lower one
+      QPoint From;  // the upper left corner or, if negative, the lower right one
       QPalette::ColorRole Colour;
     } spots[] = {
         {form.Holder, {0, 100}, QPalette::Mid},        {form.Holder, {8, 6}, QPalette::Window},

@@ -72,7 +72,7 @@ struct Blocked : testing::Test {
 
 }  // namespace
 
-TEST_F(Blocked, UnderADialog) {
+TEST_F(Blocked, IgnoresInputUnderADialog) {
   TestForm dialog;
   TheDisplay.ShowModal = [&](Form&) {
     TryEverything();
@@ -88,7 +88,7 @@ TEST_F(Blocked, UnderADialog) {
   EXPECT_EQ(f.TakeLog(), "accept help ");
 }
 
-TEST_F(Blocked, BehindMessageBoxes) {
+TEST_F(Blocked, IgnoresInputBehindMessageBoxes) {
   TheDisplay.ShowMessage = [&](const std::string&, MessageButtons) {
     TryEverything();
     EXPECT_FALSE(QueryEndSession());
@@ -104,7 +104,7 @@ TEST_F(Blocked, BehindMessageBoxes) {
   EXPECT_FALSE(IsBoxOpen());
 }
 
-TEST_F(Blocked, BehindFileDialogs) {
+TEST_F(Blocked, IgnoresInputBehindFileDialogs) {
   TheDisplay.ShowFileDialog = [&](CommonDialog&) { TryEverything(); };
   CommonDialog dialog;
   dialog.ShowOpen();
@@ -112,7 +112,7 @@ TEST_F(Blocked, BehindFileDialogs) {
   EXPECT_EQ(Tried, 2);
 }
 
-TEST_F(Blocked, OnceItIsClosed) {
+TEST_F(Blocked, IgnoresInputOnceItIsClosed) {
   f.QueryUnload = [] { return true; };
   CloseWindow(f);
   EXPECT_FALSE(f.IsOpen());

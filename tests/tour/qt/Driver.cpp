@@ -30,7 +30,7 @@ Kind* Find(const char* name) {
   for (QWidget* window = Top(); window; window = window->parentWidget()) {
     if (auto* found = window->findChild<Kind*>(name)) return found;
   }
-  qFatal("no %s in sight", name);
+  qFatal("no visible widget %s", name);
 }
 
 QWidget* WindowOf(const Form& form) {
@@ -38,7 +38,7 @@ QWidget* WindowOf(const Form& form) {
     const bool shows = window->windowTitle() == QString::fromUtf8(form.Caption);
     if (window->isVisible() && shows && qobject_cast<QMainWindow*>(window)) return window;
   }
-  qFatal("no window %s in sight", form.Caption);
+  qFatal("no visible window %s", form.Caption);
 }
 
 void Click(QWidget* widget, const QRect& at, bool ctrl = false) {

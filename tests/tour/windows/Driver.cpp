@@ -15,7 +15,7 @@ namespace {
 
 // The user and the program take turns on one thread, each on a fiber: the user acts whenever the
 // program is idle, even in one of the system's loops.
-void *Person, *Program;
+void *UserFiber, *ProgramFiber;
 const std::function<void()>* Script;
 std::function<void()> AtNext;
 HWND BeforeNext;
@@ -26,20 +26,20 @@ struct AccessibleText {
 };
 std::map<HWND, AccessibleText> Accessible;
 
-void CALLBACK Act(HWND, UINT, UINT_PTR, DWORD) { SwitchToFiber(Person); }
+void CALLBACK Act(HWND, UINT, UINT_PTR, DWORD) { SwitchToFiber(UserFiber); }
 
-void LetReact() {
-  do SwitchToFiber(Program);
+void LetProgramReact() {
+  do SwitchToFiber(ProgramFiber);
   while (AtNext && !IsWindowVisible(GetActiveWindow()));  // wait for the next window
   if (AtNext && GetActiveWindow() != BeforeNext) std::exchange(AtNext, nullptr)();
 }
 
-void CALLBACK Live(void*) {
-  LetReact();
+void CALLBACK RunUser(void*) {
+  LetProgramReact();
   (*Script)();
   Script = nullptr;
   EndProgram();
-  for (;;) SwitchToFiber(Program);
+  for (;;) SwitchToFiber(ProgramFiber);
 }
 
 constexpr DWORD Press = MOUSEEVENTF_LEFTDOWN | MOUSEEVENTF_LEFTUP;
@@ -55,10 +55,10 @@ void Mouse(const RECT& at, std::initializer_list<DWORD> acts, int turn = 0) {
                 share(at.left + at.right + aside, SM_CXSCREEN),
                 share(at.top + at.bottom, SM_CYSCREEN), static_cast<DWORD>(turn), 0);
   }
-  LetReact();
+  LetProgramReact();
 }
 
-void Move(const std::string& key, DWORD how) {
+void SendKey(const std::string& key, DWORD how) {
   static const std::map<std::string, int> keys = {
       {"Tab", VK_TAB},        {"Return", VK_RETURN}, {"Esc", VK_ESCAPE},   {"Space", VK_SPACE},
       {"End", VK_END},        {"Home", VK_HOME},     {"Up", VK_UP},        {"Down", VK_DOWN},
@@ -114,7 +114,7 @@ HMENU MenuOf(const MenuEntry& entry) {
 
 }  // namespace
 
-// These take the place of the display's own, since what the system is told cannot be read back.
+// These replace the display's functions, because texts given to the system cannot be read back.
 void SetAccessibleName(HWND window, const std::wstring& name) {
   Accessible[window].Name = WideToText(name);
 }
@@ -125,12 +125,12 @@ void ClearAccessibleText(HWND window) { Accessible.erase(window); }
 
 int Play(Form& form, const std::function<void()>& script) {
   Script = &script, Played = &form;
-  Program = ConvertThreadToFiber(nullptr), Person = CreateFiber(0, Live, nullptr);
+  ProgramFiber = ConvertThreadToFiber(nullptr), UserFiber = CreateFiber(0, RunUser, nullptr);
   const UINT_PTR timer = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Act);  // fires after all input
   const int status = RunProgram(0, nullptr, form);
   KillTimer(nullptr, timer);
-  while (Script) SwitchToFiber(Person);  // the program may end during the script
-  DeleteFiber(Person);
+  while (Script) SwitchToFiber(UserFiber);  // the program may end during the script
+  DeleteFiber(UserFiber);
   ConvertFiberToThread();
   return Accessible.empty() ? status : 1;  // the next window of a handle would inherit its name
 }
@@ -140,9 +140,9 @@ void PressAt(const Control& control) { Mouse(PlaceOf(Find(control)), {Press}); }
 void ClickEmptyArea() { Mouse(CornerOf(Top()), {Press}); }
 
 void PressRow(const ListBox& list, int row, bool ctrl) {
-  if (ctrl) Move("Ctrl", 0);
+  if (ctrl) SendKey("Ctrl", 0);
   Mouse(PlaceOf(list, row), {Press});
-  if (ctrl) Move("Ctrl", KEYEVENTF_KEYUP);
+  if (ctrl) SendKey("Ctrl", KEYEVENTF_KEYUP);
 }
 void DoubleClickRow(const ListBox& list, int row) { Mouse(PlaceOf(list, row), {Press, Press}); }
 void PressScrollBar(const ListBox& list) { Mouse(CornerOf(Find(list)), {Press}); }
@@ -150,16 +150,16 @@ void PressScrollBar(const ListBox& list) { Mouse(CornerOf(Find(list)), {Press});
 void Type(const std::string& text) {
   for (const wchar_t letter : TextToWide(text)) {
     PostMessageW(GetFocus(), WM_CHAR, letter, 0);
-    LetReact();
+    LetProgramReact();
   }
 }
 
 void PressKey(const std::string& key) {
   const std::size_t plus = key.find('+');
-  Move(key.substr(0, plus), 0);
+  SendKey(key.substr(0, plus), 0);
   if (plus != key.npos) PressKey(key.substr(plus + 1));
-  Move(key.substr(0, plus), KEYEVENTF_KEYUP);
-  LetReact();
+  SendKey(key.substr(0, plus), KEYEVENTF_KEYUP);
+  LetProgramReact();
 }
 
 void TurnWheel(const Control& control) {
@@ -181,7 +181,7 @@ void PressCloseBox() { PressKey("Alt+F4"); }
 
 void CloseFromOutside(const Form& form) {
   PostMessageW(WindowOf(form), WM_CLOSE, 0, 0);
-  LetReact();
+  LetProgramReact();
 }
 
 void ChooseFromOutside(const MenuItem& item) {
@@ -192,17 +192,17 @@ void ChooseFromOutside(const MenuItem& item) {
       if (each == &item) PostMessageW(WindowOf(item.Under.Owner), WM_COMMAND, command, 0);
     }
   }
-  LetReact();
+  LetProgramReact();
 }
 
 void ClickFromOutside(const Button& button) {
   PostMessageW(GetDlgItem(WindowOf(button.Owner), button.TabIndex), BM_CLICK, 0, 0);
-  LetReact();
+  LetProgramReact();
 }
 
 void FillFromOutside(const TextBox& box, const std::string& text) {
   SetDlgItemTextW(WindowOf(box.Owner), box.TabIndex, TextToWide(text).c_str());
-  LetReact();
+  LetProgramReact();
 }
 
 void EndSessionFromOutside() {

@@ -1,8 +1,8 @@
 #include <windows.h>
-//
+
 #include <objbase.h>
 #include <propidl.h>
-//
+
 #include <gdiplus.h>
 
 #include "Driver.h"
