@@ -60,7 +60,7 @@ class Folder {
   int Descriptor;
   alignas(dirent64) char Bytes[4096] = {};
   const char* At = Bytes;
-  std::size_t Fetched = 0;  // bytes left to read at At
+  std::size_t Fetched = 0;  // unread bytes from At on
 };
 
 bool PathExists(const std::string& path) {
