@@ -73,7 +73,9 @@ TEST(TextBoxes, KeepAllPastedLines) {
   });
 }
 
-static DWORD WINAPI NoError() { return 0; }
+static DWORD Error;
+
+static DWORD WINAPI LastError() { return Error; }
 
 static OPENFILENAMEW Given;
 static std::wstring GivenFilter;
@@ -92,7 +94,8 @@ TEST(FileDialogs, PassOnTheirSettings) {
                         .Filter = "Executable|CC4.EXE|All|*.*",
                         .FilterIndex = 2,
                         .InitDir = "C:\\Games"};
-  RunFileDialog(nullptr, settings, {ChooseNothing, NoError});
+  Error = 0;
+  RunFileDialog(nullptr, settings, {ChooseNothing, LastError});
   EXPECT_EQ(GivenFilter, std::wstring(L"Executable\0CC4.EXE\0All\0*.*\0", 27));
   EXPECT_EQ(Given.nFilterIndex, 2U);
   constexpr DWORD Named =
@@ -101,8 +104,6 @@ TEST(FileDialogs, PassOnTheirSettings) {
   EXPECT_EQ(settings.FileName, "");  // a cancel leaves it empty
 }
 
-static DWORD Error;
-
 TEST(FileDialogs, ReportWhyTheyFailed) {
   for (const auto& [error, reason] :
        {std::pair{0x3003, "the path is too long"}, {0x0006, "error 6 of comdlg32.dll"}}) {
@@ -110,7 +111,7 @@ TEST(FileDialogs, ReportWhyTheyFailed) {
     Error = static_cast<DWORD>(error);
     form.cmdOK.Click = [] {
       CommonDialog settings;
-      RunFileDialog(nullptr, settings, {ChooseNothing, [] { return Error; }});
+      RunFileDialog(nullptr, settings, {ChooseNothing, LastError});
       EXPECT_EQ(settings.FileName, "");
     };
     PlayWhole(form, [&, text = std::string(reason)] {
