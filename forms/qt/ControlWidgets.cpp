@@ -36,12 +36,12 @@ QFont Narrowed(const QString& text, const QSize& room, int flags) {
   return font;
 }
 
-// Returns true if a row changed.
+// Returns true if a row changed. A text with line breaks still takes one line.
 bool MirrorRows(ShownRows& shown, const RowControl& list, QAbstractItemModel& rows) {
   const auto remove = [&](int from) { rows.removeRows(from, rows.rowCount() - from); };
   return shown.Mirror(list, remove, [&](int row, const std::string& text) {
     if (row == rows.rowCount()) rows.insertRow(row);
-    rows.setData(rows.index(row, 0), QString::fromStdString(text));
+    rows.setData(rows.index(row, 0), QString::fromStdString(text).replace('\n', ' '));
   });
 }
 

@@ -115,9 +115,11 @@ TEST(Lists, AreRedrawnWhenTheyGetTheFocusAndWhenTheirRowsChange) {
   TestForm form;
   form.cmdOK.Click = [&] {
     form.lstRows.Clear();
-    form.lstRows.AddItem("new");
+    form.lstRows.AddItem("still one\nline");
   };
   PlayWhole(form, [&] {
+    const auto* list = WidgetOf<QListWidget>(form.lstRows);
+    const int height = list->sizeHintForRow(0);
     PressRow(form.lstRows, 1);
     PressAt(form.cmdHelp);
     EXPECT_TRUE(IsRedrawn(form.lstRows));
@@ -125,6 +127,7 @@ TEST(Lists, AreRedrawnWhenTheyGetTheFocusAndWhenTheirRowsChange) {
     EXPECT_TRUE(IsRedrawn(form.lstRows));
     PressKey("Return");
     EXPECT_TRUE(IsRedrawn(form.lstRows));
+    EXPECT_EQ(list->sizeHintForRow(0), height);
   });
 }
 
