@@ -93,6 +93,19 @@ class RowList : public QListWidget {
   bool SelectsItself = false;  // true while the widget itself changes the selection
 };
 
+// Keeps its selection while a key has opened the menu.
+class LineEdit : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+
+ protected:
+  void focusOutEvent(QFocusEvent* event) override {
+    const bool toMenu = event->reason() == Qt::MenuBarFocusReason;
+    QFocusEvent leaves(QEvent::FocusOut, toMenu ? Qt::PopupFocusReason : event->reason());
+    QLineEdit::focusOutEvent(&leaves);
+  }
+};
+
 // One interface for the two kinds of text box.
 QString TextOf(const QLineEdit& edit) { return edit.text(); }
 QString TextOf(const QPlainTextEdit& edit) {
@@ -114,6 +127,22 @@ void Select(QPlainTextEdit& edit, int start, int length) {
   cursor.setPosition(start + length, QTextCursor::KeepAnchor);
   edit.setTextCursor(cursor);
 }
+
+// A press starts a new selection: dragging text would lose it if the target refuses it.
+class LinesEdit : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton && event->modifiers() != Qt::ShiftModifier) {
+      const int scrolled = verticalScrollBar()->value();
+      Select(*this, CaretOf(*this), 0);
+      verticalScrollBar()->setValue(scrolled);
+    }
+    QPlainTextEdit::mousePressEvent(event);
+  }
+};
 
 void DisableUndo(QLineEdit&) {}  // no key or menu reaches its own undo
 void DisableUndo(QPlainTextEdit& edit) { edit.setUndoRedoEnabled(false); }
@@ -159,8 +188,8 @@ ControlWidget MakeEdit(TextBox& box, Edit* edit) {
 }
 
 ControlWidget Make(TextBox& box, QWidget* parent) {
-  if (!box.MultiLine) return MakeEdit(box, new QLineEdit(parent));
-  auto* lines = new QPlainTextEdit(parent);
+  if (!box.MultiLine) return MakeEdit(box, new LineEdit(parent));
+  auto* lines = new LinesEdit(parent);
   lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   return MakeEdit(box, lines);
 }

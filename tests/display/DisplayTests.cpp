@@ -81,6 +81,7 @@ TEST_F(RefusedField, IsNotValidatedWhereTheFocusStays) {
         {At{&f.cmdOff}, "", "txtNumber"},
         {ClickEmptyArea, "", "txtNumber"},
         {openAndCloseMenu, "file ", "txtNumber"},
+        {"Alt+F Esc Esc", "file ", "txtNumber"},
         {PressCloseBox, "unload ", "txtNumber"},
         {"Esc", "cancel ", "txtNumber"}});
 }

@@ -100,6 +100,20 @@ TEST(Lists, PickRowsDuringADrag) {
   });
 }
 
+TEST(Lines, AreNotDragged) {
+  TestForm form;
+  PlayWhole(form, [&] {
+    PressAt(form.txtLines);
+    Type("ab");
+    PressKey("Ctrl+A");
+    const auto* lines = WidgetOf<QPlainTextEdit>(form.txtLines);
+    const QPoint selected = lines->cursorRect().center() - QPoint(3, 0);
+    QTest::mousePress(lines->viewport(), Qt::LeftButton, {}, selected);
+    EXPECT_FALSE(lines->textCursor().hasSelection());
+    QTest::mouseRelease(lines->viewport(), Qt::LeftButton, {}, selected);
+  });
+}
+
 // The platform used for tests has no bell either.
 TEST(Refusal, FlashesWithoutABell) {
   TestForm form;
