@@ -31,11 +31,11 @@ struct Report {
   std::vector<Finding>* Lines = nullptr;
 
   template <class... Pieces>
-  void OfMap(int map, const Pieces&... pieces) {
+  void AddForMap(int map, const Pieces&... pieces) {
     Append({.Map = map}, pieces...);
   }
   template <class... Pieces>
-  void OfArrow(int arrow, const Pieces&... pieces) {
+  void AddForArrow(int arrow, const Pieces&... pieces) {
     Append({.Arrow = arrow}, pieces...);
   }
 
@@ -69,13 +69,13 @@ void CheckExit(Report& report, int map, int vl) {
   const std::int32_t to = VLDest(map, vl);
   if (to == OffMap || to == NotAnExit) return;
   if (MapConnections(map, to) == NoConnection) {
-    report.OfMap(map, "No STRARROW defined for BTD link from ", MapRow(map), " to map ", MapRow(to),
-                 " via VL", vl);
+    report.AddForMap(map, "No STRARROW defined for BTD link from ", MapRow(map), " to map ",
+                     MapRow(to), " via VL", vl);
   } else if (MapConnections(to, map) == NoConnection) {
-    report.OfMap(map, "No reciprocating STRARROW defined for link from ", map, " to map ", to);
+    report.AddForMap(map, "No reciprocating STRARROW defined for link from ", map, " to map ", to);
   } else if (!HasExitTo(to, map)) {
-    report.OfMap(map, "No reciprocating BTD link defined for connection from map ", MapRow(map),
-                 " to map ", MapRow(to));
+    report.AddForMap(map, "No reciprocating BTD link defined for connection from map ", MapRow(map),
+                     " to map ", MapRow(to));
   }
 }
 
@@ -83,20 +83,20 @@ void CheckTile(Report& report, int map) {
   const Hotspot& hotspot = MapHotspots[map];
   const StrRect& tile = StrMap[map];
   if (!PositionFits(hotspot.CenterX, hotspot.CenterY)) {
-    report.OfMap(map, "Invalid hotspot coordinates for STRMAP ", map);
+    report.AddForMap(map, "Invalid hotspot coordinates for STRMAP ", map);
   } else if (!PositionFits(tile.Left, tile.Top)) {
-    report.OfMap(map, "Invalid tile coordinates for STRMAP ", map);
+    report.AddForMap(map, "Invalid tile coordinates for STRMAP ", map);
   } else if (!SizeFits(tile)) {
-    report.OfMap(map, "Invalid size for STRMAP ", map);
+    report.AddForMap(map, "Invalid size for STRMAP ", map);
   }
 }
 
 void CheckArrow(Report& report, int arrow) {
   const StrRect& rect = StrArrow[arrow];
   if (!PositionFits(rect.Left, rect.Top)) {
-    report.OfArrow(arrow, "Invalid coordinates for STRARROW ", arrow);
+    report.AddForArrow(arrow, "Invalid coordinates for STRARROW ", arrow);
   } else if (!SizeFits(rect)) {
-    report.OfArrow(arrow, "Invalid size for STRARROW ", arrow);
+    report.AddForArrow(arrow, "Invalid size for STRARROW ", arrow);
   }
 }
 

@@ -19,7 +19,7 @@ struct EndSearch {
 };
 using Search = std::unique_ptr<void, EndSearch>;
 
-std::error_code LastErrorBut(DWORD expected) {
+std::error_code LastErrorUnless(DWORD expected) {
   const DWORD error = ::GetLastError();
   if (error == expected) return {};
   return {static_cast<int>(error), std::system_category()};
@@ -64,7 +64,8 @@ std::error_code ScanFolder(const std::string& folder, std::string_view extension
                            std::vector<std::string>& names) {
   WIN32_FIND_DATAW entry{};
   const Search search = FindFirst(JoinPath(folder, "*"), entry);
-  if (search == nullptr) return LastErrorBut(ERROR_FILE_NOT_FOUND);  // the error for an empty drive
+  if (search == nullptr)
+    return LastErrorUnless(ERROR_FILE_NOT_FOUND);  // the error for an empty drive
   const std::string ending = ToUpper(extension);
   for (std::size_t found = 0; found < max;) {
     std::string name = WideToText(entry.cFileName);
@@ -72,7 +73,7 @@ std::error_code ScanFolder(const std::string& folder, std::string_view extension
       names.push_back(std::move(name));
       ++found;
     }
-    if (::FindNextFileW(search.get(), &entry) == 0) return LastErrorBut(ERROR_NO_MORE_FILES);
+    if (::FindNextFileW(search.get(), &entry) == 0) return LastErrorUnless(ERROR_NO_MORE_FILES);
   }
   return {};
 }

@@ -25,7 +25,7 @@ void WriteByte(int) {
   if (write(Pipe[1], &byte, 1) < 0) errno = before;  // full: a signal is pending anyway
 }
 
-void Handle(int signal, void (*handler)(int)) {
+void SetHandler(int signal, void (*handler)(int)) {
   struct sigaction action = {};
   action.sa_handler = handler;
   action.sa_flags = SA_RESTART;
@@ -44,7 +44,7 @@ SessionEnd::SessionEnd() {
 
 SessionEnd::~SessionEnd() {
   if (!Signals) return;
-  for (const int signal : EndSignals) Handle(signal, SIG_DFL);
+  for (const int signal : EndSignals) SetHandler(signal, SIG_DFL);
   Signals.reset();
   for (int& end : Pipe) close(end);
 }
@@ -62,7 +62,7 @@ void SessionEnd::ListenToSignals() {
   for (const int signal : EndSignals) {
     struct sigaction now = {};
     sigaction(signal, nullptr, &now);
-    if (now.sa_handler != SIG_IGN) Handle(signal, WriteByte);  // e.g. nohup ignores SIGHUP
+    if (now.sa_handler != SIG_IGN) SetHandler(signal, WriteByte);  // e.g. nohup ignores SIGHUP
   }
 }
 

@@ -66,20 +66,20 @@ void FormWindow::MakeControls() {
 }
 
 void FormWindow::MakeWindow() {
-  WNDCLASSW kind{};
-  kind.lpfnWndProc = WindowProc;
-  kind.hInstance = GetModuleHandleW(nullptr);
-  kind.hIcon = LoadIconW(kind.hInstance, L"Corvane");
-  kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  kind.lpszClassName = L"CorvaneForm";
-  RegisterClassW(&kind);  // fails harmlessly after the first window
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = WindowProc;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hIcon = LoadIconW(windowClass.hInstance, L"Corvane");
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+  windowClass.lpszClassName = L"CorvaneForm";
+  RegisterClassW(&windowClass);  // fails harmlessly after the first window
   const bool fixed = Shown.BorderKind == Border::FixedDialog;
   const DWORD style =
       WS_CLIPCHILDREN | (fixed ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_OVERLAPPEDWINDOW);
-  Window = CreateWindowExW(fixed ? WS_EX_DLGMODALFRAME : 0, kind.lpszClassName,
+  Window = CreateWindowExW(fixed ? WS_EX_DLGMODALFRAME : 0, windowClass.lpszClassName,
                            TextToWide(Shown.Caption).c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
-                           400, 400, Owner, nullptr, kind.hInstance, nullptr);
+                           400, 400, Owner, nullptr, windowClass.hInstance, nullptr);
   SetWindowLongPtrW(Window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -118,7 +118,7 @@ void FormWindow::SetFirstPlace() {
 }
 
 void FormWindow::MoveOntoScreen(const RECT& place) {
-  const POINT at = OnScreenOf(Window, place);
+  const POINT at = FitOnScreen(Window, place);
   SetWindowPos(Window, nullptr, at.x, at.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -44,7 +44,7 @@ class MessageWindow {
   bool OnKey(HWND child, WPARAM key) const;
   void CopyText() const;
 
-  HWND MakeChild(const wchar_t* kind, const wchar_t* text, DWORD style, int id);
+  HWND MakeChild(const wchar_t* className, const wchar_t* text, DWORD style, int id);
   void ApplyLayout(int dpi);
   void MakeFont(int dpi);
   SIZE PlaceText(SIZE room);
@@ -119,19 +119,19 @@ void MessageWindow::OnOpen() {
   SetAccessibleDescription(Box, Text);
   DisableDialogScaling(Box);
   for (int id = FirstButton; const MessageButton& choice : ButtonsOf(Choices)) {
-    const DWORD look = Buttons.empty() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+    const DWORD style = Buttons.empty() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
     Buttons.push_back(
-        MakeChild(WC_BUTTONW, TextToWide(choice.Caption).c_str(), look | WS_TABSTOP, id++));
+        MakeChild(WC_BUTTONW, TextToWide(choice.Caption).c_str(), style | WS_TABSTOP, id++));
   }
   SendMessageW(Box, DM_SETDEFID, FirstButton, 0);
   ApplyLayout(DpiOf(Box));
   SetFocus(Buttons.front());
 }
 
-HWND MessageWindow::MakeChild(const wchar_t* kind, const wchar_t* text, DWORD style, int id) {
-  const HWND child = CreateWindowExW(0, kind, text, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style,
-                                     0, 0, 0, 0, Box, reinterpret_cast<HMENU>(INT_PTR{id}),
-                                     GetModuleHandleW(nullptr), nullptr);
+HWND MessageWindow::MakeChild(const wchar_t* className, const wchar_t* text, DWORD style, int id) {
+  const HWND child = CreateWindowExW(
+      0, className, text, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, Box,
+      reinterpret_cast<HMENU>(INT_PTR{id}), GetModuleHandleW(nullptr), nullptr);
   SetWindowSubclass(child, ChildProc, 0, reinterpret_cast<DWORD_PTR>(this));
   return child;
 }
@@ -217,7 +217,7 @@ void MessageWindow::PlaceWindow(SIZE client) {
   RECT place{0, 0, whole.cx, whole.cy};
   OffsetRect(&place, (over.left + over.right - whole.cx) / 2,
              (over.top + over.bottom - whole.cy) / 2);
-  const POINT at = OnScreenOf(owner ? owner : Box, place);
+  const POINT at = FitOnScreen(owner ? owner : Box, place);
   MoveWindow(Box, at.x, at.y, whole.cx, whole.cy, TRUE);
 }
 

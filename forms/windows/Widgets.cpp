@@ -13,10 +13,10 @@ LRESULT Send(HWND widget, UINT message, LRESULT wParam, const void* lParam) {
                       reinterpret_cast<LPARAM>(lParam));
 }
 
-HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
+HWND MakeWidget(const Control& control, HWND parent, const wchar_t* className, DWORD style,
                 DWORD extended) {
   const auto number = reinterpret_cast<HMENU>(INT_PTR{control.TabIndex});
-  return CreateWindowExW(extended, kind, TextToWide(control.Caption).c_str(),
+  return CreateWindowExW(extended, className, TextToWide(control.Caption).c_str(),
                          WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent, number,
                          GetModuleHandleW(nullptr), nullptr);
 }
@@ -45,7 +45,7 @@ Range SelectionOf(HWND edit) {
   return range;
 }
 
-POINT OnScreenOf(HWND other, const RECT& window) {
+POINT FitOnScreen(HWND other, const RECT& window) {
   const auto place = [](const RECT& at) {
     const SIZE size = SizeOf(at);
     return Place{int{at.left}, int{at.top}, int{size.cx}, int{size.cy}};

@@ -12,8 +12,8 @@ namespace corvane {
 LRESULT Send(HWND widget, UINT message, LRESULT wParam = 0, const void* lParam = nullptr);
 
 /// A child of a window, without place, font or state.
-[[nodiscard]] HWND MakeWidget(const Control& control, HWND parent, const wchar_t* kind, DWORD style,
-                              DWORD extended = 0);
+[[nodiscard]] HWND MakeWidget(const Control& control, HWND parent, const wchar_t* className,
+                              DWORD style, DWORD extended = 0);
 
 /// Sizes and places in pixels; those of a widget include its border.
 [[nodiscard]] SIZE SizeOf(const RECT& place);
@@ -32,7 +32,7 @@ struct Range {
 [[nodiscard]] Range SelectionOf(HWND edit);
 
 /// The upper left corner at which a window fits on the screen of another one.
-[[nodiscard]] POINT OnScreenOf(HWND other, const RECT& window);
+[[nodiscard]] POINT FitOnScreen(HWND other, const RECT& window);
 
 [[nodiscard]] HFONT FontOf(HWND widget);
 void SetFontOf(HWND widget, HFONT font);
