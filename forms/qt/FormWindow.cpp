@@ -21,6 +21,16 @@ KeyStroke StrokeOf(const QKeyEvent& event) {
   return StrokeOf(event.key(), with, Keys);
 }
 
+// Closes the dropdown list of a combo box on a key that also opens it; returns true if it did. Some
+// versions of Qt would pick a row as well.
+bool CloseRows(const QWidget& popup, const QKeyEvent& key) {
+  const bool isArrow = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
+  if (key.key() != Qt::Key_F4 && !(isArrow && key.modifiers() == Qt::AltModifier)) return false;
+  auto* combo = qobject_cast<QComboBox*>(popup.parentWidget());
+  if (combo) combo->hidePopup();
+  return combo != nullptr;
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form) : QMainWindow(Top()), FormView(form) {
@@ -114,16 +124,6 @@ bool FormWindow::KeyboardInMenu() const {
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form decides whether the window closes
   CloseWindow(Shown);
-}
-
-// Closes the dropdown list of a combo box on a key that also opens it. Some versions of Qt would
-// pick a row as well.
-static bool CloseRows(const QWidget& popup, const QKeyEvent& key) {
-  const bool isArrow = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down;
-  if (key.key() != Qt::Key_F4 && !(isArrow && key.modifiers() == Qt::AltModifier)) return false;
-  auto* combo = qobject_cast<QComboBox*>(popup.parentWidget());
-  if (combo) combo->hidePopup();
-  return combo != nullptr;
 }
 
 bool FormWindow::eventFilter(QObject* target, QEvent* event) {
