@@ -57,13 +57,6 @@ bool PositionFits(std::int32_t x, std::int32_t y) {
 
 bool SizeFits(const StrRect& rect) { return rect.Width >= 1 && rect.Height >= 1; }
 
-bool HasExitTo(int map, int destination) {
-  for (int vl = 0; vl < VLSlotCount; ++vl) {
-    if (VLDest(map, vl) == destination) return true;
-  }
-  return false;
-}
-
 // A destination that names no map slot reads as a missing connection.
 void CheckExit(Report& report, int map, int vl) {
   const std::int32_t to = VLDest(map, vl);
@@ -73,7 +66,7 @@ void CheckExit(Report& report, int map, int vl) {
                      MapRow(to), " via VL", vl);
   } else if (MapConnections(to, map) == NoConnection) {
     report.AddForMap(map, "No reciprocating STRARROW defined for link from ", map, " to map ", to);
-  } else if (!HasExitTo(to, map)) {
+  } else if (!HasExitTo(VLDest, to, map)) {
     report.AddForMap(map, "No reciprocating BTD link defined for connection from map ", MapRow(map),
                      " to map ", MapRow(to));
   }

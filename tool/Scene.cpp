@@ -31,11 +31,7 @@ bool HasFile(const Layer& layer, int map) {
 }
 
 bool HasExit(const Layer& layer, int from, int to) {
-  if (!HasFile(layer, from)) return false;
-  for (int vl = 0; vl < VLSlotCount; ++vl) {
-    if (layer.Destinations(from, vl) == to) return true;
-  }
-  return false;
+  return HasFile(layer, from) && HasExitTo(layer.Destinations, from, to);
 }
 
 RoadKind KindOf(const Layer& layer, int from, int to) {

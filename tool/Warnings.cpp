@@ -149,11 +149,6 @@ class LayerCheck {
   [[nodiscard]] bool Connects(int from, int to) const {
     return TheLayer.Connections(from, to) != NoConnection;
   }
-  [[nodiscard]] bool HasExitTo(int map, int to) const {
-    for (int vl = 0; vl < VLSlotCount; ++vl)
-      if (TheLayer.Destinations(map, vl) == to) return true;
-    return false;
-  }
   [[nodiscard]] bool IsReached(int map) const {
     for (int from = 0; from < MapSlotCount; ++from)
       if (from != map && Connects(from, map)) return true;
@@ -196,7 +191,8 @@ class LayerCheck {
     }
     if (from == to) Warn(from, "it is connected to itself");
     if (!Connects(to, from)) Warn(from, name + " has no connection back");
-    if (HasRow(from) && !HasExitTo(from, to)) Warn(from, name + " has no exit");
+    if (HasRow(from) && !HasExitTo(TheLayer.Destinations, from, to))
+      Warn(from, name + " has no exit");
   }
 
   void CheckExits(int map) {

@@ -90,6 +90,14 @@ using HotspotTable = SlotTable<Hotspot, MapSlotCount>;
 using ConnectionTable = CellTable<MapSlotCount, MapSlotCount, true>;
 using DestinationTable = CellTable<MapSlotCount, VLSlotCount, false>;
 
+/// True if a victory location of `map` is an exit to `destination`.
+[[nodiscard]] inline bool HasExitTo(const DestinationTable& exits, int map, int destination) {
+  for (int vl = 0; vl < VLSlotCount; ++vl) {
+    if (exits(map, vl) == destination) return true;
+  }
+  return false;
+}
+
 /// The four tables of the game's files, in the order of a patch file.
 struct GameTables {
   StrMapTable Tiles;
