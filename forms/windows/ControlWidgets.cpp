@@ -201,8 +201,8 @@ ControlWidget Make(ComboBox& combo, HWND parent) {
   made.Mirror = RowMirror(widget, ComboBoxMessages, combo);
   made.OnNotify = [&combo, widget](int code) {
     const auto row = static_cast<int>(Send(widget, CB_GETCURSEL));
-    // An arrow key in the dropdown list is not yet a choice and can be cancelled. The shown row is
-    // a choice only if picked among them.
+    // An arrow key in the dropdown list is not yet a choice and can be cancelled. The displayed row
+    // is a choice only if it is picked in that list.
     const bool chosen = row != combo.ListIndex() || PicksInRows(widget);
     if (code == CBN_SELENDOK && chosen) PickRow(combo, row);
     if (code != CBN_CLOSEUP) return;
