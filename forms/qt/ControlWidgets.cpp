@@ -93,7 +93,7 @@ class RowList : public QListWidget {
   bool SelectsItself = false;  // true while the widget itself changes the selection
 };
 
-// Keeps its selection while a key has opened the menu.
+// Keeps its selection while a menu opened by a key has the focus.
 class LineEdit : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -101,8 +101,8 @@ class LineEdit : public QLineEdit {
  protected:
   void focusOutEvent(QFocusEvent* event) override {
     const bool toMenu = event->reason() == Qt::MenuBarFocusReason;
-    QFocusEvent leaves(QEvent::FocusOut, toMenu ? Qt::PopupFocusReason : event->reason());
-    QLineEdit::focusOutEvent(&leaves);
+    QFocusEvent focusOut(QEvent::FocusOut, toMenu ? Qt::PopupFocusReason : event->reason());
+    QLineEdit::focusOutEvent(&focusOut);
   }
 };
 
@@ -128,8 +128,8 @@ void Select(QPlainTextEdit& edit, int start, int length) {
   edit.setTextCursor(cursor);
 }
 
-// A press starts a new selection: dragging text would lose it if the target refuses it.
-class LinesEdit : public QPlainTextEdit {
+// A press always starts a new selection: text dragged to a target that refuses it would be lost.
+class MultiLineEdit : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
 
@@ -189,7 +189,7 @@ ControlWidget MakeEdit(TextBox& box, Edit* edit) {
 
 ControlWidget Make(TextBox& box, QWidget* parent) {
   if (!box.MultiLine) return MakeEdit(box, new LineEdit(parent));
-  auto* lines = new LinesEdit(parent);
+  auto* lines = new MultiLineEdit(parent);
   lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   return MakeEdit(box, lines);
 }
