@@ -47,7 +47,7 @@ Box LabelSheet::CellsOf(const Box& box) {
           cell(box.Bottom, Down)};
 }
 
-void LabelSheet::Take(const Box& box) {
+void LabelSheet::Reserve(const Box& box) {
   const Box cells = CellsOf(box);
   for (int y = cells.Top; y <= cells.Bottom; ++y) {
     for (int x = cells.Left; x <= cells.Right; ++x) {
@@ -71,17 +71,16 @@ bool LabelSheet::IsFree(const Box& box) const {
   return true;
 }
 
-bool LabelSheet::Put(std::string_view text, int size, std::span<const Point> corners,
-                     PlacedLabel& label) {
+std::optional<PlacedLabel> LabelSheet::Place(std::string_view text, int size,
+                                             std::span<const Point> corners) {
   const int width = TextWidth(text, size);
   for (const Point& corner : corners) {
     const Box box{corner.X, corner.Y, corner.X + width, corner.Y + LineHeight(size)};
     if (!IsFree(box)) continue;
-    Take(box);
-    label = {std::string(text), {corner.X, corner.Y + size - 1}};
-    return true;
+    Reserve(box);
+    return PlacedLabel{std::string(text), {corner.X, corner.Y + size - 1}};
   }
-  return false;
+  return std::nullopt;
 }
 
 int TextWidth(std::string_view text, int size) { return (Hundredths(text) * size + 99) / 100; }

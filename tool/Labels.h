@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,12 +22,12 @@ struct PlacedLabel {
 class LabelSheet {
  public:
   /// Keeps labels away from `box`.
-  void Take(const Box& box);
+  void Reserve(const Box& box);
   [[nodiscard]] bool IsFree(const Box& box) const;
-  /// Places `text` at the first of `corners` (its upper left corner) where it fits. Returns false
-  /// if it fits nowhere.
-  [[nodiscard]] bool Put(std::string_view text, int size, std::span<const Point> corners,
-                         PlacedLabel& label);
+  /// Places `text` with its upper left corner at the first of `corners` where it fits. Returns
+  /// nothing if it fits nowhere.
+  [[nodiscard]] std::optional<PlacedLabel> Place(std::string_view text, int size,
+                                                 std::span<const Point> corners);
 
  private:
   static constexpr int CellSize = 32;  // pixels

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <optional>
 
 #include "PageParts.h"
 #include "PictureParts.h"
@@ -178,7 +179,7 @@ void DrawHotspots(Sheet& sheet) {
     sheet.Out.Leaf(
         "circle",
         {{"class", "spot"}, {"cx", spot.X}, {"cy", spot.Y}, {"r", SpotRadius}, {"data-map", map}});
-    sheet.Labels.Take(
+    sheet.Labels.Reserve(
         {spot.X - SpotRadius, spot.Y - SpotRadius, spot.X + SpotRadius, spot.Y + SpotRadius});
   }
   sheet.Out.Close();
@@ -222,7 +223,7 @@ void DrawLabel(Markup& out, std::string_view style, const PlacedLabel& label,
 
 // Inside the tile if possible, else next to it; complete if possible, else shortened, else only
 // the number.
-bool PutName(Sheet& sheet, const SceneTile& tile, PlacedLabel& label) {
+std::optional<PlacedLabel> PlaceName(Sheet& sheet, const SceneTile& tile) {
   const Box& box = tile.Place;
   const Point corners[] = {{box.Left + 3, box.Top + 2},
                            {box.Left + 3, box.Bottom - NameSize - 3},
@@ -235,12 +236,13 @@ bool PutName(Sheet& sheet, const SceneTile& tile, PlacedLabel& label) {
   for (const std::string& text :
        {Shortened(whole, NameSize, width), Shortened(whole, NameSize, width / 2),
         std::to_string(tile.Map)}) {
-    if (!text.empty() && sheet.Labels.Put(text, NameSize, corners, label)) return true;
+    if (text.empty()) continue;
+    if (auto label = sheet.Labels.Place(text, NameSize, corners)) return label;
   }
-  return false;
+  return std::nullopt;
 }
 
-bool PutNumber(Sheet& sheet, const SceneArrow& arrow, PlacedLabel& label) {
+std::optional<PlacedLabel> PlaceNumber(Sheet& sheet, const SceneArrow& arrow) {
   const std::string number = std::to_string(arrow.Arrow);
   const Box& box = arrow.Place;
   const int width = TextWidth(number, NumberSize);
@@ -252,20 +254,19 @@ bool PutNumber(Sheet& sheet, const SceneArrow& arrow, PlacedLabel& label) {
                            {box.Left - width - 1, box.Top},
                            {middle, box.Top - NumberSize - 1},
                            {middle, box.Bottom}};
-  return sheet.Labels.Put(number, NumberSize, corners, label);
+  return sheet.Labels.Place(number, NumberSize, corners);
 }
 
 void DrawLabels(Sheet& sheet) {
   sheet.Out.Open("g", {{"class", "labels"}, {"aria-hidden", "true"}});
-  PlacedLabel label;
   for (const SceneTile& tile : sheet.Now.Tiles) {
-    if (PutName(sheet, tile, label)) {
-      DrawLabel(sheet.Out, "name", label, {"data-map", tile.Map});
+    if (const auto label = PlaceName(sheet, tile)) {
+      DrawLabel(sheet.Out, "name", *label, {"data-map", tile.Map});
     }
   }
   for (const SceneArrow& arrow : sheet.Now.Arrows) {
-    if (PutNumber(sheet, arrow, label)) {
-      DrawLabel(sheet.Out, "number", label, {"data-arrow", arrow.Arrow});
+    if (const auto label = PlaceNumber(sheet, arrow)) {
+      DrawLabel(sheet.Out, "number", *label, {"data-arrow", arrow.Arrow});
     }
   }
   sheet.Out.Close();

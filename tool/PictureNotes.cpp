@@ -59,7 +59,7 @@ void DrawBadgeAt(Sheet& sheet, const Mark& mark, std::size_t number) {
   if (!place) return;
   const std::optional<Box> box = FreePlace(sheet.Labels, *place, BadgeWidth(number));
   if (!box) return;
-  sheet.Labels.Take(*box);
+  sheet.Labels.Reserve(*box);
   sheet.Out.Open("a", {{"id", "at-" + std::to_string(number)},
                        {"href", "#mark-" + std::to_string(number)},
                        {"class", "badge " + std::string(KindName(mark.Kind))},
