@@ -119,11 +119,11 @@ TEST_F(CheckCommand, FailsWithoutTheMaps) {
   EXPECT_TRUE(Errors.starts_with("corvane-tool: No map files were found in the folder ")) << Errors;
   Folder.Put("Maps", "a file in place of the folder");
   EXPECT_EQ(Run({"check", "/CC4.EXE"}), 2);
-  // Windows reports a file in place of the folder as a missing folder.
-  const char* const reason = Separator == '/'
-                                 ? "corvane-tool: /Maps could not be listed completely: "
-                                 : "corvane-tool: No map files were found in the folder ";
-  EXPECT_TRUE(Plain(Errors).starts_with(reason)) << Errors;
+  const std::string error = Plain(Errors);
+  const bool missing = error.starts_with("corvane-tool: No map files were found in the folder ");
+  EXPECT_TRUE(error.starts_with("corvane-tool: /Maps could not be listed completely: ") ||
+              (missing && Separator == '\\'))  // what Wine 8 reports
+      << Errors;
 }
 
 TEST_F(CheckCommand, WarnsOfMoreFilesThanMapSlots) {
