@@ -11,6 +11,7 @@ need windows
 presets="windows windows32"
 echo "== windows: build"
 build windows
+ctest --preset windows -R levels --no-tests=error
 echo "== windows32: build"
 if installed wine32:i386 || [ "${1-}" = --debian13 ]; then
   build windows32

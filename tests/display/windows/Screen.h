@@ -43,6 +43,7 @@ inline Pixels PixelsOf(HWND window) {
   BITMAPINFO format{{sizeof format.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
   GetDIBits(canvas, copy, 0, static_cast<UINT>(size.cy), pixels.data(), &format, DIB_RGB_COLORS);
   DeleteObject(copy), DeleteDC(canvas), ReleaseDC(window, screen);
+  for (COLORREF& pixel : pixels) pixel &= 0xFFFFFF;  // the fourth byte is undefined
   return pixels;
 }
 
