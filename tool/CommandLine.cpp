@@ -6,6 +6,7 @@
 #include <functional>
 #include <thread>
 
+#include "Paths.h"
 #include "tool/Commands.h"
 #include "tool/Draw.h"
 #include "tool/Sources.h"
@@ -44,8 +45,13 @@ CLI::App& AddCommand(CLI::App& app, const char* name, const char* help, Call& ca
   return command;
 }
 
-void AddArgument(CLI::App& command, const char* name, auto& value, const char* help) {
-  command.add_option(name, value, help)->required()->type_name("");
+CLI::Option& AddArgument(CLI::App& command, const char* name, auto& value, const char* help) {
+  return *command.add_option(name, value, help)->required()->type_name("");
+}
+
+// Adds an argument that names a file in any letter case.
+void AddFile(CLI::App& command, const char* name, auto& value, const char* help) {
+  AddArgument(command, name, value, help).transform(InCaseOfFile);
 }
 
 void AddGame(CLI::App& command, std::string& game) {
@@ -55,7 +61,7 @@ void AddGame(CLI::App& command, std::string& game) {
 void AddCheck(CLI::App& app, Call& call) {
   CLI::App& command =
       AddCommand(app, "check", "Print findings and warnings", call, Check, call.Check);
-  AddArgument(command, "SOURCE", call.Check.Sources, SourceHelp);
+  AddFile(command, "SOURCE", call.Check.Sources, SourceHelp);
   AddGame(command, call.Check.Game);
   command.add_flag("--strict", call.Check.Strict, "treat warnings as findings");
   command.footer(
@@ -69,7 +75,7 @@ void AddCheck(CLI::App& app, Call& call) {
 void AddShow(CLI::App& app, Call& call) {
   CLI::App& command = AddCommand(app, "show", "List the contents of a source, one item per line",
                                  call, Show, call.Show);
-  AddArgument(command, "SOURCE", call.Show.Source, SourceHelp);
+  AddFile(command, "SOURCE", call.Show.Source, SourceHelp);
   AddGame(command, call.Show.Game);
   command.add_flag("--json", call.Show.Json, "print lossless JSON instead, without the maps");
   command.footer(
@@ -83,8 +89,8 @@ void AddShow(CLI::App& app, Call& call) {
 void AddDiff(CLI::App& app, Call& call) {
   CLI::App& command =
       AddCommand(app, "diff", "Print the differences between two sources", call, Diff, call.Diff);
-  AddArgument(command, "A", call.Diff.Before, SourceHelp);
-  AddArgument(command, "B", call.Diff.After, "the source to compare it with");
+  AddFile(command, "A", call.Diff.Before, SourceHelp);
+  AddFile(command, "B", call.Diff.After, "the source to compare it with");
   AddGame(command, call.Diff.Game);
   command.footer(
       "Map files are compared only if both sources are a CC4.EXE.\n"
@@ -98,8 +104,8 @@ void AddDiff(CLI::App& app, Call& call) {
 void AddCopy(CLI::App& app, Call& call) {
   CLI::App& command =
       AddCommand(app, "copy", "Copy tables or a BTD record to another file", call, Copy, call.Copy);
-  AddArgument(command, "FROM", call.Copy.From, SourceHelp);
-  AddArgument(command, "TO", call.Copy.To, "the target; its name determines the kind of file");
+  AddFile(command, "FROM", call.Copy.From, SourceHelp);
+  AddFile(command, "TO", call.Copy.To, "the target; its name determines the kind of file");
   AddGame(command, call.Copy.Game);
   command.add_flag("--unchecked", call.Copy.Unchecked, "also copy tables that fail the check");
   command.add_flag("--dry-run", call.Copy.DryRun, "print what would change and write nothing");
@@ -128,12 +134,13 @@ int DrawOrWatch(const Call& call, const Console& console) {
 
 void AddDraw(CLI::App& app, Call& call) {
   CLI::App& command = AddCommand(app, "draw", "Draw the strategic layer", call, DrawOrWatch, call);
-  AddArgument(command, "SOURCE", call.Draw.Source, SourceHelp);
+  AddFile(command, "SOURCE", call.Draw.Source, SourceHelp);
   AddArgument(command, "OUT", call.Draw.Out,
               "a picture (.svg) or a page for the browser (.html); replaced if it exists");
   command
       .add_option("--against", call.Draw.Against, "draw the positions in this source in outline")
-      ->type_name("SOURCE");
+      ->type_name("SOURCE")
+      ->transform(InCaseOfFile);
   AddGame(command, call.Draw.Game);
   command.add_flag("--watch", call.Watch, "redraw whenever a file changes; the page reloads");
   command.footer(
@@ -147,7 +154,8 @@ void AddDraw(CLI::App& app, Call& call) {
 // A file manager passes only the files that are dropped on the program.
 void AddFiles(CLI::App& app, Call& call) {
   app.add_option("FILE", call.Files, "draw a page of each file and open it in the browser")
-      ->type_name("");
+      ->type_name("")
+      ->transform(InCaseOfFile);
   AddGame(app, call.Game);
 }
 

@@ -18,18 +18,10 @@ namespace corvane {
 namespace {
 
 struct Target {
-  std::string Path;  // in the letter case of an existing file
+  std::string Path;
   SourceKind Kind = SourceKind::Other;
   bool Exists = false;
 };
-
-Target TargetAt(const std::string& path) {
-  const std::string title(FileTitle(path));
-  const std::string found = NameInFolder(FolderOf(path), title);
-  Target target{path.substr(0, path.size() - title.size()) + found, KindOfSource(path)};
-  target.Exists = OrdinaryFileExists(target.Path);
-  return target;
-}
 
 // Why the kinds of the two files do not match; empty if they do.
 std::string Mismatch(const Source& from, const Target& to) {
@@ -126,7 +118,7 @@ Result<std::optional<Source>, std::string> ReadTarget(const Target& to) {
 int Copy(const CopyOptions& options, const Console& console) {
   const auto from = ReadSource(options.From, {}, MapsWanted::No);
   if (!from.Done()) return Fail(console, from.Error());
-  const Target to = TargetAt(options.To);
+  const Target to{options.To, KindOfSource(options.To), OrdinaryFileExists(options.To)};
   if (const std::string mismatch = Mismatch(*from, to); !mismatch.empty())
     return Fail(console, mismatch);
   if (NeedsForce(to) && !options.Force) {

@@ -23,6 +23,11 @@ std::string FolderOf(std::string_view path) {
   return folder;
 }
 
+std::string InCaseOfFile(const std::string& path) {
+  const std::string title(FileTitle(path));
+  return path.substr(0, path.size() - title.size()) + NameInFolder(FolderOf(path), title);
+}
+
 std::uint64_t FileLength(const std::string& path) {
   std::error_code error;
   const std::uintmax_t length = std::filesystem::file_size(ToSystemPath(path), error);

@@ -18,6 +18,9 @@ namespace corvane {
 /// root.
 [[nodiscard]] std::string FolderOf(std::string_view path);
 
+/// The path in the letter case of an existing file; unchanged if there is none.
+[[nodiscard]] std::string InCaseOfFile(const std::string& path);
+
 /// In bytes; 0 if unknown.
 [[nodiscard]] std::uint64_t FileLength(const std::string& path);
 

@@ -14,11 +14,11 @@ struct CopyCommand : ToolRun {
   const std::string Exe = GameExeBytes(Game.Tables);
 };
 
-TEST_F(CopyCommand, PreservesTablesThroughEveryKindOfFile) {
+TEST_F(CopyCommand, PreservesTablesThroughEveryKindOfFileInAnyLetterCase) {
   const std::string patch = Noise(11).Bytes(11212);
   Folder.Put("p.crv", patch);
   for (const auto& [from, to] :
-       {std::pair("/p.crv", "/CC4.EXE"), {"/CC4.EXE", "/t.json"}, {"/t.json", "/back.crv"}}) {
+       {std::pair("/P.CRV", "/Cc4.exe"), {"/cc4.EXE", "/t.json"}, {"/t.JSON", "/back.crv"}}) {
     EXPECT_EQ(Run({"copy", "--unchecked", from, to}), 0) << Errors;
   }
   EXPECT_TRUE(Folder.Get("back.crv") == patch);
