@@ -56,15 +56,10 @@ std::string Shown(std::string_view text, bool multiLine, std::string_view lineBr
   return shown;
 }
 
-// The text that a typed or pasted piece inserts.
-std::string Accepted(std::string_view piece) {
-  const bool endsTheText = piece == std::string_view("\0", 1);
-  return endsTheText ? std::string() : AnsiToText(TextToAnsi(piece));
-}
-
-// The pieces of a typed or pasted text. A single-line box drops the break that ends a single line.
+// The pieces of a typed or pasted text, which a NUL ends. A single-line box drops the break that
+// ends a single line.
 Pieces InsertedPieces(std::string_view text, bool multiLine) {
-  Pieces pieces = ShownPieces(text, true);
+  Pieces pieces = ShownPieces(text.substr(0, text.find('\0')), true);
   if (!multiLine && std::ranges::count_if(pieces, IsLineBreak) == 1 && IsLineBreak(pieces.back())) {
     pieces.pop_back();
   }
@@ -129,7 +124,7 @@ std::string EditedText(const TextBox& box, const TextEdit& edit) {
   int room = box.TypedLimit - CharacterCount(before) - CharacterCount(after);
   for (const std::string_view piece : InsertedPieces(edit.Inserted, box.MultiLine)) {
     const bool breaks = box.MultiLine && IsLineBreak(piece);
-    const std::string accepted = breaks ? lineBreak() : Accepted(piece);
+    const std::string accepted = breaks ? lineBreak() : AnsiToText(TextToAnsi(piece));
     room -= CharacterCount(accepted);
     if (box.TypedLimit > 0 && room < 0) break;
     inserted += accepted;

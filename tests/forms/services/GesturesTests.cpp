@@ -228,7 +228,7 @@ TEST_F(Controls, AnEditPreservesEverythingElse) {
   }
 }
 
-TEST_F(Controls, TheProgramMayExceedATypedLimit) {
+TEST_F(Controls, TheTypedLimitOrANulEndsAnInsertion) {
   f.txtName.SetText("1\r\n456");
   f.txtName.SelectAll();
   f.TakeLog();
@@ -238,4 +238,6 @@ TEST_F(Controls, TheProgramMayExceedATypedLimit) {
   EXPECT_EQ(f.txtName.SelLength, 0);
   EditText(f.txtName, FindEdit(f.txtName, "\r\n456", ""));
   EXPECT_EQ(f.txtName.Text(), "\r\n456");
+  EditText(f.txtName, {0, 5, std::string{'a', '\0', 'b'}});
+  EXPECT_EQ(f.txtName.Text(), "a");
 }

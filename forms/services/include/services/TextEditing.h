@@ -39,7 +39,7 @@ struct TextEdit {
                                 std::string_view beforeCaret);
 
 /// The text of a box after an edit of its shown text. Inserted characters outside the ANSI code
-/// page become '?' and line breaks become CR LF; the typed limit truncates the insertion.
+/// page become '?' and line breaks become CR LF; a NUL or the typed limit ends the insertion.
 [[nodiscard]] std::string EditedText(const TextBox& box, const TextEdit& edit);
 
 /// The number of characters in a UTF-8 text; CR LF counts as two.
