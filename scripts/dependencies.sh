@@ -26,10 +26,10 @@ This script installs packages on Debian and Ubuntu only. Please install the pack
 your system, and run it again:
   Fedora:    gcc-c++ cmake ninja-build qt6-qtbase-devel utf8proc-devel cli11-devel json-devel
              gtest-devel python3-jsonschema strace dejavu-sans-fonts
-             clang clang-tools-extra (for the checks), google-benchmark-devel (to measure)
+             clang clang-tools-extra expat-devel (for the checks), google-benchmark-devel (to measure)
   Arch:      gcc cmake ninja qt6-base libutf8proc cli11 nlohmann-json gtest python-jsonschema strace
              ttf-dejavu
-             clang (for the checks), benchmark (to measure)
+             clang expat (for the checks), benchmark (to measure)
 END
 }
 
