@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QtTest>
+#include <csignal>
 
 #include "Look.h"
 #include "Screen.h"
@@ -23,9 +24,11 @@ TEST(ScreenReader, GetsTheLabelOfAField) {
 
 TEST(ScreenReader, GetsTheRoleAndModalityOfADialog) {
   TestForm form, dialog;
+  dialog.Menus.clear();
   form.cmdOK.Click = [&] { dialog.ShowModal(); };
   PlayWhole(form, [&] {
     WhenNext([] {
+      EXPECT_EQ(QApplication::activeModalWidget()->height(), 360);
       const auto* seen = QAccessible::queryAccessibleInterface(QApplication::activeModalWidget());
       EXPECT_EQ(seen->role(), QAccessible::Dialog);
       EXPECT_TRUE(seen->state().modal);
@@ -64,6 +67,14 @@ TEST(Focus, ReturnsFromAMenuThatABoxCloses) {
     PressKey("Tab");
     EXPECT_EQ(SeenFocus(), "lstFew");
   });
+}
+
+TEST(Signals, IgnoredAtTheStartStayIgnored) {
+  auto* const before = std::signal(SIGHUP, SIG_IGN);  // e.g. by nohup
+  TestForm form;
+  PlayWhole(form, [] { EXPECT_EQ(std::signal(SIGHUP, SIG_IGN), SIG_IGN); });
+  std::signal(SIGHUP, before);
+  EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);  // as before
 }
 
 TEST(ScreenReader, SelectsButNeverDeselectsARow) {

@@ -23,19 +23,32 @@ static void Show(const std::string& text, const std::function<void()>& inBox) {
   });
 }
 
-TEST(Messages, ScrollByKeysWhileTheButtonHasTheFocus) {
+TEST(Messages, ScrollByKeys) {
   Show(std::string(300, '\n'), [] {
     const auto firstLine = [] {
       return static_cast<int>(SendMessageW(MessageText(), EM_GETFIRSTVISIBLELINE, 0, 0));
     };
-    EXPECT_EQ(firstLine(), 0);
     PressKey("PageDown");
     EXPECT_GT(firstLine(), 10);
     PressKey("End");
     EXPECT_GT(firstLine(), 200);
-    PressKey("PageUp");
     PressKey("Home");
     EXPECT_EQ(firstLine(), 0);
+    PressKey("Tab");
+    PressKey("End");  // of the line
+    EXPECT_EQ(firstLine(), 0);
+    PressKey("PageDown");
+    EXPECT_GT(firstLine(), 0);
+    PressKey("Esc");
+  });
+}
+
+TEST(Messages, AppearInTheMiddleOfTheirOwner) {
+  Show("1", [] {
+    const RECT box = PlaceOf(GetActiveWindow());
+    const RECT owner = PlaceOf(GetWindow(GetActiveWindow(), GW_OWNER));
+    EXPECT_NEAR(box.left + box.right, owner.left + owner.right, 1);
+    EXPECT_NEAR(box.top + box.bottom, owner.top + owner.bottom, 1);
     PressKey("Esc");
   });
 }
@@ -98,9 +111,8 @@ TEST(FileDialogs, PassOnTheirSettings) {
   RunFileDialog(nullptr, settings, {ChooseNothing, LastError});
   EXPECT_EQ(GivenFilter, std::wstring(L"Executable\0CC4.EXE\0All\0*.*\0", 27));
   EXPECT_EQ(Given.nFilterIndex, 2U);
-  constexpr DWORD Named =
-      OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT | OFN_NOCHANGEDIR;
-  EXPECT_EQ(Given.Flags & Named, static_cast<DWORD>(OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST));
+  constexpr DWORD Wanted = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+  EXPECT_EQ(Given.Flags & (Wanted | OFN_OVERWRITEPROMPT | OFN_NOCHANGEDIR), Wanted);
   EXPECT_EQ(settings.FileName, "");  // a cancel leaves it empty
 }
 

@@ -82,6 +82,18 @@ TEST_F(Layout, PutsEveryControlInPlace) {
   }
 }
 
+TEST_F(Layout, HasTheUsualFrameAndPointerAndScrollsAWideRow) {
+  Shown.BorderKind = Border::Resizable;
+  Shown.lstFew.AddItem(std::string(100, 'w'));
+  PlayAt(0, [&](HWND window) {
+    EXPECT_FALSE(GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_DLGMODALFRAME);  // hides the icon
+    EXPECT_TRUE(GetWindowLongW(WidgetOf(Shown.lstFew), GWL_STYLE) & WS_HSCROLL);
+    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), HTCLIENT);
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+  });
+}
+
 // The columns after the last letter in the field of a combo box.
 LONG ColumnsLeft(HWND combo, const Pixels& pixels) {
   COMBOBOXINFO parts{};
