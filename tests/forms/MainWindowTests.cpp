@@ -229,6 +229,7 @@ TEST(NoMaps, AreReportedOnceAndShowNothing) {
   main.cmdDelete_Click();
   Session::Type(main.txtMapLeft, "5");
   PressKey(main, Key::Tab);
+  EXPECT_NE(main.Focused, &main.txtMapLeft);
   EXPECT_FALSE(TablesDirty);
   EXPECT_EQ(session.TakeMessages(), Texts());
   session.Folder.Put("Maps", "a file");

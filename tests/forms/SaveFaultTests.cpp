@@ -37,6 +37,7 @@ struct Plan {
   bool Permanent = false;  // every later step fails as well
   int Steps = 0;
   bool Changed = false;          // a write or a new length took effect
+  bool Unflushed = false;        // and no flush came later
   int Allocated = 0;             // at the last call
   std::array<bool, 9> Failed{};  // by FileStep
   bool Blind = false;            // the last failed step would have read the file's state
@@ -45,7 +46,8 @@ struct Plan {
     if (moment == Moment::Before) ++Steps;
     if (step == FileStep::Write) MayNotAllocate = true;
     if (moment == Moment::After && (step == FileStep::Write || step == FileStep::SetLength))
-      Changed = true;
+      Changed = Unflushed = true;
+    if (moment == Moment::After && step == FileStep::Flush) Unflushed = false;
     Allocated = Allocations;
     for (const Fault& fault : Faults) {
       const bool hit = fault.Step == Steps - 1 || (Permanent && fault.Step < Steps - 1);
@@ -64,7 +66,7 @@ bool IsTrue(FileState state, const Contents& old, const Contents& now, const Pla
   const bool flushed = !plan.Failed[std::size_t(FileStep::Flush)];
   switch (state) {
     case FileState::Unchanged:
-      return old && now == old && flushed;
+      return old && now == old && flushed && !plan.Unflushed;
     case FileState::Unconfirmed:
       return old && now == old && plan.Changed &&
              (!flushed || plan.Failed[std::size_t(FileStep::Close)]);

@@ -235,9 +235,12 @@ TEST_F(Controls, TheTypedLimitOrANulEndsAnInsertion) {
   EditText(f.txtName, {6, 0, "7"});  // no room for it
   EXPECT_EQ(f.TakeLog(), "");
   EXPECT_EQ(f.txtName.Text(), "1\r\n456");
+  EXPECT_EQ(ShownText(f.txtName, "\n", 2), "1\r");
+  EXPECT_EQ(WithLineBreaks(f.txtName.Text(), "/"), "1/456");
   EXPECT_EQ(f.txtName.SelLength, 0);
   EditText(f.txtName, FindEdit(f.txtName, "\r\n456", ""));
   EXPECT_EQ(f.txtName.Text(), "\r\n456");
+  EXPECT_EQ(f.txtName.SelStart, 0);
   EditText(f.txtName, {0, 5, std::string{'a', '\0', 'b'}});
   EXPECT_EQ(f.txtName.Text(), "a");
 }
