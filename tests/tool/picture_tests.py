@@ -97,10 +97,12 @@ class TwoMaps(unittest.TestCase):
         return Picture("now.svg")
 
     def test_draws_a_road_through_its_arrow_on_the_sheet(self):
-        for x, y, path in ((330, 240, "M130 220Q330 260 530 220"),
-                           (30, 590, "M130 220L30 590L530 220")):
+        for to, x, y, path in ((1, 330, 240, "M130 220Q330 260 530 220"),
+                               (1, 30, 590, "M130 220L30 590L530 220"),
+                               (0, 130, 160, "M130 220c-20 -80 20 -80 0 0")):
+            self.tables["MapConnections"] = []
             self.tables["StrArrow"][4] = tile(x - 10, y - 10, 20, 20)
-            connect(self.tables, 0, 1, 4)
+            connect(self.tables, 0, to, 4)
             self.assertEqual(self.draw().all("path", "road no-exit")[0].get("d"), path)
 
     def test_distinguishes_kinds_of_roads(self):
