@@ -3,11 +3,13 @@
 
 #include <windows.h>
 
+#include <atomic>
+
 namespace corvane {
 namespace {
 
 int Guards = 0;
-bool Arrived = false;
+std::atomic<bool> Arrived = false;  // the system runs the handler on a thread of its own
 
 BOOL WINAPI Record(DWORD event) {
   if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) return FALSE;
@@ -26,8 +28,7 @@ EndSignalGuard::EndSignalGuard() {
 EndSignalGuard::~EndSignalGuard() {
   if (--Guards > 0) return;
   ::SetConsoleCtrlHandler(Record, FALSE);
-  if (Arrived) ::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
-  Arrived = false;
+  if (Arrived.exchange(false)) ::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0);
 }
 
 }  // namespace corvane
