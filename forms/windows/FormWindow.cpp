@@ -232,6 +232,7 @@ void FormWindow::OnDrawRow(const DRAWITEMSTRUCT& row) {
 }
 
 void FormWindow::OnMenuDrop(HMENU menu, WORD entry) {
+  if (entry >= Shown.Menus.size()) return;
   OpenMenu(*Shown.Menus[entry]);
   for (UINT at = 0; const MenuItem* item : Shown.Menus[entry]->Items) {
     EnableMenuItem(menu, at++, MF_BYPOSITION | (item->Enabled ? MF_ENABLED : MF_GRAYED));
