@@ -3,12 +3,14 @@
 
 version=$(sed -n 's/^project(Corvane VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
-# The version is in four files, which must agree.
+# The changelogs must contain this version, and the metainfo the date of its release.
 check_version() {
-  local file
-  for file in "CHANGELOG.md:^## $version " "debian/changelog:^corvane ($version)" \
-    "packaging/org.corvane.Corvane.metainfo.xml.in:<release version=\"@PROJECT_VERSION@\""; do
-    grep -q "${file#*:}" "${file%%:*}" || { echo "${file%%:*} lacks version $version" >&2; return 1; }
+  local file date
+  date=$(sed -n "s/^## $version (\(.*\))$/\1/p" CHANGELOG.md)
+  for file in "CHANGELOG.md:^## $version (" "debian/changelog:^corvane ($version)" \
+    "packaging/org.corvane.Corvane.metainfo.xml.in:<release [^>]* date=\"$date\">"; do
+    grep -q "${file#*:}" "${file%%:*}" ||
+      { echo "${file%%:*} lacks version $version or its date" >&2; return 1; }
   done
 }
 
