@@ -142,13 +142,13 @@ class Decoder {
 };
 
 // An array with an element for each slot of a table.
-template <typename Table, std::size_t Count, typename Fields>
+template <typename Table, typename Fields>
 bool ReadTable(Decoder& decoder, const Json& document, const char* key, Table& table,
-               const Fields& fields, std::integral_constant<std::size_t, Count>) {
+               const Fields& fields, std::size_t count) {
   const Place root;
   const Place at = root / key;
-  if (!decoder.Array(document[key], at, Count)) return false;
-  for (std::size_t slot = 0; slot < Count; ++slot) {
+  if (!decoder.Array(document[key], at, count)) return false;
+  for (std::size_t slot = 0; slot < count; ++slot) {
     if (!decoder.Numbers(document[key][slot], at / slot, table[static_cast<int>(slot)], fields))
       return false;
   }
@@ -191,16 +191,14 @@ bool CheckVersion(Decoder& decoder, const Json& document) {
 }
 
 bool ReadTables(Decoder& decoder, const Json& document, Layer& layer) {
-  constexpr std::integral_constant<std::size_t, MapSlotCount> maps;
-  constexpr std::integral_constant<std::size_t, ArrowSlotCount> arrows;
   return decoder.Object(document, {},
                         std::array{"Format", "Version", "StrMap", "StrArrow", "MapConnections",
                                    "MapHotspots"}) &&
          CheckVersion(decoder, document) &&
-         ReadTable(decoder, document, "StrMap", layer.Tiles, RectFields, maps) &&
-         ReadTable(decoder, document, "StrArrow", layer.Arrows, RectFields, arrows) &&
+         ReadTable(decoder, document, "StrMap", layer.Tiles, RectFields, MapSlotCount) &&
+         ReadTable(decoder, document, "StrArrow", layer.Arrows, RectFields, ArrowSlotCount) &&
          ReadConnections(decoder, document, layer.Connections) &&
-         ReadTable(decoder, document, "MapHotspots", layer.Hotspots, HotspotFields, maps);
+         ReadTable(decoder, document, "MapHotspots", layer.Hotspots, HotspotFields, MapSlotCount);
 }
 
 bool ReadVL(Decoder& decoder, const Json& node, const Place& at, VictoryLocation& vl) {

@@ -1,4 +1,5 @@
 // Writes JSON with one record per line, so that version control shows which records changed.
+#include <optional>
 #include <span>
 
 #include "Fields.h"
@@ -42,24 +43,25 @@ std::string HexObject(std::string_view bytes) {
   return json + "\"}";
 }
 
-// In some code pages, not all bytes survive the conversion to text and back.
-bool IsText(std::string_view bytes, std::string& text) {
-  text = AnsiToText(bytes);
-  return TextToAnsi(text) == bytes;
+// Returns nothing if the bytes would not survive the way back: in some code pages not all do.
+std::optional<std::string> DecodeText(std::string_view bytes) {
+  std::string text = AnsiToText(bytes);
+  if (TextToAnsi(text) != bytes) return std::nullopt;
+  return text;
 }
 
 std::string TextValue(std::span<const char> field) {
   const std::string_view bytes = WithoutPadding(field);
-  std::string text;
-  return IsText(bytes, text) ? JsonString(text) : HexObject(bytes);
+  const std::optional<std::string> text = DecodeText(bytes);
+  return text ? JsonString(*text) : HexObject(bytes);
 }
 
 std::string LinesValue(std::span<const char> field) {
   const std::string_view bytes = WithoutPadding(field);
-  std::string text;
-  if (!IsText(bytes, text)) return HexObject(bytes);
+  const std::optional<std::string> text = DecodeText(bytes);
+  if (!text) return HexObject(bytes);
   std::string json = "[";
-  for (std::string_view rest = text; !rest.empty();) {
+  for (std::string_view rest = *text; !rest.empty();) {
     const std::string_view line = rest.substr(0, std::min(rest.find('\n'), rest.size() - 1) + 1);
     json += (json.size() > 1 ? ",\n    " : "\n    ") + JsonString(line);
     rest.remove_prefix(line.size());

@@ -88,7 +88,9 @@ int TextWidth(std::string_view text, int size) { return (Hundredths(text) * size
 std::string Shortened(const std::string& text, int size, int width) {
   const int hundredths = width * 100 / size;
   if (Hundredths(text) <= hundredths) return text;
-  const std::string start = text.substr(0, BytesWithin(text, hundredths - 105));
+  constexpr char32_t Ellipsis = U'\u2026';
+  const std::string start =
+      text.substr(0, BytesWithin(text, hundredths - CharacterWidth(Ellipsis)));
   return start.size() < 2 ? std::string() : start + "\u2026";
 }
 

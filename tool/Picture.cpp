@@ -175,10 +175,13 @@ void DrawRoads(Sheet& sheet) {
 
 void DrawHotspots(Sheet& sheet) {
   sheet.Out.Open("g", {{"class", "spots"}});
-  for (const auto& [map, row, name, place, spot, exits] : sheet.Now.Tiles) {
-    sheet.Out.Leaf(
-        "circle",
-        {{"class", "spot"}, {"cx", spot.X}, {"cy", spot.Y}, {"r", SpotRadius}, {"data-map", map}});
+  for (const SceneTile& tile : sheet.Now.Tiles) {
+    const Point spot = tile.Spot;
+    sheet.Out.Leaf("circle", {{"class", "spot"},
+                              {"cx", spot.X},
+                              {"cy", spot.Y},
+                              {"r", SpotRadius},
+                              {"data-map", tile.Map}});
     sheet.Labels.Reserve(
         {spot.X - SpotRadius, spot.Y - SpotRadius, spot.X + SpotRadius, spot.Y + SpotRadius});
   }

@@ -43,7 +43,8 @@ void DrawOldTiles(Sheet& sheet, const Scene& before) {
 void DrawOldArrows(Sheet& sheet, const Scene& before) {
   const Layer& was = *sheet.Input.Before;
   const Layer& is = *sheet.Input.Now;
-  for (const auto& [arrow, place] : before.Arrows) {
+  for (const SceneArrow& each : before.Arrows) {
+    const int arrow = each.Arrow;
     if (SamePlace(was.Arrows[arrow], is.Arrows[arrow])) continue;
     DrawOldBox(sheet.Out, was.Arrows[arrow], is.Arrows[arrow], "Arrow " + std::to_string(arrow));
   }

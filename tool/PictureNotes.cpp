@@ -12,6 +12,7 @@ namespace {
 constexpr int BadgeHeight = 10;
 constexpr int ListSize = 9;  // font size in pixels
 constexpr int LineHeight = 12;
+constexpr int TextIndent = 22;  // room for the widest badge
 constexpr int ColumnWidth = 284;
 constexpr int ColumnPitch = 296;
 constexpr int ListColumns = 4;  // one beside the map; all four below it
@@ -81,7 +82,7 @@ std::vector<ListLine> ListLines(const Marks& marks) {
   for (std::size_t i = 0; i < marks.size(); ++i) {
     std::size_t number = i + 1;
     const std::string text = Printable(marks[i].Text);
-    for (std::string& line : Wrapped(text, ListSize, ColumnWidth - 22)) {
+    for (std::string& line : Wrapped(text, ListSize, ColumnWidth - TextIndent)) {
       lines.push_back({std::move(line), number});
       number = 0;
     }
@@ -114,7 +115,7 @@ void DrawListLine(Sheet& sheet, const ListLine& line, Point start) {
               mark.Kind, line.Mark);
     sheet.Out.Close();
   }
-  sheet.Out.Leaf("text", {{"x", start.X + 22}, {"y", start.Y}}, line.Text);
+  sheet.Out.Leaf("text", {{"x", start.X + TextIndent}, {"y", start.Y}}, line.Text);
 }
 
 struct LegendEntry {

@@ -13,14 +13,18 @@ int OnSheet(std::int64_t place, int length) {
       std::clamp<std::int64_t>(place, 2 - SheetMargin, length + SheetMargin - 2));
 }
 
-// Clamps an interval to the sheet and widens it to a visible minimum.
-void Span(std::int64_t start, std::int64_t size, int length, int& first, int& last) {
+struct Interval {
+  int First, Last;
+};
+
+// An interval of one axis, clamped to the sheet and widened to a visible minimum.
+Interval IntervalOnSheet(std::int64_t start, std::int64_t size, int length) {
   constexpr int Min = 4;
-  first = OnSheet(start, length);
-  last = OnSheet(start + std::max<std::int64_t>(size, 0), length);
-  if (last - first >= Min) return;
-  last = std::max(first, 2 - SheetMargin + Min);
-  first = last - Min;
+  const int first = OnSheet(start, length);
+  const int last = OnSheet(start + std::max<std::int64_t>(size, 0), length);
+  if (last - first >= Min) return {first, last};
+  const int widened = std::max(first, 2 - SheetMargin + Min);
+  return {widened - Min, widened};
 }
 
 // A slot without a file has no exits, although its zeros read as ten exits to map 0.
@@ -96,10 +100,9 @@ bool Overlap(const Box& a, const Box& b) {
 }
 
 Box BoxOf(const StrRect& rect) {
-  Box box;
-  Span(rect.Left, rect.Width, ScreenWidth, box.Left, box.Right);
-  Span(rect.Top, rect.Height, ScreenHeight, box.Top, box.Bottom);
-  return box;
+  const auto [left, right] = IntervalOnSheet(rect.Left, rect.Width, ScreenWidth);
+  const auto [top, bottom] = IntervalOnSheet(rect.Top, rect.Height, ScreenHeight);
+  return {left, top, right, bottom};
 }
 
 Point PointOf(const Hotspot& hotspot) {
