@@ -52,9 +52,9 @@ int RowMapIndex(std::string_view row) {
 }
 
 std::string RowFileName(std::string_view row) {
-  constexpr std::size_t start = RowDigits + 1;
-  if (row.size() <= start || row.substr(RowDigits) == ClearedRowEnd) return {};
-  return std::string(row.substr(start));
+  constexpr std::size_t NameStart = RowDigits + 1;
+  if (row.size() <= NameStart || row.substr(RowDigits) == ClearedRowEnd) return {};
+  return std::string(row.substr(NameStart));
 }
 
 std::string ThreeDigits(int number) {

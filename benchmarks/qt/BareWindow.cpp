@@ -50,9 +50,9 @@ QComboBox* MakeCombo(const ListedControl& control) {
 }
 
 QLabel* MakeLabel(const ListedControl& control) {
-  constexpr Qt::Alignment across[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+  constexpr Qt::Alignment Alignments[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
   auto* label = new QLabel(QString::fromStdString(control.Text));
-  label->setAlignment(across[control.Align] | Qt::AlignVCenter);
+  label->setAlignment(Alignments[control.Align] | Qt::AlignVCenter);
   label->setWordWrap(true);
   return label;
 }

@@ -20,10 +20,10 @@ struct Class {
 };
 
 Class ClassOf(const ListedControl& control) {
-  constexpr DWORD across[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
+  constexpr DWORD Alignments[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
   switch (control.Kind) {
     case ListedKind::Label:
-      return {WC_STATICW, across[control.Align] | SS_CENTERIMAGE, 0};
+      return {WC_STATICW, Alignments[control.Align] | SS_CENTERIMAGE, 0};
     case ListedKind::Frame:
       return {WC_BUTTONW, BS_GROUPBOX, 0};
     case ListedKind::Button:

@@ -195,10 +195,10 @@ ControlWidget Make(TextBox& box, QWidget* parent) {
 }
 
 ControlWidget Make(Label& label, QWidget* parent) {
-  constexpr std::array across = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+  constexpr std::array Alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
   auto* widget = new QLabel(QString::fromUtf8(label.Caption), parent);
   widget->setTextFormat(Qt::PlainText);
-  widget->setAlignment(across.at(static_cast<std::size_t>(label.Align)) | Qt::AlignVCenter);
+  widget->setAlignment(Alignments.at(static_cast<std::size_t>(label.Align)) | Qt::AlignVCenter);
   widget->setWordWrap(true);
   widget->setFont(Narrowed(widget->text(), PlaceOf(label).size(), Qt::TextWordWrap));
   return {&label, widget, [] {}};

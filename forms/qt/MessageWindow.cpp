@@ -51,12 +51,12 @@ class MessageBox : public QDialog {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     if (event->matches(QKeySequence::Copy)) return Text->CopySelectionOrAll();
-    constexpr std::pair<int, QScrollBar::SliderAction> scrolls[] = {
+    constexpr std::pair<int, QScrollBar::SliderAction> Scrolls[] = {
         {Qt::Key_PageUp, QScrollBar::SliderPageStepSub},
         {Qt::Key_PageDown, QScrollBar::SliderPageStepAdd},
         {Qt::Key_Home, QScrollBar::SliderToMinimum},
         {Qt::Key_End, QScrollBar::SliderToMaximum}};
-    for (const auto& [key, step] : scrolls) {
+    for (const auto& [key, step] : Scrolls) {
       if (key == event->key()) return Text->verticalScrollBar()->triggerAction(step);
     }
     QDialog::keyPressEvent(event);

@@ -105,11 +105,11 @@ std::string CommonDialog::Refusal(const std::string& path) const {
 }
 
 std::span<const MessageButton> ButtonsOf(MessageButtons buttons) {
-  static constexpr MessageButton ok[] = {{"OK", MessageAnswer::Ok}};
-  static constexpr MessageButton yesNo[] = {{"&Yes", MessageAnswer::Yes},
+  static constexpr MessageButton Ok[] = {{"OK", MessageAnswer::Ok}};
+  static constexpr MessageButton YesNo[] = {{"&Yes", MessageAnswer::Yes},
                                             {"&No", MessageAnswer::No}};
-  if (buttons == MessageButtons::YesNo) return yesNo;
-  return ok;
+  if (buttons == MessageButtons::YesNo) return YesNo;
+  return Ok;
 }
 
 MessageAnswer AnswerOf(MessageButtons buttons, std::ptrdiff_t pressed) {

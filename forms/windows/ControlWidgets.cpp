@@ -33,8 +33,8 @@ void FitCaption(const ControlWidget& widget, int dpi) {
 ControlWidget Make(TextBox& box, HWND parent) { return MakeTextBoxWidget(box, parent); }
 
 ControlWidget Make(Label& label, HWND parent) {
-  constexpr DWORD alignments[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
-  const DWORD style = alignments[static_cast<std::size_t>(label.Align)];
+  constexpr DWORD Alignments[] = {SS_LEFT, SS_RIGHT, SS_CENTER};
+  const DWORD style = Alignments[static_cast<std::size_t>(label.Align)];
   ControlWidget made{&label, MakeWidget(label, parent, WC_STATICW, style)};
   made.ZOrder = Layer::Labels;
   made.SetFont = FitCaption;

@@ -153,10 +153,10 @@ bool MessageWindow::OnKey(HWND child, WPARAM key) const {
     return true;
   }
   if (child == View) return false;
-  constexpr std::pair<WPARAM, WPARAM> scrolls[] = {
+  constexpr std::pair<WPARAM, WPARAM> Scrolls[] = {
       {VK_PRIOR, SB_PAGEUP}, {VK_NEXT, SB_PAGEDOWN}, {VK_HOME, SB_TOP}, {VK_END, SB_BOTTOM}};
-  const auto* scroll = std::ranges::find(scrolls, key, &std::pair<WPARAM, WPARAM>::first);
-  if (scroll == std::end(scrolls)) return false;
+  const auto* scroll = std::ranges::find(Scrolls, key, &std::pair<WPARAM, WPARAM>::first);
+  if (scroll == std::end(Scrolls)) return false;
   SendMessageW(View, WM_VSCROLL, scroll->second, 0);
   return true;
 }

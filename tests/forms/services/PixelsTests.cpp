@@ -11,7 +11,7 @@ TEST(Pixels, AreRoundedToTheNearest) {
 }
 
 TEST(Windows, MoveOntoTheirScreen) {
-  constexpr Place screen{100, 50, 800, 600};
+  constexpr Place Screen{100, 50, 800, 600};
   const std::tuple<const char*, Place, int, int> rows[] = {
       {"inside", {150, 60, 300, 200}, 150, 60},
       {"beyond the left and upper edge", {0, -20, 300, 200}, 100, 50},
@@ -19,7 +19,7 @@ TEST(Windows, MoveOntoTheirScreen) {
       {"larger than the screen", {300, 300, 900, 700}, 100, 50},
       {"as large as the screen", {101, 51, 800, 600}, 100, 50}};
   for (const auto& [name, window, left, top] : rows) {
-    const Place moved = MoveOnto(screen, window);
+    const Place moved = MoveOnto(Screen, window);
     EXPECT_EQ(moved.Left, left) << name;
     EXPECT_EQ(moved.Top, top) << name;
     EXPECT_EQ(moved.Width, window.Width) << name;
