@@ -60,7 +60,8 @@ class Tour {
 
   void ExpectScreenLikeRecords() {
     const std::string differences = ScreenDifferences(Main);
-    Expect(differences.empty(), "every control matches its record" + differences);
+    Expect(differences.empty(),
+           differences.empty() ? "every control matches its record" : differences);
   }
 
   void Picture(const char* name) {
