@@ -69,7 +69,8 @@ need() {
 }
 
 # build PRESET [ARGUMENT...]: configures a preset and builds it, with progress on a terminal only.
-# Configures every time, because a library may have been installed since.
+# Configures every time, because a library may have been installed since, and removes the folder of a
+# failed configuration, whose cache would keep its choices.
 build() {
   local preset=$1 log quiet=()
   shift

@@ -39,7 +39,7 @@ try() {
 }
 
 for system in "$@"; do
-  about_system "$system" || { rows+=("| $system | | | no package source is known | |"); failed=1; continue; }
+  about_system "$system" || { rows+=("| $system | | | unknown, or without a package source | |"); failed=1; continue; }
   try "$system" modder g++
   try "$system" root clang++
 done

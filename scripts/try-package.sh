@@ -26,7 +26,6 @@ files >"$roots/package.before"
 
 in_root package root apt-get install -qq -y --no-install-recommends /tmp/corvane.deb >/dev/null
 in_root package modder corvane-tool --version
-in_root package modder man -w corvane 2>/dev/null || true
 # The window must appear, and the program must end on SIGTERM.
 cat >"$roots/package/tmp/start.sh" <<'END'
 openbox &

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# scripts/windows-tests.sh PRESET...: runs the programs that test built Windows presets under this
-# system's Wine, and prints the Wine version. Called by scripts/windows.sh.
+# scripts/windows-tests.sh PRESET...: runs the tests of Windows presets under this system's Wine, and
+# prints the Wine version. Called by scripts/windows.sh, which builds them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/wine.sh
