@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// Lets Validate of the box store its number for the selected row of `rows`. A rejected text keeps
-/// the focus and is fully selected.
+/// Makes the Validate of the box store its number for the selected row of `rows`. If it rejects the
+/// text, the box keeps the focus with all of it selected.
 void BindField(TextBox& box, const NumericField& field, const RowControl& rows);
 
 }  // namespace corvane

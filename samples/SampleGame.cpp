@@ -46,7 +46,7 @@ int SlotAt(std::size_t place) {
   return static_cast<int>(std::ranges::count(Plan.substr(0, place), 'o'));
 }
 
-// The distance in the plan from a road's sign to both of its ends; 0 if the sign is not a road.
+// The distance in the plan from a road's sign to each of its ends; 0 if the sign is not a road.
 std::size_t ReachOf(char sign) {
   constexpr std::string_view Signs = "-/|\\";
   constexpr std::size_t Reaches[] = {1, PlanWidth - 1, PlanWidth, PlanWidth + 1};

@@ -62,7 +62,7 @@ struct SceneArrow {
 
 struct Scene {
   std::vector<SceneTile> Tiles;    // slots that have a row, a tile or a road
-  std::vector<SceneArrow> Arrows;  // arrows that have a size or are used
+  std::vector<SceneArrow> Arrows;  // slots that have a place or a use
   std::vector<Road> Roads;
 };
 

@@ -15,8 +15,8 @@ inline constexpr char32_t NotUtf8 = 0xFFFFFFFF;
 /// `character` is at most 0x10FFFF and not a surrogate.
 void AppendUtf8(char32_t character, std::string& text);
 
-/// Compares character by character, case-insensitive, as Windows compares file names. A byte that
-/// is not UTF-8 matches only itself.
+/// Compares character by character, ignoring case, as Windows compares file names. A byte that is
+/// not UTF-8 matches only itself.
 [[nodiscard]] bool EqualIgnoringCase(std::string_view left, std::string_view right);
 
 }  // namespace corvane

@@ -10,7 +10,10 @@ class QWidget;
 
 namespace corvane {
 
+/// Esc and the close box answer like the last button.
 MessageAnswer ShowMessageBox(QWidget* owner, const std::string& text, MessageButtons buttons);
+
+/// Sets the file name of the settings, or leaves it empty if the user cancels.
 void ShowFileDialog(QWidget* owner, CommonDialog& settings);
 
 }  // namespace corvane

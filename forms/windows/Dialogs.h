@@ -9,9 +9,11 @@
 
 namespace corvane {
 
-/// A custom box, which scrolls a text too long for the screen. Esc and the close box answer No.
+/// A custom box, which scrolls a text too long for the screen. Esc and the close box answer
+/// like the last button.
 MessageAnswer ShowMessageBox(HWND owner, const std::string& text, MessageButtons buttons);
 
+/// Sets the file name of the settings, or leaves it empty if the user cancels. Shows any failure.
 void ShowFileDialog(HWND owner, CommonDialog& settings);
 
 }  // namespace corvane

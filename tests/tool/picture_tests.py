@@ -12,7 +12,7 @@ from xml.etree import ElementTree
 from games import Game, connect
 
 SVG = "{http://www.w3.org/2000/svg}"
-MARGIN, WIDTH, HEIGHT = 36, 800, 600  # of the sheet around the screen
+MARGIN, WIDTH, HEIGHT = 36, 800, 600  # of the sheet, and the screen inside it
 PROGRAMS = []
 
 

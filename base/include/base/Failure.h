@@ -19,7 +19,7 @@ enum class FileState {
   Damaged,      // the old bytes could not be put back
   NotRemoved,   // the unfinished file that the save had created is still there
   Unknown,      // the contents of the file, or whether it exists, could not be determined
-  Untouched,    // the save failed before it looked for the file
+  Untouched,    // the save failed before it reached any file
 };
 
 /// True if a failed save left some of its own bytes in the file.

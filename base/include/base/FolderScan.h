@@ -27,8 +27,8 @@ inline constexpr char Separator = static_cast<char>(std::filesystem::path::prefe
 [[nodiscard]] std::error_code ScanFolder(const std::string& folder, std::string_view extension,
                                          std::size_t max, std::vector<std::string>& names);
 
-/// The name in `folder` that matches `name`, case-insensitive in every alphabet: `name` itself if
-/// it exists, else `preferred` if it matches and exists, else the first match in byte order.
+/// The name in `folder` that matches `name`, ignoring case in every alphabet: `name` itself if it
+/// exists, else `preferred` if it matches and exists, else the first match in byte order.
 /// Returns `name` if nothing matches, or if the system itself is case-insensitive.
 [[nodiscard]] std::string NameInFolder(const std::string& folder, const std::string& name,
                                        const std::string& preferred = {});

@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// The folder in the value `name` of `key` under HKEY_LOCAL_MACHINE, as a path of this system: the
-/// text of the value up to its first NUL, which may be empty. Searches the view of 32-bit programs
-/// first. Empty if the key cannot be opened, or the value cannot be read or is longer than `limit`
-/// bytes including the closing NUL.
+/// The folder in the value `name` of `key` under HKEY_LOCAL_MACHINE, as a path of this system; it
+/// may be empty. Reads the view of 32-bit programs and, in a Wine prefix that lacks the value
+/// there, the plain key. The first NUL ends the value. Returns nothing if the key cannot be opened,
+/// or if the value cannot be read or exceeds `limit` bytes including the closing NUL.
 [[nodiscard]] std::optional<std::string> ReadRegistryFolder(const std::string& key,
                                                             const std::string& name,
                                                             std::size_t limit);

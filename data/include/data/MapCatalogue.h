@@ -56,8 +56,8 @@ void ReplaceMapRow(int map, const std::string& row);
 /// Sets the ten VLDest values of a map from its victory locations.
 void SetDestinations(int map, const VictoryLocations& vls);
 
-/// The path of a BTD file in the Maps folder, case-insensitive. If several files match `name`,
-/// prefers the one that the catalogue listed as `listed`.
+/// The path of a BTD file in the Maps folder, in the letter case of an existing file. If several
+/// match `name`, prefers the one that the catalogue listed as `listed`.
 [[nodiscard]] std::string BtdPath(const std::string& name, const std::string& listed);
 
 /// The path to which a map with this base name is saved: `baseName`.btd in the Maps folder, found

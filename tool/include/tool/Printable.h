@@ -24,7 +24,7 @@ struct Character {
 /// Appends a number as this many hexadecimal digits, in capitals.
 void AppendHex(std::string& text, std::uint32_t number, int digits);
 
-/// Replaces what is unprintable or not UTF-8 by an escape such as \x1B or \u202E.
+/// Replaces what is unprintable or not UTF-8 with an escape such as \x1B or \u202E.
 [[nodiscard]] std::string Printable(std::string_view text);
 
 /// Printable text in double quotes, with quotes and backslashes escaped, so that different texts

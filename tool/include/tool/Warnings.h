@@ -9,7 +9,7 @@ namespace corvane {
 /// The findings of the consistency check on the tables of the process.
 [[nodiscard]] Marks FindingMarks();
 
-/// What the check does not cover, in order of maps, then arrows.
+/// What the check does not cover, by map, then by arrow, then for the Maps folder.
 [[nodiscard]] Marks WarningsOf(const Layer& layer);
 
 /// The warnings about one BTD file.

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Replaces the contents of a file by `text`; creates a missing file. A failure is a message that
+/// Replaces the contents of a file with `text`; creates a missing file. A failure is a message that
 /// says what failed and the state of the file. Readers of the file must tolerate trailing blank
 /// lines: while a longer file is replaced, and after some failures, the file ends in them.
 [[nodiscard]] Result<void, std::string> WriteWhole(const std::string& path, std::string_view text);

@@ -22,7 +22,7 @@ struct TextEdit {
 [[nodiscard]] std::string ShownText(const TextBox& box, std::string_view lineBreak = "\n",
                                     int max = INT_MAX);
 
-/// Replaces each line break of a text by `lineBreak`.
+/// Replaces each line break of a text with `lineBreak`.
 [[nodiscard]] std::string WithLineBreaks(std::string_view text, std::string_view lineBreak);
 
 /// Whether a widget, now showing the box's text, must also take the box's selection: after its text
