@@ -16,7 +16,7 @@ rows=()
 
 # try SYSTEM USER COMPILER: adds a row to the table.
 try() {
-  local name=try-$1-$3 script row version log times=()
+  local name=try-$1-$3 script version log times=()
   if ! new_root "$1" "$name"; then
     rows+=("| $title | $3 | $2 | the installation failed | |")
     failed=1
