@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 #include <limits>
 #include <span>
 

@@ -1,5 +1,4 @@
 // The HTML page: the SVG and, beside it, the maps, their data, findings and warnings.
-#include <algorithm>
 #include <array>
 
 #include "PageParts.h"

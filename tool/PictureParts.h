@@ -1,8 +1,6 @@
 // State and functions that the parts of a picture share.
 #pragma once
 
-#include <cstddef>
-#include <span>
 #include <string>
 
 #include "Labels.h"

@@ -1,7 +1,6 @@
 // Rules that the control tables of every window must obey.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
 #include <map>
 #include <memory>

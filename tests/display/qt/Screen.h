@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QtWidgets>
-#include <functional>
 
 #include "TestForm.h"
 #include "display/PlayWhole.h"

@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "services/Controls.h"
