@@ -76,7 +76,7 @@ Result<void, std::string> Publish(const std::string& path, std::string_view text
   std::filesystem::rename(ToSystemPath(fresh), file, error);
   if (!error) return {};
   static_cast<void>(RemoveFile(fresh));  // the first failure is the one to report
-  return FailureMessage({FileAction::Save, path, error});
+  return FailureMessage(NotPublished(path, {FileAction::Save, fresh, error}));
 }
 
 // Returns nothing if the source cannot be drawn, and reports why.

@@ -42,6 +42,7 @@ TEST_F(DrawFiles, LeavesTheOldPictureWhenItFails) {
     EXPECT_EQ(Run(words), 2) << words[1];
     EXPECT_EQ(std::ranges::count(Errors, '\n'), 1) << Errors;
   }
+  EXPECT_TRUE(Errors.ends_with(" The file does not exist and was not created.\n")) << Errors;
   EXPECT_EQ(Folder.Get("a.svg"), "old");
   const std::filesystem::directory_iterator left(Folder / "out");
   EXPECT_EQ(std::distance(left, {}), 1) << "something beside the folder";
