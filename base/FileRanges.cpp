@@ -5,6 +5,7 @@
 #include <system_error>
 #include <vector>
 
+#include "SystemFile.h"
 #include "base/RawFile.h"
 #include "base/Signals.h"
 
@@ -138,7 +139,7 @@ FileState Save::Undo() {
   if (Created) {
     state = UndoCreate();
   } else if (Attempted) {
-    state = UndoChange();  // the file may have another name
+    state = UndoChange();  // even if the path is gone: the file may have another name
     if (Gone && !IsTorn(state)) state = FileState::Gone;
   }
   if (File.IsOpen()) static_cast<void>(File.Close());  // no longer affects the contents
@@ -206,7 +207,8 @@ std::error_code Save::ReadCurrent(std::size_t range, std::span<const std::byte>&
   return {};
 }
 
-// Writes only the differing bytes: a write that failed in the save would probably fail again.
+// Writes only from the first differing byte to the last: a write that failed in the save would
+// probably fail again.
 std::error_code Save::RestoreRange(std::size_t range) {
   const std::vector<std::byte>& old = OldBytes[range];
   std::span<const std::byte> current;
@@ -250,8 +252,8 @@ std::error_code Read(const std::string& path, std::span<const ReadRange> ranges,
 
 std::string LinkTarget(const std::string& path) {
   std::error_code none;  // set if it is not a link
-  const auto target = std::filesystem::read_symlink(path, none);
-  return none ? std::string() : target.string();
+  const auto target = std::filesystem::read_symlink(ToNativePath(path), none).u8string();
+  return {target.begin(), target.end()};
 }
 
 }  // namespace

@@ -10,7 +10,8 @@ namespace corvane {
 
 enum class ListedKind { Label, Frame, Button, ListBox, ComboBox, TextBox, Menu, MenuItem };
 
-/// A control, or an entry or item of the menu bar, which has only a text.
+/// A control, or an entry or item of the menu bar, which has only a text and, in Rows, its
+/// shortcut.
 struct ListedControl {
   ListedKind Kind{};
   int Parent = -1;                               // index of another control; -1: the window

@@ -1,4 +1,4 @@
-// The groups of rows. Each function adds its rows; all use one sample game.
+// The groups of rows. Each Add function adds its rows; all use one sample game.
 #pragma once
 
 #include <string>

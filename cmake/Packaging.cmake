@@ -1,4 +1,4 @@
-# What `cmake --install` installs. scripts/release.sh builds the packages from it.
+# What `cmake --install` installs. The Debian package and the Linux .tar.gz are made of it.
 include(GNUInstallDirs)
 set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/corvane)
 set(packaging ${CMAKE_CURRENT_BINARY_DIR}/packaging)

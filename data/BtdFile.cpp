@@ -75,7 +75,7 @@ bool BtdExists(const std::string& path) { return OrdinaryFileExists(path); }
 std::string_view TrimAtNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 std::string_view WithoutPadding(std::span<const char> field) {
-  static constexpr std::array<char, 256> Block{};  // faster than a search byte by byte
+  static constexpr std::array<char, 256> Block{};  // faster than a byte-by-byte search
   std::string_view bytes(field.data(), field.size());
   while (bytes.ends_with({Block.data(), Block.size()})) bytes.remove_suffix(Block.size());
   return bytes.substr(0, bytes.find_last_not_of('\0') + 1);

@@ -84,7 +84,7 @@ void Form1::ShowCatalogue() {
 }
 
 // Updates rows in place to keep the selection. Appends new rows regardless of the list's order,
-// which can differ from MapRows among cleared slots.
+// which can differ from that of MapRows once a slot is cleared.
 void Form1::ShowMapRows() {
   const auto count = static_cast<int>(MapRows.size());
   for (int map = 0; map < count; ++map) {

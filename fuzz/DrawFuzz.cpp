@@ -1,5 +1,5 @@
-// The input is a patch file followed by a BTD file, and also the source of names. For any input the
-// page, with a picture compared with the sample's tables, is well-formed.
+// The input is a patch file followed by a BTD file, and also the source of names. For any input,
+// the page that compares its tables with the sample's is well-formed.
 #include <expat.h>
 
 #include "../tests/tool/SampleLayer.h"

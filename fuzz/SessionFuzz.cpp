@@ -1,5 +1,6 @@
 // The input drives a session on the sample game: gestures on every control of the front window,
-// answers to questions, a failing file operation. It is also a patch file and a BTD file there.
+// answers to questions, a failing file operation. It is also a patch file and, if its length
+// is odd, a BTD file of that game.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "Fuzz.h"

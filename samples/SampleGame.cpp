@@ -46,12 +46,12 @@ int SlotAt(std::size_t place) {
   return static_cast<int>(std::ranges::count(Plan.substr(0, place), 'o'));
 }
 
-// The distance in the plan from a road's sign to each of its ends; 0 if the sign is not a road.
-std::size_t ReachOf(char sign) {
-  constexpr std::string_view Signs = "-/|\\";
+// The distance in the plan from a road's symbol to each of its ends; 0 if it is not a road.
+std::size_t ReachOf(char symbol) {
+  constexpr std::string_view Symbols = "-/|\\";
   constexpr std::size_t Reaches[] = {1, PlanWidth - 1, PlanWidth, PlanWidth + 1};
-  const std::size_t which = Signs.find(sign);
-  return which == Signs.npos ? 0 : Reaches[which];
+  const std::size_t which = Symbols.find(symbol);
+  return which == Symbols.npos ? 0 : Reaches[which];
 }
 
 std::int32_t OpaqueWord(Noise& noise) { return 1 + noise.UpTo(0xFFFFFE); }
@@ -117,7 +117,7 @@ void ConnectTiles(GameTables& tables, Noise& noise) {
     const int from = SlotAt(place - reach);
     const int to = SlotAt(place + reach);
     Connect(tables, noise, from, to, arrow);
-    if (++road % 5 != 0) ++arrow;  // every fifth road shares one arrow: 81 in all
+    if (++road % 5 != 0) ++arrow;  // both directions of every fifth road share one: 81 in all
     Connect(tables, noise, to, from, arrow++);
   }
 }

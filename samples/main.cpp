@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
   if (argument.empty() || argument.starts_with('-')) return Fail(std::string(Usage));
   const std::filesystem::path folder = argument;
   for (const char* name : {"CC4.EXE", "Maps"}) {
-    if (Has(folder, name)) return Fail(folder.string() + " already contains a " + name + ".");
+    if (Has(folder, name)) return Fail(folder.string() + " already contains " + name + ".");
   }
   const corvane::SampleGame game = corvane::MakeSampleGame();
   const auto written = corvane::WriteSampleGame(folder, game);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Tests the page of corvane-tool in headless Chromium. Leaves screenshots, light and dark and at both
-# scales, in build/browser. For Debian and Ubuntu.
+# Tests the page of corvane-tool in headless Chromium. Leaves screenshots, light and dark and at
+# scales 1 and 2, in build/browser. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

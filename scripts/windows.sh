@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # scripts/windows.sh [--debian13]: builds the Windows program, 64-bit and 32-bit, and runs its tests
 # and the tour of its real windows under Wine. The program is build/windows/Corvane.exe. If this
-# system has no 32-bit Wine, it skips the 32-bit tests, unless --debian13 runs both sets of tests in a
-# clean installation of Debian 13; that needs root. For Debian and Ubuntu.
+# system has no 32-bit Wine, it skips the 32-bit tests. With --debian13, it then also runs both sets of
+# tests in a clean installation of Debian 13, which needs root. For Debian and Ubuntu.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/dependencies.sh

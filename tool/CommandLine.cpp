@@ -54,8 +54,8 @@ void AddFile(CLI::App& command, const char* name, auto& value, const char* help)
   AddArgument(command, name, value, help).transform(InCaseOfFile);
 }
 
-void AddGame(CLI::App& command, std::string& game) {
-  command.add_option("--game", game, GameHelp)->type_name("DIR");
+void AddGame(CLI::App& command, std::string& game, const char* help = GameHelp) {
+  command.add_option("--game", game, help)->type_name("DIR");
 }
 
 void AddCheck(CLI::App& app, Call& call) {
@@ -106,7 +106,10 @@ void AddCopy(CLI::App& app, Call& call) {
       AddCommand(app, "copy", "Copy tables or a BTD record to another file", call, Copy, call.Copy);
   AddFile(command, "FROM", call.Copy.From, SourceHelp);
   AddFile(command, "TO", call.Copy.To, "the target; its name determines the kind of file");
-  AddGame(command, call.Copy.Game);
+  AddGame(
+      command, call.Copy.Game,
+      "the game folder with the Maps to check against; default: the folder of a CC4.EXE to write, "
+      "or the installed game");
   command.add_flag("--unchecked", call.Copy.Unchecked, "also copy tables that fail the check");
   command.add_flag("--dry-run", call.Copy.DryRun, "print what would change and write nothing");
   command.add_flag("--force", call.Copy.Force, "replace an existing patch or JSON file");

@@ -1,4 +1,5 @@
-// The earlier layer of a comparison: draws what has changed in outline at its old position.
+// The earlier layer of a comparison: draws in outline, at its old position, what has
+// changed.
 #include <algorithm>
 
 #include "PictureParts.h"

@@ -13,7 +13,7 @@ enum class Stream { Output, Errors };
 /// Writes the bytes unchanged, without translating line ends; on a Windows console, as text.
 [[nodiscard]] std::error_code WriteStream(Stream stream, std::string_view bytes);
 
-/// True if the stream is a terminal that supports colours. Enables them if necessary.
+/// True if the stream is a terminal and, on Windows, can show colours, which this enables.
 [[nodiscard]] bool SupportsColour(Stream stream);
 
 /// The arguments after the program's name, in UTF-8. On Windows, where the shell does not, expands

@@ -11,6 +11,7 @@
 #include "base/LetterCase.h"
 #include "data/MapCatalogue.h"
 #include "rules/ConsistencyCheck.h"
+#include "tool/Printable.h"
 
 namespace corvane {
 namespace {
@@ -80,7 +81,8 @@ std::vector<std::string> FileWarnings(const MapFile& file) {
     texts.push_back("the map number is " + std::to_string(file.Header.MapIndex) +
                     ", which is not a map slot");
   if (!file.Name.empty() && !IsNamedAsItsFile(file))
-    texts.push_back("the base name is " + FieldText(file.Text.BaseName) + ", not the file's name");
+    texts.push_back("the base name is " + Quoted(FieldText(file.Text.BaseName)) +
+                    ", not the file's name");
   for (std::size_t vl = 0; vl < file.VLs.size(); ++vl) AppendVLWarnings(texts, file.VLs[vl], vl);
   AppendUnterminated(texts, file);
   return texts;

@@ -8,11 +8,11 @@ namespace corvane {
 
 inline constexpr char32_t NotUtf8 = 0xFFFFFFFF;
 
-/// Removes and returns the first character of `text`, which is not empty. Bytes that are not UTF-8,
-/// including overlong forms and surrogates, are removed one at a time as NotUtf8.
+/// Removes and returns the first character of `text`, which must not be empty. Bytes that are not
+/// UTF-8, including overlong forms and surrogates, are removed one at a time as NotUtf8.
 [[nodiscard]] char32_t TakeCharacter(std::string_view& text);
 
-/// `character` is at most 0x10FFFF and not a surrogate.
+/// `character` must be at most 0x10FFFF and not a surrogate.
 void AppendUtf8(char32_t character, std::string& text);
 
 /// Compares character by character, ignoring case, as Windows compares file names. A byte that is

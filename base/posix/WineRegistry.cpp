@@ -47,7 +47,7 @@ std::optional<std::uint32_t> TakeNumber(std::string_view& text, int base, std::s
   return number;
 }
 
-/// Appends a character of UTF-16; a single unit may be half of a surrogate pair.
+/// Appends a character as UTF-16. The character may be half of a surrogate pair.
 void AppendUnits(char32_t character, std::u16string& units) {
   if (character > 0xFFFF) {
     units += static_cast<char16_t>(0xD7C0 + (character >> 10));
@@ -123,7 +123,8 @@ std::optional<std::string> TakeNumberValue(std::string_view& line) {
   return AnsiToText(bytes);
 }
 
-/// A list of bytes. A backslash at the end of a line continues it in the next line of `rest`.
+/// A list of bytes. A backslash at the end of a line continues the list on the next line, in
+/// `rest`.
 std::optional<std::string> TakeBytes(std::string_view line, std::string_view& rest) {
   std::string bytes;
   while (!line.empty()) {

@@ -16,7 +16,7 @@ std::error_code LastError() { return {static_cast<int>(::GetLastError()), std::s
 
 HANDLE Native(SystemHandle handle) { return reinterpret_cast<HANDLE>(handle); }
 
-/// Starts a transfer at an offset, regardless of the handle's file pointer.
+/// The offset of a transfer, which then ignores the handle's file pointer.
 OVERLAPPED At(std::uint64_t offset) {
   constexpr unsigned HighHalf = 32;
   OVERLAPPED place{};

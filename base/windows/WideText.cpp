@@ -7,8 +7,9 @@
 namespace corvane {
 namespace {
 
-/// Removes the first character of `text`, which is not empty, and appends it to `wide`. Versions of
-/// Windows differ in how they convert invalid bytes, so this converts one character at a time.
+/// Removes the first character of `text`, which must not be empty, and appends it to `wide`.
+/// Versions of Windows differ in how they convert invalid bytes, so this converts one character at
+/// a time.
 void TakeCharacter(std::string_view& text, std::wstring& wide) {
   constexpr int LongestForm = 4;
   wchar_t units[2];

@@ -15,8 +15,8 @@ namespace {
 
 constexpr int MinStretch = 44;  // percent; narrower letters are illegible
 constexpr int StretchStep = 4;
-constexpr int ButtonMargins = 6;  // pixels, both sides of a caption
-constexpr int FieldMargins = 6;   // pixels, both sides of a combo box's text
+constexpr int ButtonMargins = 6;  // pixels, both sides of a caption together
+constexpr int FieldMargins = 6;   // pixels, both sides of a combo box's text together
 constexpr int ListMargins = 24;   // pixels, including the scroll bar of the dropdown list
 
 QRect PlaceOf(const Control& control) {
@@ -45,8 +45,8 @@ bool MirrorRows(ShownRows& shown, const RowControl& list, QAbstractItemModel& ro
   });
 }
 
-// Keeps the selection in step with the control. Only mouse presses on rows reach it, so a selection
-// changes only when another row is picked.
+// Keeps the selection in step with the control. QListWidget itself never sees the mouse, so only
+// picking another row changes the selection.
 class RowList : public QListWidget {
  public:
   RowList(QWidget* parent, ListBox& list) : QListWidget(parent), Shown(list) {
@@ -157,7 +157,7 @@ void Route(QAction& action, bool enabled, TextBox& box, void (*gesture)(TextBox&
   QObject::connect(&action, &QAction::triggered, &action, [&box, gesture] { gesture(box); });
 }
 
-// The standard menu; its first two items use the form's history.
+// The standard menu; its first two items use the box's history.
 template <class Edit>
 void ShowMenu(Edit& edit, TextBox& box, const QPoint& at) {
   QMenu* menu = edit.createStandardContextMenu();

@@ -18,7 +18,7 @@ QColor ColourOf(const QStyleOption& option, QPalette::ColorRole role) {
   return option.palette.color(role);
 }
 
-// A filled box with an edge, which has double width and a colour on focus.
+// A filled box with an edge, which is twice as wide and highlighted on focus.
 void DrawBox(QPainter& painter, const QStyleOption& option, const QColor& background,
              QPalette::ColorRole edge = QPalette::Mid) {
   const bool focused = Has(option, QStyle::State_HasFocus);

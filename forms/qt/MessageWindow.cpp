@@ -6,7 +6,7 @@
 namespace corvane {
 namespace {
 
-constexpr QSize ScreenMargin(80, 140);  // pixels kept free, including the buttons
+constexpr QSize ScreenMargin(80, 140);  // pixels kept for the box's edges and buttons
 constexpr int ParagraphWidth = 460;     // pixels; lines too long for the screen wrap here
 constexpr int TitleButtons = 130;       // pixels that a title bar needs besides its text
 constexpr int ButtonWidth = 80;

@@ -292,11 +292,12 @@ bool FormWindow::HandleKey(const MSG& key) {
   return PressKey(Shown, StrokeOf(key.wParam));
 }
 
-// The wheel goes to the widget under the pointer.
+// The wheel goes to the widget under the pointer, but never to another program, which may not
+// respond.
 bool FormWindow::RefusesWheel(MSG& turn) const {
   if (IsListOpen()) return false;
   turn.hwnd = WindowFromPoint({GET_X_LPARAM(turn.lParam), GET_Y_LPARAM(turn.lParam)});
-  return !AllowWheel(Shown, ControlOf(turn.hwnd));  // another program's window may not respond
+  return !AllowWheel(Shown, ControlOf(turn.hwnd));
 }
 
 }  // namespace corvane

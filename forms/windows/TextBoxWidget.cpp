@@ -126,7 +126,7 @@ void Do(HWND edit, TextBox& box, Command command) {
   }
 }
 
-// Replaces the system's menu, whose Undo bypasses the form's history.
+// Replaces the system's menu, whose Undo bypasses the box's history.
 void ShowContextMenu(HWND edit, TextBox& box, LPARAM pressed) {
   POINT at{GET_X_LPARAM(pressed), GET_Y_LPARAM(pressed)};
   if (pressed == -1) {  // opened by a key

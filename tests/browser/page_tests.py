@@ -113,7 +113,7 @@ def labels_do_not_overlap(browser):
         assert title.startswith("%03d " % number), title
 
 
-def findings_jump_to_their_place(browser):
+def a_finding_leads_to_its_place(browser):
     browser.open("faulty.html")
     for number in browser.run("""return [...document.querySelectorAll('#found a')].filter(
             (link) => link.dataset.map !== '-1' || link.dataset.arrow !== '-1').map(
@@ -224,7 +224,7 @@ def foreign_scripts_do_not_run(browser):
 TESTS = [
     pointing_at_a_map_lights_up_its_roads_and_lists_its_data,
     the_keyboard_does_what_the_mouse_does, a_click_pins_a_map, the_filter_hides_other_maps,
-    labels_do_not_overlap, findings_jump_to_their_place, a_badge_leads_to_its_line,
+    labels_do_not_overlap, a_finding_leads_to_its_place, a_badge_leads_to_its_line,
     the_wheel_zooms_where_it_points,
     dragging_pans_and_pins_nothing, a_reload_keeps_zoom_pin_and_filter,
     a_watched_page_shows_what_was_redrawn, hostile_names_do_nothing,

@@ -26,7 +26,7 @@ KNOWN = {
     '.crv': [(0, 11212)],
     '.btd': [(0, 8526)],
 }
-# Limits on a file's size: within the ranges, at their ends, and one byte to either side.
+# Limits on a file's size: at the starts of the ranges, within them, and one byte before their ends.
 LIMITS = {
     '.EXE': [1147264, 1147265, 1148467, 1148480, 1149000, 1150747, 1153780, 1157000, 1161175,
              1200968, 1201311],

@@ -13,7 +13,8 @@ static SampleGame OddBytes() {
   map.FileName = "Bytes.BTD";
   unsigned char value = 1;
   const auto next = [&] { return static_cast<char>(value = value % 255 + 1); };
-  std::generate_n(map.Text.AlliedBrief.begin(), 2 * 4096, next);
+  std::ranges::generate(map.Text.AlliedBrief, next);
+  std::ranges::generate(map.Text.AxisBrief, next);
   map.Text.AxisBrief[1000] = '\0';
   std::memcpy(map.Text.BaseName.data(), "bytes\0old", 9);
   const std::vector<std::pair<std::int32_t, std::uint8_t>> kindsAndDestinations = {

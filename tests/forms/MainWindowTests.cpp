@@ -14,7 +14,7 @@ static SampleGame Connected(const std::map<int, int>& arrows) {
 
 static const Texts NoConnectionLeft{"Error: This map has no connection defined!"};
 
-// Connects map 5 by a valid arrow, by numbers that are no arrows, and to a map without a row.
+// Connects map 5 by a valid arrow, by numbers that are not arrows, and to a map without a row.
 struct OddConnections : testing::Test {
   OddConnections() { PickRow(main.lstMaps, 5); }
   static SampleGame Game() {

@@ -1,5 +1,5 @@
-// Saves every kind of file at every length, with faults before and after every step, singly and in
-// pairs, and compares the message for the user with the file's actual content.
+// Saves files of several lengths, with faults before and after every step, singly and in pairs, and
+// compares the reported state with the file's actual contents.
 #include <array>
 #include <cstdlib>
 #include <cstring>

@@ -87,7 +87,7 @@ TEST_F(CheckCommand, NamesEachOfSeveralSources) {
   EXPECT_EQ(Run({"check", "/Maps/Merlaut.btd", "/Maps/Short.btd", "/no.btd"}), 2);
   EXPECT_EQ(Plain(Out),
             "/Maps/Short.btd: warning: only 8000 bytes long, not 8526\n"
-            "/Maps/Short.btd: warning: the base name is Merlaut, not the file's name\n");
+            "/Maps/Short.btd: warning: the base name is \"Merlaut\", not the file's name\n");
   EXPECT_TRUE(Plain(Errors).starts_with("corvane-tool: /no.btd could not be read: ")) << Errors;
 }
 

@@ -142,7 +142,8 @@ TEST_F(Warnings, CoverBtdFiles) {
       {[](MapFile& file) { file.Header.Magic = 1; }, "the magic number is 1, not 19990326"},
       {[](MapFile& file) { file.Header.MapIndex = 43; },
        "the map number is 43, which is not a map slot"},
-      {[](MapFile& file) { file.Text.BaseName = 'X'; }, "the base name is X, not the file's name"},
+      {[](MapFile& file) { file.Text.BaseName = 'X'; },
+       "the base name is \"X\", not the file's name"},
       {[](MapFile& file) { file.Length = 8525; }, "only 8525 bytes long, not 8526"},
       {[](MapFile& file) { file.VLs[3].Kind = VLKind{306}; }, "VL3 has the unknown kind 306"},
       {[](MapFile& file) { file.VLs[3] = {.Kind = VLKind::Exit, .Destination = 43}; },
@@ -181,7 +182,7 @@ TEST_F(Warnings, AndFindingsNameTheirSlots) {
   EXPECT_EQ(warnings.front(), std::pair(2, -1));
   EXPECT_EQ(warnings.back(), std::pair(-1, 80));
   Checked.Destinations(1, 1) = NotAnExit;    // map 0 has no exit back
-  Checked.Connections(2, 1) = NoConnection;  // map 1 has no connection back, and the exit of 2 none
+  Checked.Connections(2, 1) = NoConnection;  // nor map 1 a connection, nor the exit of map 2
   Checked.Tiles[30].Height = 0;
   Checked.Arrows[80].Left = -1;
   Tables = TablesOf(Checked);

@@ -106,7 +106,7 @@ def move(game):
 
 
 def crowd(game):
-    """Puts all tiles nearly in one place."""
+    """Puts all tiles in nearly the same place."""
     tables = game.read(game.exe)
     for number, record in enumerate(tables["StrMap"]):
         record.update(Left=300 + number, Top=300, Width=60, Height=50)

@@ -28,7 +28,7 @@ class Tour {
 
   int Run(const std::string& part) {
     if (part.empty() || part == "first") {
-      std::error_code ignored;  // leftovers make the sample game fail
+      std::error_code ignored;  // WriteSampleGame overwrites what remains
       fs::remove_all(Game, ignored);
       const auto made = WriteSampleGame(Game, MakeSampleGame());
       if (!made.Done()) {
@@ -55,10 +55,10 @@ class Tour {
   void Step(const char* what, const std::function<void()>& act) {
     std::printf("\n%d. %s\n", ++Steps, what);
     act();
-    ExpectScreenLikeRecords();
+    ExpectScreenToMatchRecords();
   }
 
-  void ExpectScreenLikeRecords() {
+  void ExpectScreenToMatchRecords() {
     const std::string differences = ScreenDifferences(Main);
     Expect(differences.empty(),
            differences.empty() ? "every control matches its record" : differences);

@@ -92,7 +92,7 @@
   const inPicture = (map, arrow) =>
     document.getElementById(`map-${map}`) ?? document.getElementById(`arrow-${arrow}`);
 
-  // Scrolls to the tile or arrow of a finding or warning.
+  // Moves to the badge, tile or arrow of a finding or warning.
   function jump(link) {
     const place = document.getElementById(`at-${link.dataset.mark}`) ??
       inPicture(number(link, "map"), number(link, "arrow"));
@@ -178,6 +178,7 @@
     if (event.button === 0) drag = { x: event.clientX, y: event.clientY, moved: false };
   });
   svg.addEventListener("pointermove", (event) => {
+    if (event.buttons === 0) drag = null;  // released outside the picture
     if (!drag) return;
     const right = event.clientX - drag.x;
     const down = event.clientY - drag.y;
@@ -189,7 +190,7 @@
   });
   for (const end of ["pointerup", "pointercancel"]) {
     svg.addEventListener(end, () => {
-      if (drag?.moved) addEventListener("click", (event) => event.stopPropagation(),
+      if (end === "pointerup" && drag?.moved) addEventListener("click", (event) => event.stopPropagation(),
         { capture: true, once: true });
       setTimeout(() => { drag = null; });
     });

@@ -30,9 +30,9 @@ enum class IfMissing { Fail, Create };
                                                std::span<const ReadRange> ranges);
 
 /// Replaces the ranges and no other byte, never shortens the file, and returns once the disk has
-/// the bytes. Fails with ChangedByAnother if the file differs from Known before its end. A failure
-/// restores the old bytes and length, or removes a new file, and reports the state of the file.
-/// Signals that would end the program are held back.
+/// the bytes. Fails with ChangedByAnother if the file, as far as it reaches, differs from Known. A
+/// failure restores the old bytes and length, or removes a new file, and reports the state of the
+/// file. Signals that would end the program are held back.
 [[nodiscard]] Result<> SaveInPlace(const std::string& path, std::span<const WriteRange> ranges,
                                    IfMissing ifMissing);
 

@@ -83,7 +83,8 @@ using BtdImage = std::array<std::byte, BtdSize>;
 [[nodiscard]] Result<BtdFile> ReadBtd(const std::string& path);
 
 /// Writes the first 8526 bytes in place; creates a missing file. A failure reports the state of the
-/// file. With `known`, fails with ChangedByAnother if the file differs from it before its end.
+/// file. With `known`, fails with ChangedByAnother if the file, as far as it reaches, differs
+/// from it.
 [[nodiscard]] Result<> WriteBtd(const std::string& path, std::uint8_t mapIndex,
                                 const VictoryLocations& vls, const BtdText& text,
                                 const BtdFile* known = nullptr);

@@ -1,5 +1,5 @@
-// Opens and saves files of tables: determines the kind of a file from its name and the game folder
-// that belongs to it, and detects changes by other programs.
+// Opens and saves the files that hold the tables: determines a file's kind from its name, finds the
+// game folder that belongs to it, and detects changes by other programs.
 #pragma once
 
 #include <cstddef>

@@ -19,7 +19,7 @@ constexpr std::int32_t OffMap = 254;       // in VLDest and BTD files: an exit o
 [[nodiscard]] constexpr bool IsMapSlot(int slot) { return slot >= 0 && slot < MapSlotCount; }
 
 /// One entry of StrMap or StrArrow, laid out as in the game's files. The meaning of the three words
-/// is unknown; they are kept as they are.
+/// is unknown; only clearing a slot changes them.
 struct StrRect {
   std::int32_t Word0 = 0;
   std::int32_t Word1 = 0;

@@ -44,7 +44,7 @@ inline constexpr std::size_t PatchFileSize = 11212;
 
 /// Replace the images in place and no other byte. A missing patch file is created, a missing
 /// CC4.EXE is not. A failure reports the state of the file. With `known`, fail with
-/// ChangedByAnother if the images in the file differ from it before its end.
+/// ChangedByAnother if the images, as far as the file reaches, differ from it.
 [[nodiscard]] Result<> WriteGameTables(const std::string& fileName, const GameTables& tables,
                                        const GameTables* known = nullptr);
 [[nodiscard]] Result<> WritePatchTables(const std::string& fileName, const GameTables& tables,

@@ -25,8 +25,9 @@ extern const NumericField ArrowLeft, ArrowTop, ArrowWidth, ArrowHeight;
 /// True if the text is empty or consists of digits; otherwise beeps once.
 [[nodiscard]] bool IsAllDigits(std::string_view text);
 
-/// Stores the number in `text`, 0 if it is empty. If it is not a number or too large, beeps, stores
-/// nothing and returns false. With no selected row (index -1), accepts the text but stores nothing.
+/// Stores the number that `text` gives, or 0 if `text` is empty. If it is not a number or too
+/// large, beeps, stores nothing and returns false. With no selected row (index -1), accepts the
+/// text but stores nothing.
 [[nodiscard]] bool EnterField(const NumericField& field, int index, std::string_view text);
 
 }  // namespace corvane

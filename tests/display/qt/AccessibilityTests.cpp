@@ -39,7 +39,7 @@ TEST(ScreenReader, GetsTheRoleAndModalityOfADialog) {
   });
 }
 
-// Set as by a screen reader: at the widget, bypassing the window.
+// Sets the focus as a screen reader does: on the widget, bypassing the window.
 TEST(Focus, FromOutsideMovesUnlessTheFieldRefuses) {
   TestForm form;
   PlayWhole(form, [&] {
@@ -125,7 +125,7 @@ TEST(Lines, AreNotDragged) {
   });
 }
 
-// The platform used for tests has no bell either.
+// The platform used for tests has no bell.
 TEST(Refusal, FlashesWithoutABell) {
   TestForm form;
   PlayWhole(form, [&] {

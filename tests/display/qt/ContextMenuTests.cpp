@@ -15,7 +15,7 @@ static void ChooseInMenu(QWidget& widget, int item) {
   menu->close();
 }
 
-TEST(ContextMenu, UsesTheHistoryOfTheForm) {
+TEST(ContextMenu, UsesTheHistoryOfTheBox) {
   TestForm form;
   PlayWhole(form, [&] {
     for (TextBox* box : {&form.txtName, &form.txtLines}) {

@@ -1,4 +1,4 @@
-// Shared by the tests of the look: the visible widgets, and pictures of them.
+// Shared by the tests of the Qt display: the visible widgets, and pictures of them.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -132,7 +132,7 @@ int Play(Form& form, const std::function<void()>& script) {
   while (Script) SwitchToFiber(UserFiber);  // the program may end during the script
   DeleteFiber(UserFiber);
   ConvertFiberToThread();
-  return Accessible.empty() ? status : 1;  // the next window of a handle would inherit its name
+  return Accessible.empty() ? status : 1;  // a new window with the handle would inherit the name
 }
 
 void WhenNext(const std::function<void()>& then) { AtNext = then, BeforeNext = GetActiveWindow(); }

@@ -41,7 +41,7 @@ struct CopyOptions {
   bool DryRun = false;     // writes nothing
   bool Force = false;      // replaces an existing patch or JSON file
 };
-/// Copies tables or a BTD record to another file and prints the changes to that file.
+/// Copies tables or a BTD record to another file and prints what changes in that file.
 [[nodiscard]] int Copy(const CopyOptions& options, const Console& console);
 
 }  // namespace corvane

@@ -18,8 +18,8 @@ struct DrawOptions {
 /// Writes a picture or a page, replacing an existing one.
 [[nodiscard]] int Draw(const DrawOptions& options, const Console& console);
 
-/// Draws, and redraws whenever a file in the picture changes. Calls `pause` between checks of the
-/// files and stops when it returns false. Continues after a failed drawing.
+/// Draws, and redraws whenever a file that the picture shows changes. Calls `pause` between checks
+/// of the files and stops when it returns false. Continues after a failed drawing.
 [[nodiscard]] int WatchAndDraw(const DrawOptions& options, const Console& console,
                                const std::function<bool()>& pause);
 

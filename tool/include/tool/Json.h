@@ -10,15 +10,15 @@
 
 namespace corvane {
 
-constexpr std::size_t MaxJsonSize = std::size_t{1} << 20;  // bytes; ten times the usual size
+constexpr std::size_t MaxJsonSize = std::size_t{1} << 20;  // bytes; far more than the tool writes
 
 [[nodiscard]] std::string TablesToJson(const Layer& layer);  // the four tables, no map files
 [[nodiscard]] std::string BtdToJson(const MapFile& file);
 
 struct JsonDocument {
   bool IsBtd = false;
-  Layer Tables;  // for tables
-  MapFile Btd;
+  Layer Tables;  // if IsBtd is false
+  MapFile Btd;   // if IsBtd is true
 };
 
 /// Reads either form. A failure begins with its place as a JSON pointer.

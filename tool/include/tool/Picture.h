@@ -1,6 +1,6 @@
 // The strategic layer as a picture: tiles, hotspots, arrows and the roads between the maps on the
 // game's screen of 800 x 600, with findings and warnings marked in place. The same input gives the
-// same bytes on every system.
+// same bytes on every system with the same ANSI code page.
 #pragma once
 
 #include <string>

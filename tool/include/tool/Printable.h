@@ -15,7 +15,7 @@ struct Character {
   bool Valid = false;
 };
 
-/// Removes the first character, or a byte that is not UTF-8, from `text`, which is not empty.
+/// Removes the first character, or a byte that is not UTF-8, from `text`, which must not be empty.
 [[nodiscard]] Character NextCharacter(std::string_view& text);
 
 /// True for control characters, direction marks and invisible characters.

@@ -1,5 +1,5 @@
-// Layers and BTD files as text: listings for people and for version control, and differences. They
-// show every byte of the files and never contain control characters.
+// Layers and BTD files as text: listings for people and for version control, and differences.
+// Listings show every byte of the tables and of a BTD record. Neither contains control characters.
 #pragma once
 
 #include <string>
@@ -10,7 +10,8 @@
 
 namespace corvane {
 
-/// One fact per line. Equal layers give equal listings on every system.
+/// One fact per line. Equal layers give equal listings on every system with the same ANSI code
+/// page.
 [[nodiscard]] std::string ListTables(const Layer& layer);
 [[nodiscard]] std::string ListBtd(const MapFile& file);
 

@@ -9,7 +9,8 @@ namespace corvane {
 /// The findings of the consistency check on the tables of the process.
 [[nodiscard]] Marks FindingMarks();
 
-/// What the check does not cover, by map, then by arrow, then for the Maps folder.
+/// Faults and oddities, some of which the check reports as well: by map, then by arrow, then for
+/// the Maps folder.
 [[nodiscard]] Marks WarningsOf(const Layer& layer);
 
 /// The warnings about one BTD file.

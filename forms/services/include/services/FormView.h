@@ -19,7 +19,8 @@ class ShownRows {
   using Remove = std::function<void(int from)>;  // removes all rows from this one on
   using Set = std::function<void(int row, const std::string& text)>;  // may append a row
 
-  /// Makes the rows those of a list and leaves equal rows untouched. True if any changed.
+  /// Makes the widget's rows equal to a list's and leaves equal rows untouched. True if any
+  /// changed.
   bool Mirror(const RowControl& list, const Remove& remove, const Set& set);
 
  private:
@@ -72,8 +73,9 @@ class FormView {
 /// Updates all windows. Runs at the end of every gesture and before a box, dialog or window opens.
 void ShowChanges();
 
-/// Runs the program: shows the main form and those that it opens in these views. Returns when the
-/// main form is unloaded or the program ends. `display` provides the boxes and dialogs.
+/// Runs the program: shows the main form, and the forms that it opens, in views from `make`.
+/// Returns when the main form is unloaded or the program ends. `display` provides the boxes and the
+/// dialogs.
 void RunInViews(Form& main, Display display, MakeView make);
 
 }  // namespace corvane

@@ -42,7 +42,7 @@ void Redo(TextBox& box);
 /// Clicks a button with the mouse, the space bar or its mnemonic.
 void Press(Button& button);
 
-/// A key stroke at the focused control. False: the window does not use it, and the focused widget
+/// A keystroke at the focused control. False: the window does not use it, and the focused widget
 /// should handle it.
 bool PressKey(Form& form, const KeyStroke& stroke);
 

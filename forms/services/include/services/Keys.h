@@ -1,4 +1,4 @@
-// Key strokes as a display reports them.
+// Keystrokes as a display reports them.
 #pragma once
 
 #include <algorithm>

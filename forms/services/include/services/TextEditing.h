@@ -26,7 +26,8 @@ struct TextEdit {
 [[nodiscard]] std::string WithLineBreaks(std::string_view text, std::string_view lineBreak);
 
 /// Whether a widget, now showing the box's text, must also take the box's selection: after its text
-/// was replaced (`filled`) or the program selected. Otherwise the user's selection stays.
+/// was replaced (`filled`) or the program set the selection. Otherwise the user's selection stays.
+/// Clears the mark of a selection that the program set.
 [[nodiscard]] bool TakeSelection(TextBox& box, bool filled);
 
 /// The edit that turns one shown text into another. `caret` is the position after the edit, in
