@@ -123,7 +123,7 @@ void AddCopy(CLI::App& app, Call& call) {
       "  corvane-tool copy --force --game ~/game tables.json bulge.crv");
 }
 
-// Shorter than the glance from the editor to the browser.
+// Checks the files about three times a second.
 bool PauseWatch() {
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   return true;
